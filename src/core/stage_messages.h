@@ -1,0 +1,27 @@
+#ifndef ORVEX_CORE_STAGE_MESSAGES_H
+#define ORVEX_CORE_STAGE_MESSAGES_H
+
+namespace orvex {
+
+// One stage's diagnostic: its text and the fixed line number that service documents refer to.
+struct StageMessage {
+    const char* szText;
+    int nLine;
+};
+
+// What a failing stage prints, and the status of the one stage that has none of its own.
+struct CameraMessages {
+    unsigned int nCentreSearchStatus;
+    StageMessage tCentreSearch;
+    StageMessage tCross;
+    StageMessage tFrame;
+    StageMessage tFrameBinary;
+    StageMessage tCorners;
+    StageMessage tSides;
+};
+
+const CameraMessages& MessagesOf(bool bMaster);
+
+} // namespace orvex
+
+#endif
