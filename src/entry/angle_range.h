@@ -1,0 +1,14 @@
+#ifndef ORVEX_ENTRY_ANGLE_RANGE_H
+#define ORVEX_ENTRY_ANGLE_RANGE_H
+
+namespace orvex {
+
+// Rescales an angle for the caller, degrees: magnitudes of 1.0 and more are compressed toward +-0.2.
+double RescaledAngle(double dAngle);
+
+// Whether a rescaled angle lies outside [-2.0, 2.0]. A NaN does not.
+bool IsOutOfRange(double dAngle);
+
+} // namespace orvex
+
+#endif
