@@ -1,0 +1,13 @@
+# Flags of every target that does arithmetic. Results must be the same on every CPU: no fused multiply-add but
+# the one written std::fma, no fast-math.
+add_library(orvex_arithmetic INTERFACE)
+target_compile_features(orvex_arithmetic INTERFACE cxx_std_20)
+target_compile_options(orvex_arithmetic INTERFACE
+  -ffp-contract=off -fno-fast-math
+  -Wall -Wextra -Wconversion -Wshadow $<$<BOOL:${ORVEX_WERROR}>:-Werror>)
+if(ORVEX_SANITIZE)
+  set(ORVEX_SANITIZERS -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+      -fno-omit-frame-pointer)
+  target_compile_options(orvex_arithmetic INTERFACE ${ORVEX_SANITIZERS})
+  target_link_options(orvex_arithmetic INTERFACE ${ORVEX_SANITIZERS})
+endif()
