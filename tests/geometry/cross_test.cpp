@@ -1,0 +1,190 @@
+#include "Orvex_Alignment_Stages.h"
+#include "geometry/centroid.h"
+#include "geometry/crossing.h"
+#include "geometry/dark_histograms.h"
+#include "geometry/dark_run.h"
+#include "support/plane.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace orvex;
+using support::Plane;
+
+namespace {
+
+struct Cross {
+    unsigned int nStatus;
+    unsigned short uwCoarse[2];
+    double dAngle;
+    float afCentre[2];
+    int nSpan;
+};
+
+constexpr double dUnset = -77.0;
+
+unsigned int Pass(Plane& tGrey, Plane& tBinary, Cross* pCross, bool bRefine) {
+    int aiPoints[4][2];
+    double dAux = dUnset;
+    DualCamAlign_BinaryImage(tGrey.Data(), tGrey.nColumns, tGrey.nRows, 0.6, aiPoints, tBinary.Data(), 0.45,
+                             0.45, true, pCross->uwCoarse, bRefine);
+    const unsigned int nStatus = DualCamAlign_CalculateIntersectionAndAngle(
+        tBinary.Data(), tGrey.Data(), tGrey.nColumns, tGrey.nRows, &pCross->dAngle, pCross->afCentre,
+        &pCross->nSpan, &dAux, &dAux, &dAux, 0.45, 0.45, true, pCross->uwCoarse, bRefine);
+    EXPECT_EQ(dAux, dUnset);
+    return nStatus;
+}
+
+Cross Measure(Plane& tGrey) {
+    DualCamAlign_LoadParameters_ForAndroid();
+    DualCamAlign_Initial();
+    Plane tBinary(tGrey.nColumns, tGrey.nRows, 0);
+    Cross t = {0, {9, 9}, dUnset, {0, 0}, 0};
+    EXPECT_EQ(Pass(tGrey, tBinary, &t, false), 0u);
+    t.nStatus = Pass(tGrey, tBinary, &t, true);
+    return t;
+}
+
+} // namespace
+
+TEST(Cross, UprightBarsGiveTheirMiddle) {
+    Plane t(1728, 972, 200);
+    t.Fill(860, 0, 869, 971, 0).Fill(0, 481, 1727, 490, 0);
+    const Cross tCross = Measure(t);
+    ASSERT_EQ(tCross.nStatus, 0u);
+    EXPECT_EQ(tCross.uwCoarse[0], 860) << "the lowest of equally full columns";
+    EXPECT_EQ(tCross.uwCoarse[1], 481);
+    EXPECT_EQ(tCross.afCentre[0], 864.5f);
+    EXPECT_EQ(tCross.afCentre[1], 485.5f);
+    EXPECT_EQ(tCross.dAngle, 0.0);
+    EXPECT_EQ(tCross.nSpan, 777) << "columns of the half-open window around column 860";
+    EXPECT_EQ(m_tDualCamAlignData.afCrossCenterCopy_Master[0], 864.5f);
+    EXPECT_EQ(m_tDualCamAlignData.afCrossCenterCopy_Slave[0], 0.0f);
+}
+
+TEST(Cross, RightEndLowerIsANegativeAngleAndEndsShortenTheSpan) {
+    Plane t(1728, 972, 200);
+    t.Fill(860, 280, 869, 690, 0);
+    for (int x = 564; x <= 1164; ++x) // slope 0.01
+        t.Fill(x, 478 + (x - 564) / 100, x, 487 + (x - 564) / 100, 0);
+    const Cross tCross = Measure(t);
+    ASSERT_EQ(tCross.nStatus, 0u);
+    EXPECT_NEAR(tCross.dAngle, -std::atan(0.01) * 180 / 3.14159265359, 0.05);
+    EXPECT_EQ(tCross.nSpan, 601);
+    EXPECT_NEAR(tCross.afCentre[0], 864.5, 1e-4);
+}
+
+TEST(Cross, BlankPlaneHasItsCentreAtTheOriginAndFails) {
+    Plane t(1728, 972, 200);
+    const Cross tCross = Measure(t);
+    EXPECT_EQ(tCross.nStatus, 0x1010006u);
+    EXPECT_EQ(tCross.uwCoarse[0], 0);
+    EXPECT_EQ(tCross.uwCoarse[1], 0);
+    EXPECT_EQ(tCross.dAngle, dUnset);
+}
+
+TEST(Cross, CoarseRowLiesInTheDenseRun) {
+    Plane tBinary(600, 700, 255), tGrey(600, 700, 200);
+    tBinary.Fill(300, 250, 303, 420, 0).Fill(200, 300, 400, 301, 0); // a run of rows with a bar in it
+    tBinary.Fill(180, 440, 420, 440, 0);                             // fuller, but behind the run
+    unsigned short uwCenter[2] = {9, 9};
+    const auto Coarse = [&] {
+        return DualCamAlign_CalculateIntersectionAndAngle(tBinary.Data(), tGrey.Data(), 600, 700, nullptr,
+                                                          nullptr, nullptr, nullptr, nullptr, nullptr, 0.45,
+                                                          0.45, true, uwCenter, false);
+    };
+    ASSERT_EQ(Coarse(), 0u);
+    EXPECT_EQ(uwCenter[0], 300);
+    EXPECT_EQ(uwCenter[1], 300);
+    // No run of rows leaves only row 0; a run that has an end but no start leaves the centre as it was.
+    tBinary.Fill(0, 0, 599, 699, 255).Fill(300, 300, 303, 340, 0);
+    Coarse();
+    EXPECT_EQ(uwCenter[1], 0);
+    // Higher than wide: the indices of rows from the width on stay 0 and never are the centre.
+    tBinary = Plane(300, 2000, 255);
+    tBinary.Fill(100, 700, 103, 1200, 0).Fill(90, 900, 120, 905, 0);
+    tGrey = Plane(300, 2000, 200);
+    uwCenter[1] = 9;
+    DualCamAlign_CalculateIntersectionAndAngle(tBinary.Data(), tGrey.Data(), 300, 2000, nullptr, nullptr,
+                                               nullptr, nullptr, nullptr, nullptr, 0.45, 0.45, true, uwCenter,
+                                               false);
+    EXPECT_EQ(uwCenter[1], 9);
+}
+
+TEST(DenseRun, NeedsNinetyOfAHundredNeighbours) {
+    std::vector<double> ad(300, 0.0);
+    std::fill(ad.begin() + 150, ad.end(), 1.0);
+    EXPECT_EQ(FirstOfDenseRun(ad), 150);
+    EXPECT_EQ(LastOfDenseRun(ad), 299);
+    std::fill(ad.begin() + 160, ad.begin() + 170, 0.0); // ten gaps: 90 of the 100 behind entry 150 remain
+    EXPECT_EQ(FirstOfDenseRun(ad), 150);
+    ad[170] = 0.0;
+    EXPECT_NE(FirstOfDenseRun(ad), 150);
+    std::fill(ad.begin(), ad.begin() + 211, 0.0); // 89 entries up to the end, beyond which nothing counts
+    EXPECT_FALSE(FirstOfDenseRun(ad));
+    EXPECT_FALSE(LastOfDenseRun(ad));
+}
+
+TEST(Centroid, ConvergesOnTheBarsAndRunsOnAsNan) {
+    // Bars 10 wide that cross the whole default window; the first range is centred on the coarse centre.
+    std::vector<double> adColumns(1728, 0.0), adRows(972, 0.0);
+    std::fill(adColumns.begin() + 472, adColumns.begin() + 1248, 10.0);
+    std::fill(adColumns.begin() + 860, adColumns.begin() + 870, 437.0);
+    std::fill(adRows.begin() + 263, adRows.begin() + 699, 10.0);
+    std::fill(adRows.begin() + 481, adRows.begin() + 491, 777.0);
+    const Centre t = RefineByCentroids(adColumns, adRows, {466, 305}, {860, 481});
+    EXPECT_NEAR(t.dX, 864.10, 0.005);
+    EXPECT_NEAR(t.dY, 485.38, 0.005);
+    const Centre tEmpty = RefineByCentroids(adColumns, std::vector<double>(972, 0.0), {466, 305}, {860, 481});
+    EXPECT_TRUE(std::isnan(tEmpty.dY));
+    EXPECT_TRUE(FindBarBand(adRows, tEmpty.dY, 305).IsEmpty());
+    const Range tBand = FindBarBand(adRows, t.dY, 305);
+    EXPECT_EQ(tBand.nFirst, 481);
+    EXPECT_EQ(tBand.nLast, 490);
+}
+
+TEST(BubbleSort, IsDescendingStableAndLeavesNan) {
+    double adValues[] = {1, 3, 2, 3, 0, 2};
+    unsigned short auwIndex[] = {0, 1, 2, 3, 4, 5};
+    bubblesort(adValues, auwIndex, 6);
+    const unsigned short auwExpected[] = {1, 3, 2, 5, 0, 4};
+    EXPECT_TRUE(std::equal(std::begin(auwExpected), std::end(auwExpected), auwIndex));
+    double adNan[] = {1, std::nan(""), 2};
+    unsigned short auwNan[] = {0, 1, 2};
+    bubblesort(adNan, auwNan, 3);
+    EXPECT_EQ(auwNan[0], 0);
+    EXPECT_EQ(auwNan[2], 2);
+}
+
+TEST(DarkRun, InterpolatesAtTheFullThresholdBeyondTheRange) {
+    const auto Centre = [](std::vector<unsigned char> a, Range tRange, double dThreshold) {
+        return DarkRunCentre({{a.data(), 1}, static_cast<int>(a.size())}, tRange, dThreshold);
+    };
+    // Leading edge 2 - 0.5, trailing edge 4 + 0.25.
+    EXPECT_EQ(Centre({200, 150, 50, 50, 50, 250, 250}, {0, 6}, 100.0), (1.5 + 4.25) * 0.5);
+    EXPECT_EQ(Centre({200, 150, 50, 50, 50, 250, 250}, {2, 4}, 100.0), (1.5 + 4.25) * 0.5);
+    EXPECT_NEAR(*Centre({150, 101, 100, 150}, {0, 3}, 100.9), ((2 - 0.9) + (2 + 0.9 / 50)) * 0.5, 1e-12)
+        << "dark up to the truncated threshold, edges at the full one";
+    // At the picture's border and beside an equal pixel the edge stays at the whole pixel.
+    EXPECT_EQ(Centre({50, 50, 150}, {0, 2}, 100.0), (0 + 1.5) * 0.5);
+    EXPECT_EQ(Centre({50, 50, 50, 150}, {1, 3}, 100.0), (1 + 2.5) * 0.5);
+    EXPECT_FALSE(Centre({200, 150}, {0, 1}, 100.0));
+    EXPECT_FALSE(Centre({50, 50}, {1, 0}, 100.0));
+}
+
+TEST(Crossing, UprightBranchIsTheLimitOfTheGeneralOne) {
+    const BarLine tHorizontal = {{500.0, 480.0}, {1200.0, 487.0}};
+    const auto At = [&](double dLean) {
+        return CrossBars(tHorizontal, {{300.0, 864.5}, {660.0, 864.5 + dLean}});
+    };
+    const orvex::Centre tUpright = At(0.0);
+    EXPECT_DOUBLE_EQ(tUpright.dX, 864.5);
+    EXPECT_NEAR(tUpright.dY, 483.645, 1e-9);
+    // Columns closer than a millionth of a pixel are rounding noise; the formula would lose the centre to it.
+    EXPECT_EQ(At(1e-13).dY, tUpright.dY);
+    EXPECT_NEAR(At(1e-5).dX, 864.5, 1e-4);
+    EXPECT_NEAR(At(1e-5).dY, tUpright.dY, 1e-4);
+    EXPECT_NEAR(At(-2.0).dX, 864.5 - 2.0 * (483.63 - 300) / 360, 1e-3);
+    EXPECT_EQ(BarAngle(tHorizontal),
+              static_cast<float>(std::atan(static_cast<double>(0.01f)) * 180.0 / 3.14159265359));
+}

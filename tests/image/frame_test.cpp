@@ -1,0 +1,150 @@
+#include "Orvex_Alignment_Stages.h"
+#include "image/region_threshold.h"
+#include "support/plane.h"
+
+#include <gtest/gtest.h>
+
+using support::Plane;
+
+namespace {
+
+struct Frame {
+    int nStatus;
+    _POINTPOSITION tOuterLT, tOuterRD, tInnerLT, tInnerRD;
+};
+
+Frame Locate(Plane& t, int cx, int cy, int nMaster = 1) {
+    Frame tFrame = {0, {-9, -9}, {-9, -9}, {-9, -9}, {-9, -9}};
+    tFrame.nStatus =
+        DualCamAlign_CalImageFrame(t.Data(), t.Columns(), t.Rows(), cx, cy, &tFrame.tOuterLT,
+                                   &tFrame.tOuterRD, &tFrame.tInnerLT, &tFrame.tInnerRD, nMaster);
+    return tFrame;
+}
+
+void ExpectPoint(_POINTPOSITION t, int x, int y) {
+    EXPECT_EQ(t.x, x);
+    EXPECT_EQ(t.y, y);
+}
+
+class FrameStages : public testing::Test {
+protected:
+    void SetUp() override {
+        DualCamAlign_LoadParameters_ForAndroid();
+        DualCamAlign_Initial();
+    }
+};
+
+using FrameLocation = FrameStages;
+using FrameBinarisation = FrameStages;
+
+double Threshold(Plane& t, int x2, int y2) {
+    double d = -1.0;
+    orvex::CalcRegionThreshold(t.Data(), t.nColumns, 0, 0, x2, y2, 0.025, 0.5, 0.15, &d);
+    return d;
+}
+
+} // namespace
+
+TEST_F(FrameLocation, EnclosesBothFindsOfEachSide) {
+    Plane t = support::UprightChart();
+    t.Fill(281, 500, 290, 816, support::ubInk); // the left side lies 10 px farther in below the centre
+    const Frame tFrame = Locate(t, 864, 486);
+    ASSERT_EQ(tFrame.nStatus, 0);
+    ExpectPoint(tFrame.tOuterLT, 279 - 40, 167 - 40);
+    ExpectPoint(tFrame.tOuterRD, 1449 + 40, 805 + 40);
+    ExpectPoint(tFrame.tInnerLT, 290 + 40, 167 + 40);
+    ExpectPoint(tFrame.tInnerRD, 1449 - 40, 805 - 40);
+}
+
+TEST_F(FrameLocation, ChoosesTheParametersByCamera) {
+    Plane t = support::UprightChart();
+    m_tDualCamAlignParam.nFrameMargin_Slave = 10;
+    m_tDualCamAlignParam.nFrameOffsetX_Slave = 4000; // clamped to the border, outside the frame
+    EXPECT_EQ(Locate(t, 864, 486, 1).tOuterLT.x, 239);
+    EXPECT_NE(Locate(t, 864, 486, 0).nStatus, 0);
+    const Frame tMixed = Locate(t, 864, 486, 2);
+    ASSERT_EQ(tMixed.nStatus, 0) << "the master's offsets";
+    EXPECT_EQ(tMixed.tOuterLT.x, 269) << "with the slave's margin";
+}
+
+TEST_F(FrameLocation, ClampsStartsAndRectangles) {
+    Plane t(1000, 500, 200);
+    t.Fill(0, 0, 999, 20, 40).Fill(0, 0, 0, 499, 40).Fill(999, 0, 999, 499, 40).Fill(0, 480, 999, 499, 40);
+    // The starts left and right are clamped to columns 2 and 997, whose segments reach the borders.
+    const Frame tFrame = Locate(t, 440, 250);
+    EXPECT_EQ(tFrame.nStatus, 0x101001A) << "column 0 is the target and never looked at";
+    t.Fill(1, 0, 1, 499, 40);
+    const Frame tFound = Locate(t, 440, 250); // the last column counts, unconfirmed
+    ASSERT_EQ(tFound.nStatus, 0);
+    ExpectPoint(tFound.tOuterLT, 0, 0);
+    ExpectPoint(tFound.tOuterRD, 999, 499);
+    ExpectPoint(tFound.tInnerLT, 41, 60);
+    ExpectPoint(tFound.tInnerRD, 959, 440);
+}
+
+TEST_F(FrameLocation, NamesTheQuadrantAndLeavesThePoints) {
+    const struct {
+        int x1, y1, x2, y2, nStatus;
+    } at[] = {{0, 0, 863, 485, 0x101001A},
+              {0, 486, 863, 971, 0x101001B},
+              {864, 0, 1727, 485, 0x101001C},
+              {864, 486, 1727, 971, 0x101001D}};
+    for (const auto& c : at) {
+        Plane t = support::UprightChart();
+        t.Fill(c.x1, c.y1, c.x2, c.y2, support::ubPaper);
+        const Frame tFrame = Locate(t, 864, 486);
+        EXPECT_EQ(tFrame.nStatus, c.nStatus);
+        ExpectPoint(tFrame.tOuterLT, -9, -9);
+    }
+    Plane t = support::UprightChart();
+    for (const int n :
+         {INT32_MIN, -500, 5000, INT32_MAX}) // a scan that would leave the picture finds nothing
+        EXPECT_NE(Locate(t, n, n).nStatus, 0) << n;
+}
+
+TEST(RegionThreshold, BlendsOrCapsBetweenTheLevels) {
+    Plane tHalf(10, 10, 200), tMore(10, 10, 200), tPale(10, 10, 200);
+    tHalf.Fill(0, 0, 9, 4, 30);
+    tMore.Fill(0, 0, 9, 3, 30);
+    tPale.Fill(0, 0, 9, 3, 120);
+    EXPECT_DOUBLE_EQ(Threshold(tHalf, 9, 9), 13.5) << "exactly half is not beyond half";
+    EXPECT_DOUBLE_EQ(Threshold(tMore, 9, 9), 55.5);
+    EXPECT_DOUBLE_EQ(Threshold(tPale, 9, 9), 90.0);
+    EXPECT_EQ(Threshold(tMore, -1, 9), -1.0) << "empty";
+    EXPECT_FALSE(orvex::CalcRegionThreshold(tMore.Data(), 10, 0, 0, 9, 9, 0.5, 0.7, 0.15, nullptr))
+        << "dark level above bright level";
+    EXPECT_FALSE(orvex::CalcRegionThreshold(tMore.Data(), 10, 0, 0, 9, 9, 1.0, 0.5, 0.15, nullptr))
+        << "a fraction that is never exceeded";
+}
+
+TEST_F(FrameBinarisation, BlackensPieceByPieceUntilOneFails) {
+    Plane tGrey(100, 80, 200), tWhite(100, 80, 255);
+    tGrey.Fill(10, 10, 89, 19, 55).Fill(10, 20, 89, 29, 56); // half dark, half one level above the threshold
+    const auto Run = [&](Plane& tBinary, int cx, int cy, int nMaster) {
+        return DualCamAlign_BinaryImageFrame(tGrey.Data(), tBinary.Data(), 100, 80, cx, cy, {10, 10},
+                                             {89, 69}, {20, 39}, {79, 59}, nMaster);
+    };
+    // Rows 10 to 39: 20 dark ones of 30, so the bright level is 56, the dark one 55 and the cap 25.2.
+    Plane tBinary = tWhite;
+    EXPECT_EQ(Run(tBinary, 50, 40, 1), 0x101001E) << "no row between the inner top and the centre";
+    EXPECT_DOUBLE_EQ(m_tDualCamAlignData.adFrameThreshold_Master[ORVEX_LT][0], 0.45 * 56);
+    EXPECT_EQ(m_tDualCamAlignData.adFrameThreshold_Master[ORVEX_LT][1], 0.0);
+    EXPECT_EQ(tBinary.aPixels, tWhite.aPixels);
+
+    tGrey.Fill(10, 20, 89, 39, 255).Fill(10, 10, 89, 12, 30);
+    EXPECT_EQ(Run(tBinary, 50, 50, 2), 0) << "any other camera is the slave";
+    const double dThreshold = m_tDualCamAlignData.adFrameThreshold_Slave[ORVEX_RT][0];
+    EXPECT_DOUBLE_EQ(dThreshold, 30 + (255 - 30) * 0.15);
+    EXPECT_EQ(tBinary.At(10, 12), 0);
+    EXPECT_EQ(tBinary.At(10, 13), 0) << "55 lies below 63.75";
+    EXPECT_EQ(tBinary.At(9, 12), 255);
+    EXPECT_EQ(tBinary.At(10, 20), 255);
+
+    for (const auto& [cx, cy] : {std::pair{10, 50}, {101, 50}, {50, 500}, {INT32_MIN, INT32_MAX}}) {
+        Plane tUntouched = tWhite;
+        EXPECT_EQ(Run(tUntouched, cx, cy, 1), 0x101001E) << cx << ", " << cy;
+        if (cx == 10) {
+            EXPECT_EQ(tUntouched.aPixels, tWhite.aPixels) << "the first piece is empty";
+        }
+    }
+}

@@ -1,0 +1,93 @@
+#include "Orvex_Alignment_Stages.h"
+#include "support/get_align.h"
+#include "support/random.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace support;
+
+namespace {
+
+// Largest and root mean square deviation from the truth.
+struct Deviation {
+    double dLargest = 0.0;
+    double dSquares = 0.0;
+    int nCount = 0;
+
+    void Add(double d) {
+        dLargest = std::max(dLargest, std::fabs(d));
+        dSquares += d * d;
+        ++nCount;
+    }
+    double Rms() const { return std::sqrt(dSquares / nCount); }
+};
+
+double Distance(const float* pf, const chart::Point& t) {
+    return std::hypot(pf[0] - t.dX, pf[1] - t.dY);
+}
+
+void AddCorners(const float (&af)[ORVEX_CORNERS][2], const chart::Truth& t, Deviation* pt) {
+    for (int i = 0; i < ORVEX_CORNERS; ++i)
+        pt->Add(Distance(af[i], t.aCorners[static_cast<std::size_t>(i)]));
+}
+
+void Print(const char* szWhat, const Deviation& t) {
+    std::printf("%-8s largest %.4f, RMS %.4f\n", szWhat, t.dLargest, t.Rms());
+}
+
+} // namespace
+
+TEST(Accuracy, TwoHundredNoisyPairsComeOutAtTheirTruth) {
+    constexpr int nPairs = 200;
+    Random tRandom(20);
+    const auto Angle = [&] { return tRandom.Real(-1.5, 1.5); };
+    Deviation tRx, tRy, tRz, tCorners, tCentres;
+    for (int i = 0; i < nPairs; ++i) {
+        const chart::Pose tMaster = {Angle() / 3, Angle() / 3, Angle() / 3};
+        const chart::Pose tRelative = {Angle(), Angle(), Angle()};
+        const chart::Pair t = NoisyPair(tMaster, tRelative, static_cast<std::uint64_t>(i));
+        ASSERT_EQ(Align(t.tMaster, t.tSlave).nStatus, 0u) << "pair " << i;
+        const DualCamAlignData& tData = m_tDualCamAlignData;
+        tRx.Add(tData.dRx - tRelative.dRx);
+        tRy.Add(tData.dRy - tRelative.dRy);
+        tRz.Add(tData.dRz - tRelative.dRz);
+        AddCorners(tData.afCornerPoint_Master, t.tMaster.tTruth, &tCorners);
+        AddCorners(tData.afCornerPoint_Slave, t.tSlave.tTruth, &tCorners);
+        tCentres.Add(Distance(tData.afCrossCenter_Master, t.tMaster.tTruth.tCentre));
+        tCentres.Add(Distance(tData.afCrossCenter_Slave, t.tSlave.tTruth.tCentre));
+    }
+    Print("dRx/deg", tRx);
+    Print("dRy/deg", tRy);
+    Print("dRz/deg", tRz);
+    Print("corner/px", tCorners);
+    Print("centre/px", tCentres);
+    EXPECT_LT(tRx.dLargest, 0.05);
+    EXPECT_LT(tRy.dLargest, 0.05);
+    EXPECT_LT(tRz.dLargest, 0.05);
+    EXPECT_LT(tCorners.Rms(), 0.1);
+    EXPECT_LT(tCentres.dLargest, 0.1);
+}
+
+TEST(Accuracy, UprightChartWithoutNoiseMeasuresNoAngle) {
+    chart::PairSetup t;
+    t.tMasterCapture.dBlurSigma = t.tSlaveCapture.dBlurSigma = 0.8;
+    const chart::Pair tPair = chart::RenderPair(t);
+    const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
+    ASSERT_EQ(tResult.nStatus, 0u);
+    for (const double d : {tResult.dRx, tResult.dRy, tResult.dRz})
+        EXPECT_NEAR(d, 0.0, 0.005);
+    EXPECT_EQ(Align(UprightChart(), UprightChart()).dRx, 0.0) << "exactly vertical sides";
+}
+
+TEST(Accuracy, SlaveLargerThanMasterIsMeasured) {
+    chart::PairSetup t;
+    t.tSlave = {2000, 1200, 1900.0, 999.5, 599.5};
+    t.tRelativePose = {0.5, -0.6, 0.7};
+    const chart::Pair tPair = chart::RenderPair(t);
+    const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
+    ASSERT_EQ(tResult.nStatus, 0u);
+    EXPECT_NEAR(tResult.dRx, 0.5, 0.05);
+    EXPECT_NEAR(tResult.dRy, -0.6, 0.05);
+    EXPECT_NEAR(tResult.dRz, 0.7, 0.05);
+}

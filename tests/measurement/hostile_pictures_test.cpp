@@ -1,0 +1,147 @@
+#include "Orvex_Alignment_Stages.h"
+#include "support/get_align.h"
+#include "support/random.h"
+
+#include <gtest/gtest.h>
+
+// What these pictures give is of no interest; that nothing is read or written out of bounds is: this file
+// earns its keep under the sanitizers (`make test-asan`).
+
+using namespace support;
+
+namespace {
+
+Picture Noise(Random& t, int nColumns, int nRows) {
+    Plane tPlane(nColumns, nRows, 0);
+    for (unsigned char& ub : tPlane.aPixels)
+        ub = static_cast<unsigned char>(t.Int(0, 255));
+    return tPlane;
+}
+
+Picture Rectangles(Random& t, int nColumns, int nRows) {
+    Plane tPlane(nColumns, nRows, static_cast<unsigned char>(t.Int(100, 255)));
+    for (int i = t.Int(1, 30); i > 0; --i) {
+        const int x = t.Int(-100, nColumns), y = t.Int(-100, nRows);
+        tPlane.Fill(x, y, x + t.Int(0, nColumns), y + t.Int(0, i % 2 ? 20 : nRows),
+                    static_cast<unsigned char>(t.Int(0, 255)));
+    }
+    return tPlane;
+}
+
+// A chart that may be cropped, hang over the border or lie in a far too small picture.
+Picture Chart(Random& t, int nColumns, int nRows) {
+    chart::PairSetup tSetup;
+    tSetup.tMaster = t.Int(0, 1) ? chart::ScaledTo(chart::DefaultMaster(), nColumns, nRows)
+                                 : chart::Camera{nColumns, nRows, t.Real(300, 3000),
+                                                 t.Real(-100, nColumns + 100.0), t.Real(-100, nRows + 100.0)};
+    const chart::Pose tPose = {t.Real(-6, 6), t.Real(-6, 6), t.Real(-20, 20)};
+    chart::Capture tCapture;
+    tCapture.dNoiseSigma = t.Real(0, 10);
+    tCapture.dGain = t.Real(0.2, 1.4);
+    tCapture.nSeed = static_cast<std::uint64_t>(t.Int(0, 1 << 30));
+    return chart::Shot{nColumns, nRows, chart::Render(tSetup.tChart, tSetup.tMaster, tPose, tCapture), {}};
+}
+
+Picture Any(Random& t) {
+    const int nColumns = t.Int(1, 2000), nRows = t.Int(1, 1500);
+    switch (t.Int(0, 3)) {
+    case 0:
+        return Noise(t, nColumns, nRows);
+    case 1:
+        return Rectangles(t, nColumns, nRows);
+    default:
+        return Chart(t, nColumns, nRows);
+    }
+}
+
+bool IsDocumented(unsigned int n) {
+    return n == 0 || (n >= 0x1010004 && n <= 0x1010016) || (n >= 0x101001A && n <= 0x1010022) ||
+           n == 0x1020015;
+}
+
+} // namespace
+
+TEST(HostilePictures, EverySizeUpTo64) {
+    Random t(1);
+    testing::internal::CaptureStdout();
+    for (int nRows = 1; nRows <= 64; ++nRows)
+        for (int nColumns = 1; nColumns <= 64; ++nColumns) {
+            const Picture tPicture =
+                (nRows + nColumns) % 2 ? Noise(t, nColumns, nRows) : Rectangles(t, nColumns, nRows);
+            EXPECT_TRUE(IsDocumented(Align(tPicture, tPicture).nStatus)) << nColumns << " x " << nRows;
+        }
+    testing::internal::GetCapturedStdout();
+}
+
+TEST(HostilePictures, ThreeHundredRandomPairs) {
+    Random t(2);
+    testing::internal::CaptureStdout();
+    for (int i = 0; i < 300; ++i) {
+        const Picture tMaster = i % 3 ? Picture(UprightChart()) : Any(t);
+        const unsigned int nStatus = Align(tMaster, Any(t)).nStatus;
+        EXPECT_TRUE(IsDocumented(nStatus)) << std::hex << nStatus << " for pair " << std::dec << i;
+    }
+    testing::internal::GetCapturedStdout();
+}
+
+TEST(HostilePictures, StagesSurviveHostileCentresRectanglesAndRatios) {
+    Random t(3);
+    constexpr int anHostile[] = {INT32_MIN, -70000, -1, 0, 1, 63, 64, 400, 65535, INT32_MAX};
+    const auto Coordinate = [&] { return t.Int(0, 2) ? t.Int(-20, 420) : anHostile[t.Int(0, 9)]; };
+    const auto Point = [&] { return _POINTPOSITION{Coordinate(), Coordinate()}; };
+    const auto Ratio = [&] {
+        constexpr double ad[] = {-1.0, 0.0, 0.45, 1.0, 3.0, 1e300, -1e300, __builtin_nan("")};
+        return ad[t.Int(0, 7)];
+    };
+    DualCamAlign_LoadParameters_ForAndroid();
+    for (int i = 0; i < 2000; ++i) {
+        Picture tGrey = Rectangles(t, t.Int(1, 400), t.Int(1, 300)), tBinary = tGrey;
+        for (unsigned char& ub : tBinary.aPixels)
+            ub = ub < 128 ? 0 : 255;
+        const auto w = static_cast<unsigned int>(tGrey.nColumns), h = static_cast<unsigned int>(tGrey.nRows);
+        unsigned char *const pGrey = tGrey.aPixels.data(), *const pBinary = tBinary.aPixels.data();
+        _POINTPOSITION p[4] = {Point(), Point(), Point(), Point()};
+        const int cx = Coordinate(), cy = Coordinate();
+        for (auto& ad : m_tDualCamAlignData.adFrameThreshold_Master)
+            ad[0] = ad[1] = i % 7 == 0 ? Ratio() : 100.0;
+        for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
+                                         DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt})
+            EXPECT_TRUE(
+                IsDocumented(MeasureCorner(pBinary, pGrey, w, h, cx, cy, p[0], p[1], p[2], p[3], i % 3)));
+        DualCamAlign_BinaryImageFrame(pGrey, pBinary, w, h, cx, cy, p[0], p[1], p[2], p[3], i % 3);
+        DualCamAlign_CalImageFrame(pGrey, w, h, cx, cy, &p[0], &p[1], &p[2], &p[3], i % 3);
+        unsigned short uwCenter[2] = {static_cast<unsigned short>(cx), static_cast<unsigned short>(cy)};
+        const double dX = Ratio(), dY = Ratio(), dRatio = Ratio();
+        double dAngle;
+        float afCentre[2];
+        int nSpan;
+        for (const bool bRefine : {false, true}) {
+            DualCamAlign_BinaryImage(pGrey, tGrey.nColumns, tGrey.nRows, dRatio, nullptr, pBinary, dX, dY,
+                                     i % 2 == 0, uwCenter, bRefine);
+            EXPECT_TRUE(IsDocumented(DualCamAlign_CalculateIntersectionAndAngle(
+                pBinary, pGrey, tGrey.nColumns, tGrey.nRows, &dAngle, afCentre, &nSpan, nullptr, nullptr,
+                nullptr, dX, dY, i % 2 == 0, uwCenter, bRefine)));
+        }
+    }
+}
+
+TEST(HostilePictures, StagesRefuseNullAndUnusableSizes) {
+    unsigned char ub = 0;
+    unsigned short uwCenter[2] = {0, 0};
+    _POINTPOSITION p = {0, 0};
+    EXPECT_EQ(DualCamAlign_BinaryImage(nullptr, 1, 1, 0.6, nullptr, &ub, 0.45, 0.45, true, uwCenter, false),
+              0);
+    EXPECT_EQ(DualCamAlign_BinaryImage(&ub, 0, 1, 0.6, nullptr, &ub, 0.45, 0.45, true, uwCenter, false), 0);
+    EXPECT_EQ(DualCamAlign_BinaryImage(&ub, 1, 1, 0.6, nullptr, &ub, 0.45, 0.45, true, nullptr, true), 0);
+    EXPECT_EQ(DualCamAlign_CalculateIntersectionAndAngle(&ub, &ub, 1, 1, nullptr, nullptr, nullptr, nullptr,
+                                                         nullptr, nullptr, 0.45, 0.45, true, uwCenter, true),
+              0x1010006u);
+    EXPECT_EQ(DualCamAlign_CalImageFrame(&ub, 1, 1, 0, 0, &p, &p, &p, nullptr, 1), 0x101001A);
+    EXPECT_EQ(DualCamAlign_CalImageFrame(&ub, 0xFFFFFFFFu, 1, 0, 0, &p, &p, &p, &p, 1), 0x101001A);
+    EXPECT_EQ(DualCamAlign_BinaryImageFrame(&ub, nullptr, 1, 1, 0, 0, p, p, p, p, 1), 0x101001E);
+    EXPECT_EQ(DualCamAlign_NewMeasureRDPnt(nullptr, &ub, 1, 1, 0, 0, p, p, p, p, 1), 0x1010022u);
+    m_pCMainView.nWidth_Master = 0;
+    EXPECT_EQ(DualCamAlign_Calculation(&ub, &ub), 0x1010004u);
+    DualCamAlign_CoordinateTransfer(nullptr, nullptr, 3);
+    DualCamAlign_NewMeasureSquareLength(nullptr, true);
+}

@@ -1,0 +1,91 @@
+#include "Orvex_Alignment_Stages.h"
+#include "support/failing_charts.h"
+#include "support/get_align.h"
+
+#include <cstring>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+using namespace support;
+
+namespace {
+
+// All that a run leaves behind, as bytes.
+struct Trace {
+    unsigned int nStatus;
+    std::array<unsigned char, sizeof(DualCamAlignData)> aData;
+    std::array<unsigned char, sizeof(_AFPROTECT)> aRecord;
+
+    bool operator==(const Trace&) const = default;
+};
+
+Trace Measure(const Picture& tMaster, const Picture& tSlave) {
+    std::vector<unsigned char> aMaster = tMaster.aPixels, aSlave = tSlave.aPixels,
+                               aCalibration = Calibration();
+    double dRx, dRy, dRz;
+    _AFPROTECT tRecord = {};
+    Trace t;
+    t.nStatus = Orvex_Alignment_ForAndroid(aMaster.data(), aSlave.data(), tMaster.nColumns, tMaster.nRows,
+                                           tSlave.nColumns, tSlave.nRows, &dRx, &dRy, &dRz,
+                                           aCalibration.data(), &tRecord);
+    std::memcpy(t.aData.data(), &m_tDualCamAlignData, sizeof m_tDualCamAlignData);
+    std::memcpy(t.aRecord.data(), &tRecord, sizeof tRecord);
+    return t;
+}
+
+long ResidentPages() {
+    long nSize = 0, nResident = 0;
+    std::ifstream("/proc/self/statm") >> nSize >> nResident;
+    return nResident;
+}
+
+} // namespace
+
+TEST(State, AfterAnotherPairTheSamePairGivesTheSameBits) {
+    const chart::Pair tA = NoisyPair({0.2, -0.1, 0.3}, {0.7, -0.8, 1.2}, 1),
+                      tB = NoisyPair({}, {-1, 1, -0.4}, 2);
+    const Trace tFirst = Measure(tA.tMaster, tA.tSlave);
+    ASSERT_EQ(tFirst.nStatus, 0u);
+    EXPECT_FALSE(Measure(tB.tMaster, tB.tSlave) == tFirst);
+    EXPECT_TRUE(Measure(tA.tMaster, tA.tSlave) == tFirst);
+    for (const Plane& tFailing : {Paper(), CentreAtFramesTop(), WithoutRightDown()}) {
+        Measure(tA.tMaster, tFailing);
+        Measure(tFailing, tA.tSlave);
+        EXPECT_TRUE(Measure(tA.tMaster, tA.tSlave) == tFirst);
+    }
+}
+
+TEST(State, FailedMeasurementLeavesAnglesAndRecordAlone) {
+    std::vector<unsigned char> aPaper = Paper().aPixels, aCalibration = Calibration();
+    double dRx = 5, dRy = 5, dRz = 5;
+    _AFPROTECT tRecord;
+    std::memset(&tRecord, 0x77, sizeof tRecord);
+    ASSERT_NE(Orvex_Alignment_ForAndroid(aPaper.data(), aPaper.data(), 1728, 972, 1728, 972, &dRx, &dRy, &dRz,
+                                         aCalibration.data(), &tRecord),
+              0u);
+    EXPECT_EQ(dRx, 5);
+    EXPECT_EQ(tRecord.ubVersionMajor, 0x77);
+}
+
+TEST(State, WorkingBufferCanBeReadAfterTheRun) {
+    const Picture tChart = UprightChart();
+    Measure(tChart, tChart);
+    ASSERT_NE(m_pCMainView.pGreenBuffer, nullptr);
+    EXPECT_EQ(std::memcmp(m_pCMainView.pGreenBuffer, tChart.aPixels.data(), tChart.aPixels.size()), 0);
+    EXPECT_EQ(m_pCMainView.pGreenBuffer[tChart.aPixels.size() + 486 * 1728 + 864], 0) << "binary plane";
+}
+
+TEST(State, AThousandCallsDoNotGrowTheMemory) {
+    const Picture tChart = UprightChart(), tPaper = Paper();
+    const auto Round = [&](int nCalls) {
+        for (int i = 0; i < nCalls; ++i)
+            Align(tChart, i % 10 == 9 ? tPaper : tChart);
+        malloc_trim(0);
+        return ResidentPages();
+    };
+    const long nBefore = Round(20);
+    const long nAfter = Round(1000);
+    std::printf("resident pages before %ld, after 1000 calls %ld\n", nBefore, nAfter);
+    EXPECT_LT(nAfter - nBefore, 256) << "a megabyte; one picture of a leak per call would be 400,000 pages";
+}

@@ -1,0 +1,131 @@
+#include "Orvex_Alignment_Stages.h"
+#include "support/failing_charts.h"
+#include "support/get_align.h"
+
+#include <gtest/gtest.h>
+
+using namespace support;
+
+namespace {
+
+enum Stage { Cross, Frame, FrameBinary, Corners };
+
+// To the letter, as service documents quote them.
+std::string MessageOf(Stage eStage, bool bMaster, unsigned int nStatus) {
+    const char* const aszText[][2] = {
+        {"Calculation of intersection and slope fail for Slave.  err=",
+         "Calculation of intersection and slope fail for Master.  err="},
+        {"Calculation of Slave Frame fail.  err=", "Calculation of Master Frame fail.  err="},
+        {"Calculation of binary frame fail for Slave.  err=",
+         "Calculation of binary frame fail for Master.  err="},
+        {"Calculation of corner point fail for Slave.  err=",
+         "Calculation of corner point fail for Master.  err="}};
+    constexpr int anLine[][2] = {{478, 349}, {494, 365}, {508, 382}, {532, 407}};
+    return "Alignment Processing.....\n" + std::string(aszText[eStage][bMaster]) + std::to_string(nStatus) +
+           "!! Line=" + std::to_string(anLine[eStage][bMaster]) + ".";
+}
+
+struct StatusCase {
+    unsigned int nStatus;
+    Stage eStage;
+    Plane tPicture;
+};
+
+AlignResult AlignQuietly(const Picture& tMaster, const Picture& tSlave, std::string* pstrOutput) {
+    testing::internal::CaptureStdout();
+    const AlignResult t = Align(tMaster, tSlave);
+    std::fflush(stdout);
+    *pstrOutput = testing::internal::GetCapturedStdout();
+    return t;
+}
+
+} // namespace
+
+TEST(Status, EachFailurePointHasItsOwnCodeAndMessageForBothCameras) {
+    const StatusCase at[] = {
+        {0x1010006, Cross, Paper()},
+        {0x1010008, Cross, NoRowBand()},
+        {0x1010009, Cross, CentreBesideColumns()},
+        {0x101000A, Cross, LeftEndAside()},
+        {0x101000B, Cross, RightEndAside()},
+        {0x101000E, Cross, RowBarOutside()},
+        {0x101000F, Cross, RowsDenseOnFirstPassOnly()},
+        {0x1010011, Cross, NoColumnBand()},
+        {0x1010012, Cross, CentreAboveRows()},
+        {0x1010013, Cross, UpperEndAside()},
+        {0x1010014, Cross, LowerEndAside()},
+        {0x1010016, Cross, ColumnBarOutside()},
+        {0x101001A, Frame, UprightChart().Fill(0, 0, 500, 200, ubPaper)},
+        {0x101001B, Frame, UprightChart().Fill(0, 700, 500, 971, ubPaper)},
+        {0x101001C, Frame, UprightChart().Fill(1300, 0, 1727, 200, ubPaper)},
+        {0x101001D, Frame, UprightChart().Fill(1300, 700, 1727, 971, ubPaper)},
+        {0x101001E, FrameBinary, CentreAtFramesTop()},
+        {0x101001F, Corners, TopSideInterrupted()},
+        {0x101001F, Corners, WithoutLeftTop()},
+        {0x1010020, Corners, WithoutRightTop()},
+        {0x1010021, Corners, WithoutLeftDown()},
+        {0x1010022, Corners, WithoutRightDown()},
+    };
+    const Picture tGood = UprightChart();
+    std::string strOutput;
+    for (const StatusCase& t : at)
+        for (const bool bMaster : {true, false}) {
+            const AlignResult tResult = bMaster ? AlignQuietly(t.tPicture, tGood, &strOutput)
+                                                : AlignQuietly(tGood, t.tPicture, &strOutput);
+            EXPECT_EQ(tResult.nStatus, t.nStatus) << std::hex << tResult.nStatus << " for " << t.nStatus;
+            EXPECT_EQ(strOutput, MessageOf(t.eStage, bMaster, t.nStatus));
+            EXPECT_EQ(m_tDualCamAlignData.dRx, 0.0);
+        }
+    EXPECT_EQ(AlignQuietly(tGood, tGood, &strOutput).nStatus, 0u);
+    EXPECT_EQ(strOutput, "Alignment Processing.....\n");
+}
+
+TEST(Status, AngleOutsideTheRangeIsReportedAndDelivered) {
+    chart::PairSetup t;
+    t.tRelativePose.dRz = -3.0;
+    const chart::Pair tPair = chart::RenderPair(t);
+    const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
+    EXPECT_EQ(tResult.nStatus, 0x1020015u);
+    EXPECT_NEAR(tResult.dRz, (-3.0 + 0.2) * 1.8 / 2.3 - 0.2, 0.01);
+    EXPECT_NEAR(m_tDualCamAlignData.dRz, -3.0, 0.01) << "the raw angle stays in the working block";
+}
+
+TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
+    std::vector<unsigned char> aCalibration = Calibration();
+    double adAngle[3] = {5, 5, 5};
+    const auto Run = [&](bool bMaster, bool bSlave, bool bAngle, bool bCalibration) {
+        return getAlign(bMaster ? Picture(Paper()).OnHeap() : nullptr,
+                        bSlave ? Picture(Paper()).OnHeap() : nullptr, &adAngle[0],
+                        bAngle ? &adAngle[1] : nullptr, &adAngle[2],
+                        bCalibration ? aCalibration.data() : nullptr, nullptr);
+    };
+    testing::internal::CaptureStdout();
+    nWidth = nWidth_Slave = 1728;
+    nHeight = nHeight_Slave = 972;
+    EXPECT_EQ(Run(false, true, true, true), 0x1020001u);
+    EXPECT_EQ(Run(true, false, true, true), 0x1020001u);
+    EXPECT_EQ(Run(true, true, false, true), 0x1020001u);
+    EXPECT_EQ(Run(true, true, true, false), 0x1020001u);
+    for (const auto& [nColumns, nRows] : {std::pair{0, 972},
+                                          {1728, -1},
+                                          {65536, 1},
+                                          {1, 65536},
+                                          {65535, 32769},
+                                          {INT32_MIN, INT32_MIN},
+                                          {INT32_MAX, INT32_MAX}})
+        for (int* const pnSize : {&nWidth, &nWidth_Slave}) {
+            nWidth = nWidth_Slave = 1728;
+            nHeight = nHeight_Slave = 972;
+            *pnSize = nColumns;
+            (pnSize == &nWidth ? nHeight : nHeight_Slave) = nRows;
+            EXPECT_EQ(Run(true, true, true, true), 0x1020002u) << nColumns << " x " << nRows;
+        }
+    double d = 0.0;
+    unsigned char ub = 0;
+    EXPECT_EQ(Orvex_Alignment_ForAndroid(&ub, &ub, 1, 1, 1, 1, &d, &d, &d, aCalibration.data(), nullptr),
+              0x1020001u);
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "refused before anything else";
+    for (const double dAngle : adAngle)
+        EXPECT_EQ(dAngle, 5.0);
+}
