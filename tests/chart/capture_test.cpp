@@ -88,17 +88,6 @@ TEST(Noise, IsUnrelatedBetweenSeedsAndBetweenTheCamerasOfAPair) {
     EXPECT_EQ(tPair.tSlave.aGrey, tOther.tSlave.aGrey);
 }
 
-TEST(Pair, SlaveStandsAtMasterPosePlusRelativePose) {
-    PairSetup tSetup;
-    tSetup.tMasterPose = {0.5, -1, 2};
-    tSetup.tRelativePose = {1, 0.25, -3};
-    const Pair tPair = RenderPair(tSetup);
-    EXPECT_EQ(tPair.tMaster.aGrey, Render({}, DefaultMaster(), {0.5, -1, 2}));
-    EXPECT_EQ(tPair.tSlave.aGrey, Render({}, DefaultSlave(), {1.5, -0.75, -1}));
-    const Truth tSlave = Project({}, DefaultSlave(), {1.5, -0.75, -1});
-    EXPECT_EQ(tPair.tSlave.tTruth.aCorners[kRightTop].dX, tSlave.aCorners[kRightTop].dX);
-}
-
 TEST(Capture, LightPassesOcclusionVignettingGainAndSensorInThisOrder) {
     const Camera tCamera = ScaledTo(DefaultMaster(), 11, 11);
     Capture tCapture;

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace chart {
@@ -77,26 +76,6 @@ TEST(Scene, CoarsePixelIsTheMeanOfItsFineOnes) {
                             1e-3)
                     << x << ' ' << y;
     }
-}
-
-TEST(Scene, InkIsInkWhereFrameAndBarsOverlap) {
-    Chart tChart;
-    tChart.dHorizontalBarHalfLength = 200; // beyond the frame
-    tChart.dVerticalBarHalfLength = 103;   // into the frame's line
-    const Pose tPose{1, -2, 1.5};
-    const Plane tPlane = RenderScene(tChart, DefaultMaster(), tPose);
-    const auto [itLeast, itMost] = std::minmax_element(tPlane.aGrey.begin(), tPlane.aGrey.end());
-    EXPECT_NEAR(*itLeast, 40, 1e-4);
-    EXPECT_NEAR(*itMost, 200, 1e-4);
-    const auto greyOn = [&](const Point& tOnChart) {
-        const Point t = ProjectPoint(tChart, DefaultMaster(), tPose, tOnChart);
-        return GreyAt(tPlane, static_cast<int>(t.dX + 0.5), static_cast<int>(t.dY + 0.5));
-    };
-    for (const Point& t :
-         {Point{0, 0}, {186.75, 0}, {-195, 0}, {150, 0}, {0, 100}, {0, -102.75}, {186.75, 102.75}})
-        EXPECT_NEAR(greyOn(t), 40, 1e-4) << t.dX << ' ' << t.dY;
-    for (const Point& t : {Point{-195, 10}, {205, 0}, {0, 108}, {20, 20}, {-180, -96}})
-        EXPECT_NEAR(greyOn(t), 200, 1e-4) << t.dX << ' ' << t.dY;
 }
 
 } // namespace

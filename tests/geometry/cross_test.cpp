@@ -62,27 +62,6 @@ TEST(Cross, UprightBarsGiveTheirMiddle) {
     EXPECT_EQ(m_tDualCamAlignData.afCrossCenterCopy_Slave[0], 0.0f);
 }
 
-TEST(Cross, RightEndLowerIsANegativeAngleAndEndsShortenTheSpan) {
-    Plane t(1728, 972, 200);
-    t.Fill(860, 280, 869, 690, 0);
-    for (int x = 564; x <= 1164; ++x) // slope 0.01
-        t.Fill(x, 478 + (x - 564) / 100, x, 487 + (x - 564) / 100, 0);
-    const Cross tCross = Measure(t);
-    ASSERT_EQ(tCross.nStatus, 0u);
-    EXPECT_NEAR(tCross.dAngle, -std::atan(0.01) * 180 / 3.14159265359, 0.05);
-    EXPECT_EQ(tCross.nSpan, 601);
-    EXPECT_NEAR(tCross.afCentre[0], 864.5, 1e-4);
-}
-
-TEST(Cross, BlankPlaneHasItsCentreAtTheOriginAndFails) {
-    Plane t(1728, 972, 200);
-    const Cross tCross = Measure(t);
-    EXPECT_EQ(tCross.nStatus, 0x1010006u);
-    EXPECT_EQ(tCross.uwCoarse[0], 0);
-    EXPECT_EQ(tCross.uwCoarse[1], 0);
-    EXPECT_EQ(tCross.dAngle, dUnset);
-}
-
 TEST(Cross, CoarseRowLiesInTheDenseRun) {
     Plane tBinary(600, 700, 255), tGrey(600, 700, 200);
     tBinary.Fill(300, 250, 303, 420, 0).Fill(200, 300, 400, 301, 0); // a run of rows with a bar in it

@@ -82,26 +82,6 @@ TEST_F(FrameLocation, ClampsStartsAndRectangles) {
     ExpectPoint(tFound.tInnerRD, 959, 440);
 }
 
-TEST_F(FrameLocation, NamesTheQuadrantAndLeavesThePoints) {
-    const struct {
-        int x1, y1, x2, y2, nStatus;
-    } at[] = {{0, 0, 863, 485, 0x101001A},
-              {0, 486, 863, 971, 0x101001B},
-              {864, 0, 1727, 485, 0x101001C},
-              {864, 486, 1727, 971, 0x101001D}};
-    for (const auto& c : at) {
-        Plane t = support::UprightChart();
-        t.Fill(c.x1, c.y1, c.x2, c.y2, support::ubPaper);
-        const Frame tFrame = Locate(t, 864, 486);
-        EXPECT_EQ(tFrame.nStatus, c.nStatus);
-        ExpectPoint(tFrame.tOuterLT, -9, -9);
-    }
-    Plane t = support::UprightChart();
-    for (const int n :
-         {INT32_MIN, -500, 5000, INT32_MAX}) // a scan that would leave the picture finds nothing
-        EXPECT_NE(Locate(t, n, n).nStatus, 0) << n;
-}
-
 TEST(RegionThreshold, BlendsOrCapsBetweenTheLevels) {
     Plane tHalf(10, 10, 200), tMore(10, 10, 200), tPale(10, 10, 200);
     tHalf.Fill(0, 0, 9, 4, 30);

@@ -74,6 +74,7 @@ TEST(State, WorkingBufferCanBeReadAfterTheRun) {
     ASSERT_NE(m_pCMainView.pGreenBuffer, nullptr);
     EXPECT_EQ(std::memcmp(m_pCMainView.pGreenBuffer, tChart.aPixels.data(), tChart.aPixels.size()), 0);
     EXPECT_EQ(m_pCMainView.pGreenBuffer[tChart.aPixels.size() + 486 * 1728 + 864], 0) << "binary plane";
+    EXPECT_EQ(m_tDualCamAlignData.nCrossSpanX_Slave, 669) << "the bar ends inside the search window";
 }
 
 TEST(State, AThousandCallsDoNotGrowTheMemory) {

@@ -67,17 +67,18 @@ inline Plane NoColumnBand() {
 
 // The vertical bar widens, near its upper end, beyond its band. The columns there are alternately 0 and 1, so
 // that both edges at the band's borders are extrapolated far to the left: the mean column is negative.
-inline Plane ColumnBarOutside(int nFirstOne = 60) {
+inline Plane ColumnBarOutside(int nFirstOneRight = 140) {
     Plane t(480, 300, 255);
     t.Fill(30, 146, 250, 155, 0).Fill(134, 84, 139, 216, 0).Fill(60, 91, 210, 107, 0);
-    for (int x = nFirstOne; x <= 210; x += 2)
-        t.Fill(x, 91, x, 107, 1);
+    for (const int nFirstOne : {60, nFirstOneRight})
+        for (int x = nFirstOne; x < nFirstOne + 72; x += 2)
+            t.Fill(x, 91, x, 107, 1);
     return t;
 }
 
-// The same with the bars' roles exchanged; the band's borders then have the other parity.
+// The same with the bars' roles exchanged; the band's far border then is an odd line.
 inline Plane RowBarOutside() {
-    Plane tColumns = ColumnBarOutside(61), t(300, 480, 0);
+    Plane tColumns = ColumnBarOutside(141), t(300, 480, 0);
     for (int y = 0; y < t.nRows; ++y)
         for (int x = 0; x < t.nColumns; ++x)
             t.At(x, y) = tColumns.At(y, x);
