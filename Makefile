@@ -1,0 +1,35 @@
+# Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
+
+PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev nlohmann-json3-dev
+JOBS := $(shell nproc)
+
+.PHONY: all demo test test-clang test-asan setup clean
+
+all: build-release
+
+setup:
+	@./cmake/install-packages.sh $(PACKAGES)
+
+build-%: setup
+	@cmake --preset $* --log-level=NOTICE
+	@cmake --build --preset $* -j $(JOBS)
+
+demo: build-release
+	@build/release/tools/orvex-align render --out demo --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
+	  --rx 0.62 --ry -0.45 --rz 0.81 --blur 0.8 --noise 2 --seed 7
+	@build/release/tools/orvex-align measure demo/master.pgm demo/slave.pgm \
+	  --calibration demo/calibration.bin --truth demo/truth.json
+
+test: build-release
+	@ctest --preset release -j $(JOBS)
+
+test-clang:
+	@./cmake/install-packages.sh clang
+	@$(MAKE) --no-print-directory build-clang
+	@ctest --preset clang -j $(JOBS)
+
+test-asan: build-asan
+	@ctest --preset asan -j $(JOBS)
+
+clean:
+	@rm -rf build demo
