@@ -1,0 +1,75 @@
+#include "captured_output.h"
+
+#include "tool_error.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sstream>
+#include <unistd.h>
+
+namespace tools {
+namespace {
+
+constexpr int nNone = -1;
+
+int Opened(int nDescriptor) {
+    if (nDescriptor == nNone)
+        throw ToolError("/tmp",
+                        std::string("no temporary file can be opened there (") + std::strerror(errno) + ")",
+                        "Make room in /tmp, allow writing to it and raise the limit of open files");
+    return nDescriptor;
+}
+
+// A file without a name: it is gone when it is closed, even if the process dies.
+int OpenNameless() {
+    std::array<char, 32> szName = {"/tmp/orvex-align-XXXXXX"};
+    const int n = Opened(mkostemp(szName.data(), O_CLOEXEC));
+    unlink(szName.data());
+    return n;
+}
+
+std::string ReadFromStart(int nFile) {
+    std::array<char, 4096> aChunk;
+    std::string str;
+    lseek(nFile, 0, SEEK_SET);
+    for (ssize_t n; (n = read(nFile, aChunk.data(), aChunk.size())) > 0;)
+        str.append(aChunk.data(), static_cast<std::size_t>(n));
+    return str;
+}
+
+} // namespace
+
+CapturedOutput::CapturedOutput(int nDescriptor) : m_nDescriptor(nDescriptor), m_nCapture(OpenNameless()) {
+    std::fflush(nullptr);
+    m_nOriginal = Opened(dup(nDescriptor));
+    dup2(m_nCapture, nDescriptor);
+}
+
+CapturedOutput::~CapturedOutput() {
+    GiveBack();
+    close(m_nCapture);
+}
+
+void CapturedOutput::GiveBack() {
+    if (m_nOriginal == nNone)
+        return;
+    std::fflush(nullptr);
+    dup2(m_nOriginal, m_nDescriptor);
+    close(m_nOriginal);
+    m_nOriginal = nNone;
+}
+
+std::vector<std::string> CapturedOutput::Lines() {
+    GiveBack();
+    std::istringstream tText(ReadFromStart(m_nCapture));
+    std::vector<std::string> aLines;
+    for (std::string str; std::getline(tText, str);)
+        if (!str.empty())
+            aLines.push_back(str);
+    return aLines;
+}
+
+} // namespace tools

@@ -1,0 +1,28 @@
+#include "console.h"
+
+#include "tool_error.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace tools {
+
+void Print(const std::string& str) {
+    if (std::fwrite(str.data(), 1, str.size(), stdout) != str.size() || std::fflush(stdout) != 0)
+        throw ToolError("standard output",
+                        std::string("the result could not be written (") + std::strerror(errno) + ")",
+                        "Check where the output goes and whether there is space left");
+}
+
+std::string ShellWord(const std::string& str) {
+    constexpr char szPlain[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./,:=@%+-";
+    if (!str.empty() && str.find_first_not_of(szPlain) == str.npos)
+        return str;
+    std::string strWord = "'";
+    for (const char c : str)
+        strWord += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return strWord + "'";
+}
+
+} // namespace tools

@@ -1,0 +1,41 @@
+#ifndef ORVEX_TOOLS_EXIT_CODES_H
+#define ORVEX_TOOLS_EXIT_CODES_H
+
+#include <array>
+#include <span>
+#include <string>
+
+namespace tools {
+
+// What a station's script acts on.
+enum ExitCode {
+    kWithinRange = 0,
+    kDone = 0, // of commands that measure nothing
+    kOutOfRange = 1,
+    kNotMeasured = 2,
+    kUnfitFile = 3,
+    kWrongUsage = 64, // as sysexits.h has it, clear of the answers
+};
+
+struct ExitMeaning {
+    ExitCode tExit;
+    const char* szMeaning;
+};
+
+constexpr std::array<ExitMeaning, 5> kMeasureExits = {{
+    {kWithinRange, "measured, all angles within range"},
+    {kOutOfRange, "measured, an angle out of range"},
+    {kNotMeasured, "the chart could not be measured"},
+    {kUnfitFile, "a file could not be read or written, or does not fit"},
+    {kWrongUsage, "wrong usage"},
+}};
+
+// Of measure.
+const char* MeaningOf(ExitCode tExit);
+
+// The closing section of a command's help.
+std::string ExitCodesHelp(std::span<const ExitMeaning> aMeanings);
+
+} // namespace tools
+
+#endif

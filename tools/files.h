@@ -1,0 +1,28 @@
+#ifndef ORVEX_TOOLS_FILES_H
+#define ORVEX_TOOLS_FILES_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tools {
+
+// All bytes of a file of at most nLimit bytes. Throws ToolError.
+std::string ReadFile(const std::string& strFile, std::size_t nLimit);
+
+struct NewFile {
+    std::string strFile;
+    std::string strBytes;
+};
+
+// Writes a set of files that belong together. Each is written beside its target under a temporary name; only
+// when all of them lie on the disk do they take their places, so that no failure to write leaves half a file
+// or a mixed set. Throws ToolError.
+void WriteFiles(const std::vector<NewFile>& aFiles);
+
+// Creates the folder and its parents where they are missing. Throws ToolError.
+void CreateFolder(const std::string& strFolder);
+
+} // namespace tools
+
+#endif

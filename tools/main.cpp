@@ -1,0 +1,73 @@
+#include "exit_codes.h"
+#include "measure_command.h"
+#include "render_command.h"
+#include "tool_error.h"
+#include "versions.h"
+
+#include <cstdio>
+#include <fcntl.h>
+#include <new>
+#include <unistd.h>
+
+namespace {
+
+using namespace tools;
+
+// A file opened while a standard stream is closed would take its number and receive what is printed.
+void OccupyStandardStreams() {
+    for (int n = STDIN_FILENO; n <= STDERR_FILENO; ++n)
+        if (fcntl(n, F_GETFD) == -1 && open("/dev/null", O_RDWR) == -1)
+            return;
+}
+
+// What the parser could not place comes first: it is often the cause of what is then missing.
+std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
+    const std::vector<std::string> aUnknown = tCommand.remaining();
+    if (!aUnknown.empty())
+        return "\"" + aUnknown.front() + "\" is not understood";
+    return tCommand.get_parent() == nullptr ? "name a command, measure or render" : tError.what();
+}
+
+std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
+    const std::vector<CLI::App*> aChosen = pApp->get_subcommands();
+    const CLI::App& tCommand = aChosen.empty() ? *pApp : *aChosen.front();
+    const std::string strName =
+        aChosen.empty() ? pApp->get_name() : pApp->get_name() + " " + tCommand.get_name();
+    return strName + ": " + Reason(tCommand, tError) + ".\n  See " + strName + " --help.\n";
+}
+
+ExitCode Fail(const std::string& strMessage) {
+    std::fputs(("orvex-align: " + strMessage + "\n").c_str(), stderr);
+    return kUnfitFile;
+}
+
+ExitCode Run(int nArguments, const char* const* aszArguments) {
+    ExitCode tExit = kWrongUsage;
+    CLI::App tApp("Measures pictures of the alignment chart and renders such pictures.", "orvex-align");
+    tApp.set_version_flag("--version", [] {
+        return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
+    });
+    tApp.failure_message(UsageMessage);
+    tApp.footer("Each command has its own --help with options, example and exit codes.");
+    tApp.require_subcommand(1);
+    AddMeasureCommand(tApp, tExit);
+    AddRenderCommand(tApp, tExit);
+    try {
+        tApp.parse(nArguments, aszArguments);
+    } catch (const CLI::ParseError& t) {
+        return tApp.exit(t) == 0 ? kDone : kWrongUsage;
+    } catch (const ToolError& t) {
+        return Fail(t.what());
+    } catch (const std::bad_alloc&) {
+        return Fail(
+            "not enough memory for pictures of this size.\n  Close other programs or use smaller pictures.");
+    }
+    return tExit;
+}
+
+} // namespace
+
+int main(int nArguments, char** aszArguments) {
+    OccupyStandardStreams();
+    return Run(nArguments, aszArguments);
+}

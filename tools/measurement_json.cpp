@@ -1,0 +1,60 @@
+#include "report.h"
+#include "versions.h"
+
+namespace tools {
+namespace {
+
+Json StatusJson(const Measurement& t, const StatusWords& tWords) {
+    return {{"code", t.nStatus},
+            {"hex", HexOf(t.nStatus)},
+            {"name", tWords.szName},
+            {"camera", t.oFailedCamera ? Json(NameOf(*t.oFailedCamera)) : Json()},
+            {"where", PlaceOfFailure(t)},
+            {"stage", WordsOf(tWords.tStage).szName},
+            {"looked_for", WordsOf(tWords.tStage).szLookedFor},
+            {"words", tWords.szFound},
+            {"try", tWords.szTry}};
+}
+
+Json CameraJson(const PictureNote& tPicture, const CameraMeasurement& t) {
+    Json tJson = {{"file", tPicture.strFile}, {"width_px", tPicture.nColumns}, {"height_px", tPicture.nRows}};
+    tJson.update(JsonOf(QuantitiesOf(t)));
+    return tJson;
+}
+
+Json TruthJson(const Measurement& tMeasurement, const Truth& tTruth) {
+    Json tJson = {{"file", tTruth.strFile}};
+    for (const Comparison& t : Compare(tMeasurement, tTruth))
+        tJson[PlaceOf(t.tTrue.strKey)] = {{"measured", JsonOf(t.tMeasured)},
+                                          {"true", JsonOf(t.tTrue)},
+                                          {"difference", JsonOf(t.tDifference)}};
+    return tJson;
+}
+
+} // namespace
+
+std::string JsonTextOf(const Report& tReport) {
+    const Measurement& t = tReport.tMeasurement;
+    Json tJson = {{"verdict", tReport.tVerdict.szKey},
+                  {"headline", tReport.tVerdict.strHeadline},
+                  {"exit_code", static_cast<int>(tReport.tVerdict.tExit)},
+                  {"exit_meaning", MeaningOf(tReport.tVerdict.tExit)},
+                  {"status", StatusJson(t, tReport.tVerdict.tWords)},
+                  {"raw_deg", JsonOf(QuantitiesOf(t.oRaw))},
+                  {"rescaled_deg", JsonOf(QuantitiesOf(t.oRescaled))},
+                  {"rescaled_limit_deg", kRescaledLimit},
+                  {"master", CameraJson(tReport.tMaster, t.tMaster)},
+                  {"slave", CameraJson(tReport.tSlave, t.tSlave)},
+                  {"calibration_file", tReport.strCalibrationFile}};
+    if (tReport.oTruth)
+        tJson["truth"] = TruthJson(t, *tReport.oTruth);
+    tJson["diagnostics"] = t.aDiagnostics;
+    tJson["log"] = t.aLog;
+    tJson["notes"] = t.aNotes;
+    tJson["library_version"] = LibraryVersion();
+    tJson["tool_version"] = kToolVersion;
+    // A file's name may be any bytes, JSON only UTF-8.
+    return tJson.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+} // namespace tools

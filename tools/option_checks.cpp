@@ -1,0 +1,52 @@
+#include "option_checks.h"
+
+#include "pgm.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <sstream>
+
+namespace tools {
+namespace {
+
+// More than any module's sensor has; larger pictures only fill the memory.
+constexpr std::int64_t nMaxPixels = 100'000'000;
+
+} // namespace
+
+CLI::Validator Within(double dLowest, double dHighest) {
+    std::ostringstream tRange;
+    tRange << dLowest << " to " << dHighest;
+    const auto Check = [=, strRange = tRange.str()](const std::string& str) {
+        double d = 0;
+        // Negated, because a NaN is neither above nor below.
+        const bool bWithin = CLI::detail::lexical_cast(str, d) && d >= dLowest && d <= dHighest;
+        return bWithin ? std::string() : "\"" + str + "\" is not a number from " + strRange;
+    };
+    return CLI::Validator(Check, "", "");
+}
+
+CLI::Validator WholeNumber() {
+    const auto Check = [](const std::string& str) {
+        const bool bWhole =
+            !str.empty() && str.size() <= 18 && str.find_first_not_of("0123456789") == str.npos;
+        return bWhole ? std::string() : "\"" + str + "\" is not a whole number from 0, of at most 18 digits";
+    };
+    return CLI::Validator(Check, "", "");
+}
+
+PictureSize ParsedSize(const std::string& str) {
+    PictureSize t = {};
+    char cRest = 0;
+    const bool bRead =
+        str.size() < 20 && std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
+    if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
+        std::int64_t{t.nColumns} * t.nRows > nMaxPixels)
+        throw CLI::ValidationError(
+            "--size", "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
+                          std::to_string(kMaxSide) + " px and at most " + std::to_string(nMaxPixels) +
+                          " px in all");
+    return t;
+}
+
+} // namespace tools

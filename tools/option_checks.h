@@ -1,0 +1,24 @@
+#ifndef ORVEX_TOOLS_OPTION_CHECKS_H
+#define ORVEX_TOOLS_OPTION_CHECKS_H
+
+#include <CLI/CLI.hpp>
+
+namespace tools {
+
+// Accepts numbers from dLowest to dHighest, and nothing that is no number.
+CLI::Validator Within(double dLowest, double dHighest);
+
+// Accepts whole numbers from 0 that fit into 64 bits, and no sign.
+CLI::Validator WholeNumber();
+
+struct PictureSize {
+    int nColumns;
+    int nRows;
+};
+
+// Reads "1728x972". Throws CLI::ValidationError.
+PictureSize ParsedSize(const std::string& str);
+
+} // namespace tools
+
+#endif

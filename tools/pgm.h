@@ -1,0 +1,26 @@
+#ifndef ORVEX_TOOLS_PGM_H
+#define ORVEX_TOOLS_PGM_H
+
+#include "picture.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace tools {
+
+// What the library measures: each side from 1 px, and not more pixels than a signed 32-bit number counts.
+constexpr int kMaxSide = 65535;
+constexpr std::size_t kMaxPixels = 2147483647;
+
+// Whether the bytes begin as a binary PGM picture does.
+bool IsPgm(std::string_view strBytes);
+
+// Decodes a PGM picture with 8 bits per pixel (P5, maxval 255). Throws ToolError naming strFile.
+Picture DecodePgm(const std::string& strFile, std::string strBytes);
+
+// nColumns * nRows bytes as a PGM picture.
+std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,51 @@
+#include "picture.h"
+
+#include "files.h"
+#include "pgm.h"
+#include "tool_error.h"
+
+#include <array>
+#include <string_view>
+
+namespace tools {
+namespace {
+
+struct Format {
+    std::string_view strSignature;
+    const char* szName;
+};
+
+constexpr std::array<Format, 8> aForeign = {{
+    {"P2", "a PGM picture in text form (P2)"},
+    {"P6", "a colour picture (PPM, P6)"},
+    {"P3", "a colour picture in text form (PPM, P3)"},
+    {"P4", "a black-and-white picture (PBM, P4)"},
+    {"P1", "a black-and-white picture in text form (PBM, P1)"},
+    {"\x89PNG", "a PNG picture"},
+    {"\xFF\xD8", "a JPEG picture"},
+    {"BM", "a BMP picture"},
+}};
+
+std::string FormatOf(const std::string& strBytes) {
+    if (strBytes.empty())
+        return "empty";
+    for (const Format& t : aForeign)
+        if (strBytes.starts_with(t.strSignature))
+            return t.szName;
+    return "no picture of a known format";
+}
+
+// The largest header worth reading and the largest picture.
+constexpr std::size_t nLimit = (std::size_t{1} << 16) + kMaxPixels;
+
+} // namespace
+
+Picture ReadPicture(const std::string& strFile) {
+    std::string strBytes = ReadFile(strFile, nLimit);
+    if (IsPgm(strBytes))
+        return DecodePgm(strFile, std::move(strBytes));
+    throw ToolError(strFile, "is " + FormatOf(strBytes),
+                    "Name an 8-bit binary PGM picture (P5), or convert this one to it");
+}
+
+} // namespace tools

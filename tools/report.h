@@ -1,0 +1,33 @@
+#ifndef ORVEX_TOOLS_REPORT_H
+#define ORVEX_TOOLS_REPORT_H
+
+#include "truth.h"
+#include "verdict.h"
+
+namespace tools {
+
+// A picture's name and size, without its pixels.
+struct PictureNote {
+    std::string strFile;
+    int nColumns;
+    int nRows;
+};
+
+// All that one call of measure has to say.
+struct Report {
+    PictureNote tMaster, tSlave;
+    std::string strCalibrationFile;
+    Measurement tMeasurement;
+    Verdict tVerdict;
+    std::optional<Truth> oTruth;
+};
+
+// For people.
+std::string TextOf(const Report& t);
+
+// For programs: one object.
+std::string JsonTextOf(const Report& t);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,49 @@
+#include "text_table.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <sstream>
+
+namespace tools {
+
+std::string Fixed(double d, int nDecimals) {
+    const double dHalfStep = 0.5 * std::pow(10.0, -nDecimals);
+    std::ostringstream t;
+    t << std::fixed << std::setprecision(nDecimals) << (std::fabs(d) < dHalfStep ? 0.0 : d);
+    return t.str();
+}
+
+std::string Wrapped(const std::string& str, std::size_t nIndent) {
+    constexpr std::size_t nColumns = 100;
+    std::string strLines = str, strBreak(nIndent + 1, ' ');
+    strBreak.front() = '\n';
+    std::size_t nStart = 0;
+    while (strLines.size() - nStart > nColumns - nIndent) {
+        const std::size_t nBreak = strLines.rfind(' ', nStart + nColumns - nIndent);
+        if (nBreak == strLines.npos || nBreak <= nStart)
+            break; // a name longer than the line
+        strLines.replace(nBreak, 1, strBreak);
+        nStart = nBreak + strBreak.size();
+    }
+    return strLines;
+}
+
+std::string Table(const std::vector<std::vector<std::string>>& aRows) {
+    std::vector<std::size_t> anWidths;
+    for (const auto& aCells : aRows) {
+        anWidths.resize(std::max(anWidths.size(), aCells.size()));
+        for (std::size_t i = 0; i < aCells.size(); ++i)
+            anWidths[i] = std::max(anWidths[i], aCells[i].size());
+    }
+    std::ostringstream t;
+    for (const auto& aCells : aRows) {
+        for (std::size_t i = 0; i < aCells.size(); ++i)
+            t << (i == 0 ? "  " : "   ") << (i == 0 ? std::left : std::right)
+              << std::setw(static_cast<int>(anWidths[i])) << aCells[i];
+        t << '\n';
+    }
+    return t.str();
+}
+
+} // namespace tools

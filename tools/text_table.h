@@ -1,0 +1,20 @@
+#ifndef ORVEX_TOOLS_TEXT_TABLE_H
+#define ORVEX_TOOLS_TEXT_TABLE_H
+
+#include <string>
+#include <vector>
+
+namespace tools {
+
+// With a fixed number of decimals; a value that rounds to zero has no sign.
+std::string Fixed(double d, int nDecimals);
+
+// Breaks a text that starts in column nIndent into lines that do so, too, and end before column 100.
+std::string Wrapped(const std::string& str, std::size_t nIndent);
+
+// Rows of as many cells; each column as wide as its widest cell, the first one flush left, the others right.
+std::string Table(const std::vector<std::vector<std::string>>& aRows);
+
+} // namespace tools
+
+#endif
