@@ -11,6 +11,7 @@
 
 using namespace orvex;
 using Bytes = std::vector<unsigned char>;
+using Sizes = std::initializer_list<std::size_t>;
 
 namespace {
 
@@ -103,7 +104,7 @@ TEST(Container, DecryptsForeignContainersAndRefusesEveryFault) {
                 EXPECT_FALSE(Decrypted(aKey, a)) << "bit " << nBit;
             }
         }
-        for (const std::size_t nLength : {0, 15, 32, 47}) {
+        for (const std::size_t nLength : Sizes{0, 15, 32, 47}) {
             const Bytes a(aContainer.begin(), aContainer.begin() + static_cast<std::ptrdiff_t>(nLength));
             EXPECT_FALSE(Decrypted(aKey, a)) << nLength << " bytes";
         }
@@ -126,7 +127,7 @@ TEST(Container, DecryptsForeignContainersAndRefusesEveryFault) {
 
 TEST(Container, WritesWhatItReadsUnderAFreshVector) {
     const Bytes aKey(32, 0x5C);
-    for (const std::size_t nPlain : {1, 15, 16, 17, 149, 620}) {
+    for (const std::size_t nPlain : Sizes{1, 15, 16, 17, 149, 620}) {
         const Bytes aPlain(nPlain, 0xA7);
         const Bytes a = Encrypted(aKey, aPlain), aAgain = Encrypted(aKey, aPlain);
         EXPECT_EQ(a.size(), 32 + (nPlain + 15) / 16 * 16);
@@ -146,7 +147,7 @@ TEST(Container, WritesWhatItReadsUnderAFreshVector) {
 TEST(Key, DependsOnEveryByteOfTheCalibration) {
     Bytes aCalibration = Calibration(), aKey(32), aOther(32);
     ASSERT_TRUE(Orvex_GenerateKey(aCalibration.data(), aKey.data()));
-    for (const std::size_t n : {0, 13, 1500, ORVEX_CALIBRATION_SIZE - 1}) {
+    for (const std::size_t n : Sizes{0, 13, 1500, ORVEX_CALIBRATION_SIZE - 1}) {
         aCalibration[n] ^= 1;
         ASSERT_TRUE(Orvex_GenerateKey(aCalibration.data(), aOther.data()));
         EXPECT_NE(aKey, aOther) << n;
@@ -204,7 +205,7 @@ TEST(RecordReader, AcceptsItsOwnAndNamesWhatDiffers) {
     Bytes aDamaged = aPlain;
     aDamaged[5] ^= 1;
     ExpectRefused(RecordFile(aCalibration, aDamaged), 0x3010002, "checksum");
-    for (const std::size_t nFloat : {4, 8, 12, 16}) {
+    for (const std::size_t nFloat : Sizes{4, 8, 12, 16}) {
         aDamaged = aPlain; // 2.0 more or less, the checksum kept by a counter-change
         float f;
         std::memcpy(&f, &aDamaged[nFloat], 4);
