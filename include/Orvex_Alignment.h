@@ -22,7 +22,7 @@ extern "C" {
 #endif
 
 /* Status of a measurement, 32 bits. The first stage that fails ends the run and its status is returned
- * unchanged. "M" and "S": which camera failed is told by the line on standard output. */
+ * unchanged; which camera it was is told by the line on standard output. */
 enum OrvexAlignmentStatus {
     ORVEX_OK = 0,
 
@@ -57,7 +57,8 @@ enum OrvexAlignmentStatus {
     ORVEX_FRAME_UPPER_RIGHT = 0x101001C,
     ORVEX_FRAME_LOWER_RIGHT = 0x101001D,
 
-    /* Frame binarisation: a piece of the ring around the frame is empty or has no threshold. */
+    /* Frame binarisation: a piece of the ring around the frame is empty, leaves the picture or has no
+     * threshold. */
     ORVEX_FRAME_THRESHOLD = 0x101001E,
 
     /* Corner points. A failed stripe gives 0x101001F at every corner. */
@@ -109,7 +110,7 @@ extern ORVEX_API const unsigned char AF_ProtectVersion[2];
  *                          and with 0x1020015.
  *   pCalibData             calibration memory, at least ORVEX_CALIBRATION_SIZE bytes; not kept.
  *   pOutFile               out, may be null: the bytes of the record file, up to ORVEX_OUT_FILE_CAPACITY;
- *                          a record made now has 194.
+ *                          a record made now has 194. Untouched if the record cannot be encrypted.
  *
  * Also writes "/sdcard/AFProtect.txt" (on failure an encrypted record of zeros), one line to the Android
  * log (tag "Test", priority 4; a second one of priority 5 if the file could not be written) and diagnostic

@@ -91,7 +91,10 @@ unsigned int MeasureSides(CameraRun& t) {
 unsigned int MeasureCamera(bool bMaster, unsigned char* pRGB, unsigned char* pGray, unsigned char* pBinary,
                            unsigned short* pCenter) {
     CameraRun t = {bMaster, ParametersOf(bMaster), ResultsOf(bMaster), pGray, pBinary, pCenter, {}};
-    GetGValueFromRGB(pRGB, t.tParam.nWidth, t.tParam.nHeight, pGray);
+    // Without planes the centre search fails with its own status.
+    if (pRGB == nullptr || !IsUsableSize(t.tParam.nWidth, t.tParam.nHeight))
+        t.pGray = t.pBinary = nullptr;
+    GetGValueFromRGB(pRGB, t.tParam.nWidth, t.tParam.nHeight, t.pGray);
     for (const auto Stage : {MeasureCoarseCentre, MeasureRefinedCentre, LocateFrame, BinariseFrame,
                              MeasureCorners, MeasureSides})
         if (const unsigned int nStatus = Stage(t))
@@ -99,13 +102,16 @@ unsigned int MeasureCamera(bool bMaster, unsigned char* pRGB, unsigned char* pGr
     return ORVEX_OK;
 }
 
+// 0 for a size that no stage accepts.
+std::size_t UsablePixels(PictureSize t) {
+    return IsUsableSize(t.nWidth, t.nHeight) ? t.Pixels() : 0;
+}
+
 // Pixels of one plane of the working buffer: the larger picture's, so that a larger slave is measured and not
-// overrun; 0 for a size that no stage accepts.
+// overrun.
 std::size_t PlanePixels(const DualCamAlignView& t) {
-    if (!IsUsableSize(t.nWidth_Master, t.nHeight_Master) || !IsUsableSize(t.nWidth_Slave, t.nHeight_Slave))
-        return 0;
-    return std::max(PictureSize{t.nWidth_Master, t.nHeight_Master}.Pixels(),
-                    PictureSize{t.nWidth_Slave, t.nHeight_Slave}.Pixels());
+    return std::max(UsablePixels({t.nWidth_Master, t.nHeight_Master}),
+                    UsablePixels({t.nWidth_Slave, t.nHeight_Slave}));
 }
 
 } // namespace
@@ -114,9 +120,7 @@ unsigned int DualCamAlign_Calculation(unsigned char* pMasterRGB, unsigned char* 
     // The buffer is kept until the next run, so that its planes can be looked at after this one.
     std::free(m_pCMainView.pGreenBuffer);
     const std::size_t nPixels = PlanePixels(m_pCMainView);
-    m_pCMainView.pGreenBuffer =
-        nPixels != 0 ? static_cast<unsigned char*>(std::malloc(nPixels * 3)) : nullptr;
-    // Without a buffer the centre search gets no planes and fails with its own status.
+    m_pCMainView.pGreenBuffer = static_cast<unsigned char*>(std::malloc(nPixels * 3));
     unsigned char* const pGray = m_pCMainView.pGreenBuffer;
     unsigned char* const pBinary = pGray != nullptr ? pGray + nPixels : nullptr;
 

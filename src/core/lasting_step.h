@@ -14,7 +14,7 @@ struct LineWalk {
 
 // Walks over lines and returns the first one whose value steps away from the value before it and stays away.
 //
-// IsStep(before, line) decides what a step is. A step is withdrawn when a later line is back at the value
+// Step(before, line) decides what a step is. A step is withdrawn when a later line is back at the value
 // before it. The scan stops once the step is confirmed more often than the budget allows; a step that is
 // still unwithdrawn when the lines run out counts as found. Confirmations of withdrawn steps use up the same
 // budget, on purpose: after false alarms a step is accepted sooner.

@@ -21,6 +21,16 @@ struct Range {
     }
 };
 
+// The range from its first to its last coordinate that satisfies the test; empty if none does.
+template <typename Test>
+constexpr Range Trimmed(Range t, Test&& IsKept) {
+    while (!t.IsEmpty() && !IsKept(t.nFirst))
+        ++t.nFirst;
+    while (!t.IsEmpty() && !IsKept(t.nLast))
+        --t.nLast;
+    return t;
+}
+
 // The range between two coordinates, whichever comes first.
 constexpr Range Between(std::int64_t nOne, std::int64_t nOther) {
     return {std::min(nOne, nOther), std::max(nOne, nOther)};

@@ -3,7 +3,7 @@
 
 namespace orvex {
 
-// One stage's diagnostic: its text and the fixed line number that service documents refer to.
+// One stage's diagnostic: its text and the line number that goes with it, a fixed literal.
 struct StageMessage {
     const char* szText;
     int nLine;

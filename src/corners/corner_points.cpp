@@ -22,18 +22,23 @@ struct FrameRectangles {
     _POINTPOSITION ptOuterLT, ptOuterRD, ptInnerLT, ptInnerRD;
 };
 
+// The master's thresholds serve the slave's picture too, on purpose.
+double SideThreshold(const Corner& tCorner, int nBand) {
+    return ResultsOf(true).adFrameThreshold[tCorner.eSlot][nBand];
+}
+
 SideSearch HorizontalSide(const Corner& tCorner, const FrameRectangles& t, int nCenterX) {
     const Range tBand =
         tCorner.bLower ? Range{t.ptInnerRD.y, t.ptOuterRD.y} : Range{t.ptOuterLT.y, t.ptInnerLT.y};
     return {true,     tBand,          tCorner.bRight ? t.ptOuterRD.x : t.ptOuterLT.x,
-            nCenterX, tCorner.bRight, m_tDualCamAlignData.adFrameThreshold_Master[tCorner.eSlot][0]};
+            nCenterX, tCorner.bRight, SideThreshold(tCorner, 0)};
 }
 
 SideSearch VerticalSide(const Corner& tCorner, const FrameRectangles& t, int nCenterY) {
     const Range tBand =
         tCorner.bRight ? Range{t.ptInnerRD.x, t.ptOuterRD.x} : Range{t.ptOuterLT.x, t.ptInnerLT.x};
     return {false,    tBand,          tCorner.bLower ? t.ptOuterRD.y : t.ptOuterLT.y,
-            nCenterY, tCorner.bLower, m_tDualCamAlignData.adFrameThreshold_Master[tCorner.eSlot][1]};
+            nCenterY, tCorner.bLower, SideThreshold(tCorner, 1)};
 }
 
 unsigned int MeasureCorner(const Corner& tCorner, PlaneView tBinary, PlaneView tGrey, _POINTPOSITION ptCenter,
@@ -54,7 +59,7 @@ unsigned int MeasureCorner(const Corner& tCorner, PlaneView tBinary, PlaneView t
     return ORVEX_OK;
 }
 
-// The contract's shell of every corner: checks the planes, measures, stores.
+// What every exported corner function does: checks the planes, measures, stores.
 unsigned int StoreCorner(const Corner& tCorner, const unsigned char* pBinary, const unsigned char* pGray,
                          unsigned int nImageWidth, unsigned int nImageHeight, _POINTPOSITION ptCenter,
                          const FrameRectangles& tFrame, int nMaster) {

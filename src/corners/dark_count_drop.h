@@ -11,7 +11,7 @@ namespace orvex {
 // a line whose upper bound lies below its lower one counts nothing.
 //
 // Returns whether a drop was found; pnLine (may be null) receives its row or column, on success only.
-bool FindDarkCountDrop(const unsigned char* pBinary, int nWidth, int nX1, int nY1, int nX2, int nY2,
+bool FindDarkCountDrop(const unsigned char* pBinary, int nStride, int nX1, int nY1, int nX2, int nY2,
                        bool bRowLines, int* pnLine);
 
 } // namespace orvex

@@ -1,5 +1,6 @@
 #include "corners/frame_side.h"
 
+#include "core/line_scan.h"
 #include "core/to_integer.h"
 #include "corners/dark_count_drop.h"
 #include "corners/stripe_centre.h"
@@ -15,22 +16,15 @@ struct Stripes {
     int nStep;
 };
 
-// The scan always ends one line before the centre, also where it comes from behind it. A scan that would
-// leave the picture finds nothing.
+// The scan always ends one line before the centre, also where it comes from behind it.
 std::optional<int> FindSideStart(PlaneView tBinary, const SideSearch& t) {
-    const Range tAlong = t.bHorizontal ? tBinary.tSize.Columns() : tBinary.tSize.Rows();
-    const Range tAcross = t.bHorizontal ? tBinary.tSize.Rows() : tBinary.tSize.Columns();
-    const std::int64_t nTarget = t.nCentre - 1;
-    if (!tAlong.Contains(Between(t.nStart, nTarget)) || !tAcross.Contains(t.tBand))
-        return std::nullopt;
-    const int nFrom = static_cast<int>(t.nStart), nTo = static_cast<int>(nTarget);
-    const int nBandFirst = static_cast<int>(t.tBand.nFirst), nBandLast = static_cast<int>(t.tBand.nLast);
+    const LineScan tScan = {!t.bHorizontal, t.tBand, t.nStart, t.nCentre - 1, true};
+    const std::optional<ScanBounds> o = BoundsInside(tBinary.tSize, tScan);
     int nLine = 0;
-    const bool bFound = t.bHorizontal ? FindDarkCountDrop(tBinary.pPixels, tBinary.tSize.nWidth, nFrom,
-                                                          nBandFirst, nTo, nBandLast, false, &nLine)
-                                      : FindDarkCountDrop(tBinary.pPixels, tBinary.tSize.nWidth, nBandFirst,
-                                                          nFrom, nBandLast, nTo, true, &nLine);
-    return bFound ? std::optional(nLine) : std::nullopt;
+    if (!o || !FindDarkCountDrop(tBinary.pPixels, tBinary.tSize.nWidth, o->nX1, o->nY1, o->nX2, o->nY2,
+                                 tScan.bRowLines, &nLine))
+        return std::nullopt;
+    return nLine;
 }
 
 Stripes StripesOf(int nSideStart, const SideSearch& t) {

@@ -10,8 +10,9 @@ namespace orvex {
 //
 // Returns false for that, for a stripe without any centre, one that is empty or leaves the picture, and for a
 // negative mean. pdX and pdY (each may be null) receive the mean, px, on success only.
-bool MeasureStripeLineCentre(const unsigned char* pGray, int nWidth, int nHeight, int nX1, int nY1, int nX2,
-                             int nY2, bool bColumnLines, double* pdX, double* pdY, double dThreshold);
+bool MeasureStripeLineCentre(const unsigned char* pGray, int nImageWidth, int nImageHeight, int nX1, int nY1,
+                             int nX2, int nY2, bool bColumnLines, double* pdX, double* pdY,
+                             double dThreshold);
 
 } // namespace orvex
 

@@ -15,7 +15,7 @@ constexpr int nFirstPair = 13;
 constexpr int nSecondPair = 2911;
 static_assert(nSecondPair + 4 == ORVEX_CALIBRATION_SIZE);
 
-// Calibrated lens travel between the pair's two positions, and at the first of them.
+// The line runs through the pair's first number at dFirstPosition; dTravel lies between the two.
 constexpr double dTravel = 0.176879;
 constexpr double dFirstPosition = 0.179622;
 

@@ -29,13 +29,12 @@ unsigned int getAlign(unsigned char* pMasterRGB, unsigned char* pSlaveRGB, doubl
     if (pCalibData != nullptr) // the key is derived from it
         WriteRecordFile(tRecord, pCalibData, reinterpret_cast<unsigned char*>(pOutFile));
     std::free(pMasterRGB);
-    std::free(pSlaveRGB);
+    if (pSlaveRGB != pMasterRGB) // one picture measured against itself
+        std::free(pSlaveRGB);
     if (nStatus != ORVEX_OK)
         return nStatus;
-    bool bOutOfRange = false;
-    for (double* const pAngle : {pRx, pRy, pRz}) {
+    for (double* const pAngle : {pRx, pRy, pRz})
         *pAngle = RescaledAngle(*pAngle);
-        bOutOfRange = bOutOfRange || IsOutOfRange(*pAngle);
-    }
-    return bOutOfRange ? ORVEX_ANGLE_OUT_OF_RANGE : ORVEX_OK;
+    return IsOutOfRange(*pRx) || IsOutOfRange(*pRy) || IsOutOfRange(*pRz) ? ORVEX_ANGLE_OUT_OF_RANGE
+                                                                          : ORVEX_OK;
 }

@@ -31,16 +31,15 @@ int EncryptRecord(const _AFPROTECT& tRecord, const unsigned char* pCalibData, un
     return nVersionBytes + nContainer;
 }
 
-// Returns 0 or the system's error number.
-int WriteFile(const unsigned char* pBytes, int nBytes) {
+// False, with the reason in errno, unless all bytes are in the file.
+bool WriteFile(const unsigned char* pBytes, int nBytes) {
     std::FILE* const pFile = std::fopen(szRecordFile, "w+");
     if (pFile == nullptr)
-        return errno;
+        return false;
     const auto nSize = static_cast<std::size_t>(nBytes);
-    int nError = std::fwrite(pBytes, 1, nSize, pFile) == nSize ? 0 : errno;
-    if (std::fclose(pFile) != 0 && nError == 0) // the bytes reach the disk here
-        nError = errno;
-    return nError;
+    const bool bTaken = std::fwrite(pBytes, 1, nSize, pFile) == nSize;
+    const bool bWritten = std::fclose(pFile) == 0; // the bytes reach the disk here
+    return bTaken && bWritten;
 }
 
 } // namespace
@@ -50,9 +49,8 @@ void WriteRecordFile(const _AFPROTECT& tRecord, const unsigned char* pCalibData,
     const int nFile = EncryptRecord(tRecord, pCalibData, aubFile);
     if (pOutFile != nullptr)
         std::memcpy(pOutFile, aubFile, static_cast<std::size_t>(nFile));
-    const int nError = WriteFile(aubFile, nFile);
-    if (nError != 0)
-        Warn(std::strerror(nError));
+    if (!WriteFile(aubFile, nFile))
+        Warn(std::strerror(errno));
     else if (nFile == 0)
         Warn("the record could not be encrypted");
 }

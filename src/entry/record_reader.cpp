@@ -40,7 +40,7 @@ unsigned int ReadRecord(const unsigned char* pCalibData, const unsigned char* pI
     int nPlain = nMostPlainBytes;
     if (!DecryptRecord(pCalibData, pInFile, nInLen, aubPlain, &nPlain))
         return ORVEX_RECORD_NOT_DECRYPTED;
-    std::memcpy(pOutRecord, pInFile, nVersionBytes);
+    std::memmove(pOutRecord, pInFile, nVersionBytes); // a host may decrypt in place
     std::memcpy(pOutRecord + nVersionBytes, aubPlain, static_cast<std::size_t>(nPlain));
     *pOutLen = nPlain + nVersionBytes;
     if (RecordChecksum(aubPlain) != aubPlain[nChecksumAt])

@@ -20,7 +20,7 @@ int Orvex_Alignment_VersionInfo_Get(char* pszVersion) {
 }
 
 void Orvex_GetVersion(char* pszVersion, int nSize) {
-    // Hosts of the first generation compare against this older version; it stays behind on purpose.
+    // Older than the library's own version, on purpose.
     constexpr char szVersion[] = "v1313.40.9.1";
     if (pszVersion != nullptr && nSize > 0)
         std::memcpy(pszVersion, szVersion,

@@ -59,11 +59,7 @@ Range FindBarBand(std::span<const double> adHistogram, double dCentre, double dE
     const auto IsBar = [&](std::int64_t i) { return adHistogram[static_cast<std::size_t>(i)] > dSparseLine; };
     Range t = InsideOf(adHistogram, EntriesAround(dCentre, dExtent / 3));
     t.nFirst = std::max<std::int64_t>(t.nFirst, 1);
-    while (!t.IsEmpty() && !IsBar(t.nFirst))
-        ++t.nFirst;
-    while (!t.IsEmpty() && !IsBar(t.nLast))
-        --t.nLast;
-    return t;
+    return Trimmed(t, IsBar);
 }
 
 } // namespace orvex

@@ -18,11 +18,7 @@ double EdgeDistance(GreyLine tLine, std::int64_t nDark, std::int64_t nNeighbour,
 std::optional<double> DarkRunCentre(GreyLine tLine, Range tRange, double dThreshold) {
     const int nThreshold = ToInt(dThreshold);
     const auto IsDark = [&](std::int64_t n) { return tLine.tPixels[n] <= nThreshold; };
-    Range t = tRange;
-    while (!t.IsEmpty() && !IsDark(t.nFirst))
-        ++t.nFirst;
-    while (!t.IsEmpty() && !IsDark(t.nLast))
-        --t.nLast;
+    const Range t = Trimmed(tRange, IsDark);
     if (t.IsEmpty())
         return std::nullopt;
     const double dLeading =

@@ -1,7 +1,5 @@
 #include "image/binary_window.h"
 
-#include "core/to_integer.h"
-
 namespace orvex {
 namespace {
 

@@ -1,7 +1,7 @@
 #include "Orvex_Alignment_Stages.h"
 
 #include "core/camera.h"
-#include "core/plane.h"
+#include "core/line_scan.h"
 #include "image/edge_scan.h"
 
 using namespace orvex;
@@ -46,21 +46,14 @@ std::int64_t StartCoordinate(std::int64_t nCenter, std::int64_t nOffset, bool bU
     return nCenter + nOffset >= nSize - 2 ? nSize - 3 : nCenter + nOffset;
 }
 
-// Scans from nStart to the border with a segment of 5 pixels around nAcross. A scan that would leave the
-// picture finds nothing.
+// Scans from nStart to the border with a segment of 5 pixels around nAcross.
 bool FindFrameEdge(PlaneView tGrey, bool bRowLines, std::int64_t nAcross, std::int64_t nStart, bool bUpward,
                    int* pnEdge) {
-    const Range tAlong = bRowLines ? tGrey.tSize.Rows() : tGrey.tSize.Columns();
-    const Range tAcross = bRowLines ? tGrey.tSize.Columns() : tGrey.tSize.Rows();
-    if (!tAlong.Contains(nStart) || !tAcross.Contains({nAcross - 2, nAcross + 2}))
-        return false;
-    const int nTarget = bUpward ? static_cast<int>(tAlong.nLast) + 1 : 0;
-    const int nLine = static_cast<int>(nStart);
-    const int nFirst = static_cast<int>(nAcross) - 2, nLast = static_cast<int>(nAcross) + 2;
-    return bRowLines ? FindEdgeByLineSum(tGrey.pPixels, tGrey.tSize.nWidth, nFirst, nLine, nLast, nTarget,
-                                         true, pnEdge)
-                     : FindEdgeByLineSum(tGrey.pPixels, tGrey.tSize.nWidth, nLine, nFirst, nTarget, nLast,
-                                         false, pnEdge);
+    const int nBorder = bRowLines ? tGrey.tSize.nHeight : tGrey.tSize.nWidth;
+    const LineScan tScan = {bRowLines, {nAcross - 2, nAcross + 2}, nStart, bUpward ? nBorder : 0, false};
+    const std::optional<ScanBounds> o = BoundsInside(tGrey.tSize, tScan);
+    return o && FindEdgeByLineSum(tGrey.pPixels, tGrey.tSize.nWidth, o->nX1, o->nY1, o->nX2, o->nY2,
+                                  bRowLines, pnEdge);
 }
 
 bool FindQuadrantEdges(PlaneView tGrey, _POINTPOSITION ptCenter, const FrameSearch& tSearch,

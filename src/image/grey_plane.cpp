@@ -7,5 +7,5 @@ void GetGValueFromRGB(unsigned char* pSrc, long nImageWidth, long nImageHeight, 
     const auto nPixels = static_cast<std::int32_t>(static_cast<std::uint32_t>(nImageWidth) *
                                                    static_cast<std::uint32_t>(nImageHeight));
     if (nPixels > 0 && pSrc != nullptr && pDst != nullptr)
-        std::memcpy(pDst, pSrc, static_cast<std::size_t>(nPixels));
+        std::memmove(pDst, pSrc, static_cast<std::size_t>(nPixels));
 }

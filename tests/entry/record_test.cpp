@@ -153,7 +153,7 @@ TEST(Key, DependsOnEveryByteOfTheCalibration) {
         EXPECT_NE(aKey, aOther) << n;
         aCalibration[n] ^= 1;
     }
-    // Files written by earlier releases must stay readable: the key of this memory is fixed.
+    // A record must stay readable by later releases: this memory's key never changes.
     EXPECT_EQ(aKey, FromHex("b1aed17dfd5366c04096784b586ae5fadffd2fa0b14b40c9dfd604b80799134e"));
 }
 
