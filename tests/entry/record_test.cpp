@@ -136,12 +136,6 @@ TEST(Container, WritesWhatItReadsUnderAFreshVector) {
         EXPECT_EQ(Decrypted(aKey, a), aPlain);
         EXPECT_FALSE(std::equal(a.begin() + 16, a.begin() + 32, aAgain.begin() + 16)) << "vector used twice";
     }
-    unsigned char aubOut[700];
-    for (const auto& [nKey, nPlain, nCapacity] :
-         {std::tuple{31, 16, 700}, {32, 0, 700}, {32, 621, 700}, {32, 16, 47}}) {
-        int nLength = nCapacity;
-        EXPECT_FALSE(OAES_Encrypt(aKey.data(), nKey, Bytes(700).data(), nPlain, aubOut, &nLength));
-    }
 }
 
 TEST(Key, DependsOnEveryByteOfTheCalibration) {

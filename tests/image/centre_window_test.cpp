@@ -58,19 +58,16 @@ TEST(CentreBinarisation, UniformPictureIsWhiteWithItsThresholdStored) {
     EXPECT_DOUBLE_EQ(m_tDualCamAlignData.dBinaryThreshold_Slave, 206 * 0.6);
 }
 
-TEST(CentreBinarisation, ThresholdIsBrightSpecksGoAndTheOutsideIsWhite) {
-    Plane tGrey(1728, 972, 0);
-    tGrey.Fill(475, 267, 1252, 704, 200).Fill(600, 400, 640, 420, 0);
-    tGrey.At(620, 410) = 200;                                          // enclosed by dark
-    tGrey.At(800, 500) = 0;                                            // alone in white
-    tGrey.Fill(900, 450, 909, 459, 121).Fill(920, 450, 929, 459, 122); // around the threshold, 121.8
-    Plane tBinary = Binarised(tGrey, true);
+TEST(CentreBinarisation, TheThresholdIsBrightAndSpecksGo) {
+    Plane tGrey(1728, 972, 200);
+    tGrey.Fill(600, 400, 640, 420, 0).Fill(900, 450, 909, 459, 121).Fill(920, 450, 929, 459, 122);
+    tGrey.At(620, 410) = 200; // enclosed by dark
+    tGrey.At(800, 500) = 0;   // alone in white
+    Plane tBinary = Binarised(tGrey, true); // threshold 121.8
     EXPECT_EQ(tBinary.At(620, 410), 0);
     EXPECT_EQ(tBinary.At(800, 500), 255);
     EXPECT_EQ(tBinary.At(905, 455), 0);
     EXPECT_EQ(tBinary.At(925, 455), 255);
-    for (const auto& [x, y] : {std::pair{474, 500}, {1253, 500}, {800, 266}, {800, 705}})
-        EXPECT_EQ(tBinary.At(x, y), 255) << x << ", " << y;
 }
 
 TEST(CleanSpecks, VisitsInPlaceInRasterOrderAndWrapsAtTheBorder) {
