@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <psa/crypto.h>
+#include <span>
 
 namespace orvex {
 namespace {
@@ -29,28 +30,33 @@ private:
     bool m_bUsable = false;
 };
 
+// Both directions take their arguments alike.
+using Cipher = decltype(&psa_cipher_encrypt);
+
+bool Run(Cipher pCipher, psa_key_usage_t nUsage, const unsigned char* pKey, int nKey,
+         std::span<const unsigned char> aubIn, std::span<unsigned char> aubOut) {
+    const ImportedKey tKey(pKey, nKey, nUsage);
+    std::size_t nWritten = 0;
+    return tKey.IsUsable() &&
+           pCipher(tKey.Id(), PSA_ALG_CBC_NO_PADDING, aubIn.data(), aubIn.size(), aubOut.data(),
+                   aubOut.size(), &nWritten) == PSA_SUCCESS &&
+           nWritten == aubOut.size();
+}
+
 } // namespace
 
 bool EncryptBlocks(const unsigned char* pKey, int nKey, const unsigned char* pPlain, int nBytes,
                    unsigned char* pVectorAndBlocks) {
-    const ImportedKey tKey(pKey, nKey, PSA_KEY_USAGE_ENCRYPT);
     const auto nPlain = static_cast<std::size_t>(nBytes);
-    std::size_t nWritten = 0;
-    return tKey.IsUsable() &&
-           psa_cipher_encrypt(tKey.Id(), PSA_ALG_CBC_NO_PADDING, pPlain, nPlain, pVectorAndBlocks,
-                              nAesBlock + nPlain, &nWritten) == PSA_SUCCESS &&
-           nWritten == nAesBlock + nPlain;
+    return Run(psa_cipher_encrypt, PSA_KEY_USAGE_ENCRYPT, pKey, nKey, {pPlain, nPlain},
+               {pVectorAndBlocks, nAesBlock + nPlain});
 }
 
 bool DecryptBlocks(const unsigned char* pKey, int nKey, const unsigned char* pVectorAndBlocks, int nBytes,
                    unsigned char* pPlain) {
-    const ImportedKey tKey(pKey, nKey, PSA_KEY_USAGE_DECRYPT);
     const auto nPlain = static_cast<std::size_t>(nBytes);
-    std::size_t nWritten = 0;
-    return tKey.IsUsable() &&
-           psa_cipher_decrypt(tKey.Id(), PSA_ALG_CBC_NO_PADDING, pVectorAndBlocks, nAesBlock + nPlain, pPlain,
-                              nPlain, &nWritten) == PSA_SUCCESS &&
-           nWritten == nPlain;
+    return Run(psa_cipher_decrypt, PSA_KEY_USAGE_DECRYPT, pKey, nKey, {pVectorAndBlocks, nAesBlock + nPlain},
+               {pPlain, nPlain});
 }
 
 } // namespace orvex

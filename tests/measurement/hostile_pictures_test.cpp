@@ -128,6 +128,7 @@ TEST(HostilePictures, StagesRefuseNullAndUnusableSizes) {
     EXPECT_EQ(DualCamAlign_BinaryImageFrame(&ub, nullptr, 1, 1, 0, 0, p, p, p, p, 1), 0x101001E);
     EXPECT_EQ(DualCamAlign_NewMeasureRDPnt(nullptr, &ub, 1, 1, 0, 0, p, p, p, p, 1), 0x1010022u);
     Picture tChart = UprightChart();
+    DualCamAlign_LoadParameters_ForAndroid();
     m_pCMainView = {{}, nullptr, 1728, 972, 1728, 972};
     EXPECT_EQ(DualCamAlign_Calculation(nullptr, tChart.aPixels.data()), 0x1010004u);
     EXPECT_EQ(DualCamAlign_Calculation(tChart.aPixels.data(), nullptr), 0x1010005u);
