@@ -12,8 +12,9 @@ setup:
 
 build-%: setup
 	@cmake --preset $* --log-level=NOTICE
-	@cmake --build --preset $* -j $(JOBS)
+	@cmake --build --preset $* -j $(JOBS) --target $(or $(TARGET),all)
 
+demo: TARGET = orvex-align
 demo: build-release
 	@build/release/tools/orvex-align render --out demo --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
 	  --rx 0.62 --ry -0.45 --rz 0.81 --blur 0.8 --noise 2 --seed 7
