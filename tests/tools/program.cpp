@@ -1,6 +1,5 @@
 #include "tools/program.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -9,12 +8,8 @@
 namespace program {
 
 Program::Program() {
-    std::string strName = (std::filesystem::temp_directory_path() / "orvex-tools-XXXXXX").string();
+    std::string strName = testing::TempDir() + "orvex-tools-XXXXXX";
     m_tFolder = mkdtemp(strName.data());
-}
-
-Program::~Program() {
-    std::filesystem::remove_all(m_tFolder);
 }
 
 Outcome Program::Run(const std::string& strArguments, const std::string& strBefore) const {
@@ -24,13 +19,21 @@ Outcome Program::Run(const std::string& strArguments, const std::string& strBefo
     return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, Read("out"), Read("err")};
 }
 
-void Program::Render(const std::string& strOut, const std::string& strOptions) const {
+void Program::ExpectRefused(int nExit, const Refusal& t, const std::string& strBefore) const {
+    const Outcome tOutcome = Run(t.strArguments, strBefore);
+    EXPECT_EQ(tOutcome.nExit, nExit) << t.strArguments;
+    EXPECT_EQ(tOutcome.strOut, "");
+    for (const std::string& strPart : t.aTold)
+        EXPECT_NE(tOutcome.strErr.find(strPart), std::string::npos) << strPart << " in " << tOutcome.strErr;
+}
+
+void Program::Render(const std::string& strOptions, const std::string& strOut) const {
     const Outcome t = Run("render --out " + strOut + " " + strOptions);
     ASSERT_EQ(t.nExit, 0) << t.strErr;
 }
 
 Outcome Program::Measure(const std::string& strPictures, const std::string& strOptions) const {
-    return Run("measure " + strPictures + " --calibration pair/calibration.bin " + strOptions);
+    return Run("measure " + strPictures + " --calibration calibration.bin " + strOptions);
 }
 
 Json Program::MeasureAsJson(const std::string& strPictures, const std::string& strOptions) const {
@@ -42,29 +45,12 @@ Json Program::MeasureAsJson(const std::string& strPictures, const std::string& s
 }
 
 void Program::Write(const std::string& strFile, const std::string& strBytes) const {
-    std::ofstream(Path(strFile), std::ios::binary) << strBytes;
-}
-
-void Program::Write(const std::string& strFile, const support::Plane& t) const {
-    Write(strFile, "P5\n" + std::to_string(t.nColumns) + " " + std::to_string(t.nRows) + "\n255\n" +
-                       std::string(t.aPixels.begin(), t.aPixels.end()));
+    std::ofstream(m_tFolder / strFile, std::ios::binary) << strBytes;
 }
 
 std::string Program::Read(const std::string& strFile) const {
-    std::ifstream tFile(Path(strFile), std::ios::binary);
+    std::ifstream tFile(m_tFolder / strFile, std::ios::binary);
     return {std::istreambuf_iterator<char>(tFile), {}};
-}
-
-Json Program::ReadJson(const std::string& strFile) const {
-    return Json::parse(Read(strFile));
-}
-
-std::vector<std::string> Program::NamesIn(const std::string& strFolder) const {
-    std::vector<std::string> a;
-    for (const auto& t : std::filesystem::directory_iterator(Path(strFolder)))
-        a.push_back(t.path().filename());
-    std::ranges::sort(a);
-    return a;
 }
 
 } // namespace program

@@ -19,30 +19,29 @@ struct Outcome {
     std::string strErr;
 };
 
+struct Refusal {
+    std::string strArguments;
+    std::vector<std::string> aTold; // parts of the message
+};
+
 // Runs the program as people do, through the shell, in a fresh folder of its own.
 class Program : public testing::Test {
 protected:
     Program();
-    ~Program() override;
+    ~Program() override { std::filesystem::remove_all(m_tFolder); }
 
     // strArguments as typed, with redirections if need be; strBefore: shell commands that set the scene.
     Outcome Run(const std::string& strArguments, const std::string& strBefore = ":") const;
-
-    // Renders a pair into the folder strOut; must succeed.
-    void Render(const std::string& strOut, const std::string& strOptions = "") const;
-
-    // Measures with the calibration of the pair in "pair".
+    // Must end with that exit code and with nothing but the message.
+    void ExpectRefused(int nExit, const Refusal& t, const std::string& strBefore = ":") const;
+    void Render(const std::string& strOptions = "", const std::string& strOut = ".") const; // must succeed
+    // Measures with the calibration of the pair rendered here.
     Outcome Measure(const std::string& strPictures, const std::string& strOptions = "") const;
     Json MeasureAsJson(const std::string& strPictures, const std::string& strOptions = "") const;
 
     void Write(const std::string& strFile, const std::string& strBytes) const;
-    void Write(const std::string& strFile, const support::Plane& t) const;
     std::string Read(const std::string& strFile) const;
-    Json ReadJson(const std::string& strFile) const;
-    std::vector<std::string> NamesIn(const std::string& strFolder) const; // in order
-    std::filesystem::path Path(const std::string& strName) const { return m_tFolder / strName; }
 
-private:
     std::filesystem::path m_tFolder;
 };
 
