@@ -61,8 +61,8 @@ TEST(CentreBinarisation, UniformPictureIsWhiteWithItsThresholdStored) {
 TEST(CentreBinarisation, TheThresholdIsBrightAndSpecksGo) {
     Plane tGrey(1728, 972, 200);
     tGrey.Fill(600, 400, 640, 420, 0).Fill(900, 450, 909, 459, 121).Fill(920, 450, 929, 459, 122);
-    tGrey.At(620, 410) = 200; // enclosed by dark
-    tGrey.At(800, 500) = 0;   // alone in white
+    tGrey.At(620, 410) = 200;               // enclosed by dark
+    tGrey.At(800, 500) = 0;                 // alone in white
     Plane tBinary = Binarised(tGrey, true); // threshold 121.8
     EXPECT_EQ(tBinary.At(620, 410), 0);
     EXPECT_EQ(tBinary.At(800, 500), 255);

@@ -63,14 +63,3 @@ TEST(EdgeScan, FindsTheFirstLastingStep) {
     for (const auto& t : at)
         EXPECT_EQ(EdgeOf(t.aValues, t.nStart, t.nTarget), t.nEdge) << t.szCase;
 }
-
-TEST(EdgeScan, SumsTheSegmentOfRowsAndOfColumns) {
-    Plane t(12, 9, 100);
-    t.Fill(8, 0, 11, 8, 110).Fill(0, 6, 11, 8, 110); // 5 pixels x 10 levels = 50
-    int nEdge = nNone;
-    EXPECT_TRUE(orvex::FindEdgeByLineSum(t.Data(), 12, 1, 1, 5, 9, true, &nEdge));
-    EXPECT_EQ(nEdge, 6);
-    EXPECT_TRUE(orvex::FindEdgeByLineSum(t.Data(), 12, 2, 1, 12, 5, false, &nEdge));
-    EXPECT_EQ(nEdge, 8);
-    EXPECT_FALSE(orvex::FindEdgeByLineSum(t.Data(), 12, 2, 5, 12, 1, false, &nEdge)) << "empty segment";
-}

@@ -120,11 +120,7 @@ TEST_F(FrameBinarisation, BlackensPieceByPieceUntilOneFails) {
     EXPECT_EQ(tBinary.At(9, 12), 255);
     EXPECT_EQ(tBinary.At(10, 20), 255);
 
-    for (const auto& [cx, cy] : {std::pair{10, 50}, {101, 50}, {50, 500}, {INT32_MIN, INT32_MAX}}) {
-        Plane tUntouched = tWhite;
-        EXPECT_EQ(Run(tUntouched, cx, cy, 1), 0x101001E) << cx << ", " << cy;
-        if (cx == 10) {
-            EXPECT_EQ(tUntouched.aPixels, tWhite.aPixels) << "the first piece is empty";
-        }
-    }
+    Plane tUntouched = tWhite;
+    EXPECT_EQ(Run(tUntouched, 10, 50, 1), 0x101001E) << "the first piece is empty";
+    EXPECT_EQ(tUntouched.aPixels, tWhite.aPixels);
 }

@@ -79,15 +79,3 @@ TEST(Accuracy, UprightChartWithoutNoiseMeasuresNoAngle) {
         EXPECT_NEAR(d, 0.0, 0.005);
     EXPECT_EQ(Align(UprightChart(), UprightChart()).dRx, 0.0) << "exactly vertical sides";
 }
-
-TEST(Accuracy, SlaveLargerThanMasterIsMeasured) {
-    chart::PairSetup t;
-    t.tSlave = {2000, 1200, 1900.0, 999.5, 599.5};
-    t.tRelativePose = {0.5, -0.6, 0.7};
-    const chart::Pair tPair = chart::RenderPair(t);
-    const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
-    ASSERT_EQ(tResult.nStatus, 0u);
-    EXPECT_NEAR(tResult.dRx, 0.5, 0.05);
-    EXPECT_NEAR(tResult.dRy, -0.6, 0.05);
-    EXPECT_NEAR(tResult.dRz, 0.7, 0.05);
-}

@@ -9,7 +9,8 @@ using namespace support;
 
 namespace {
 
-// Pairs of all kinds: clean, noisy, covered, of other sizes, passing and failing.
+// Pairs of all kinds: clean, noisy, covered, with a slave smaller or larger than the master, passing and
+// failing.
 chart::Pair VariedPair(unsigned int nPair) {
     Random t(nPair);
     chart::PairSetup tSetup;

@@ -56,18 +56,6 @@ TEST(State, AfterAnotherPairTheSamePairGivesTheSameBits) {
     }
 }
 
-TEST(State, FailedMeasurementLeavesAnglesAndRecordAlone) {
-    std::vector<unsigned char> aPaper = Paper().aPixels, aCalibration = Calibration();
-    double dRx = 5, dRy = 5, dRz = 5;
-    _AFPROTECT tRecord;
-    std::memset(&tRecord, 0x77, sizeof tRecord);
-    ASSERT_NE(Orvex_Alignment_ForAndroid(aPaper.data(), aPaper.data(), 1728, 972, 1728, 972, &dRx, &dRy, &dRz,
-                                         aCalibration.data(), &tRecord),
-              0u);
-    EXPECT_EQ(dRx, 5);
-    EXPECT_EQ(tRecord.ubVersionMajor, 0x77);
-}
-
 TEST(State, WorkingBufferCanBeReadAfterTheRun) {
     const Picture tChart = UprightChart();
     Measure(tChart, tChart);
