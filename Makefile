@@ -3,7 +3,7 @@
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev nlohmann-json3-dev
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan setup clean
+.PHONY: all demo test test-clang test-asan bench setup clean
 
 all: build-release
 
@@ -31,6 +31,11 @@ test-clang:
 
 test-asan: build-asan
 	@ctest --preset asan -j $(JOBS)
+
+bench:
+	@./cmake/install-packages.sh libbenchmark-dev
+	@$(MAKE) --no-print-directory build-bench TARGET=measure_bench
+	@build/bench/bench/measure_bench
 
 clean:
 	@rm -rf build demo
