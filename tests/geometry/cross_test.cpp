@@ -4,6 +4,7 @@
 #include "geometry/dark_histograms.h"
 #include "geometry/dark_run.h"
 #include "support/plane.h"
+#include "support/random.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -108,6 +109,28 @@ TEST(Centroid, ConvergesOnTheBarsAndRunsOnAsNan) {
     const Range tBand = FindBarBand(adRows, t.dY, 305);
     EXPECT_EQ(tBand.nFirst, 481);
     EXPECT_EQ(tBand.nLast, 490);
+}
+
+TEST(BubbleSort, GivesWhatBubblePassesGive) {
+    support::Random t(4);
+    for (int nCount = 0; nCount < 300; ++nCount) {
+        std::vector<double> adValues, adPasses;
+        std::vector<unsigned short> auwIndex, auwPasses;
+        for (int i = 0; i < nCount; ++i) { // many ties, and now and then a NaN
+            adValues.push_back(nCount % 3 == 0 && t.Int(0, 9) == 0 ? std::nan("") : t.Int(-3, nCount / 4));
+            auwIndex.push_back(static_cast<unsigned short>(i));
+        }
+        adPasses = adValues;
+        auwPasses = auwIndex;
+        for (int nLast = nCount - 1; nLast >= 1; --nLast)
+            for (std::size_t j = 0; j < static_cast<std::size_t>(nLast); ++j)
+                if (adPasses[j] < adPasses[j + 1]) {
+                    std::swap(adPasses[j], adPasses[j + 1]);
+                    std::swap(auwPasses[j], auwPasses[j + 1]);
+                }
+        bubblesort(adValues.data(), auwIndex.data(), nCount);
+        EXPECT_EQ(auwIndex, auwPasses) << nCount;
+    }
 }
 
 TEST(DarkRun, InterpolatesAtTheFullThresholdBeyondTheRange) {
