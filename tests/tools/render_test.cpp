@@ -13,6 +13,7 @@ TEST_F(RenderCommand, TruthTellsEveryOptionOfThePair) {
     EXPECT_EQ(tTruth["slave"]["pose_deg"], Json({{"rx", 1.1}, {"ry", 2.2}, {"rz", 3.4}}));
     const Json tTold = {{"width_px", 800},
                         {"height_px", 600},
+                        {"focal_length_px", 1900 * (800 / 1728.)}, // the same field of view
                         {"blur_sigma_px", 1.5},
                         {"noise_sigma_grey", 2.5},
                         {"vignetting_share", 0.25},
