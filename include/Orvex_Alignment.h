@@ -103,7 +103,8 @@ extern ORVEX_API const unsigned char AF_ProtectVersion[2];
 /* Measures one pair.
  *
  *   pMasterRGB, pSlaveRGB  pictures from malloc; getAlign takes ownership and frees both on every path. The
- *                          first width x height bytes are the 8-bit plane that is measured.
+ *                          first width x height bytes are the 8-bit plane that is measured. Both may be
+ *                          one buffer: a picture measured against itself.
  *   pRx, pRy, pRz          out: slave's rotation against the master, degrees, rescaled: with t the angle
  *                          truncated to an integer, angles with t = 0 (magnitude below 1.0) are kept, all
  *                          others are compressed toward +-0.2 by the factor 1.8 / 2.3. Written on success
