@@ -1,9 +1,9 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
-PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev nlohmann-json3-dev
+PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config nlohmann-json3-dev
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan bench setup clean
+.PHONY: all demo test test-clang test-asan install bench setup clean
 
 all: build-release
 
@@ -31,6 +31,10 @@ test-clang:
 
 test-asan: build-asan
 	@ctest --preset asan -j $(JOBS)
+
+# PREFIX: where to, /usr/local if not given.
+install: build-release
+	@cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
 
 bench:
 	@./cmake/install-packages.sh libbenchmark-dev
