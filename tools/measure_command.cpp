@@ -2,6 +2,7 @@
 
 #include "calibration.h"
 #include "console.h"
+#include "option_checks.h"
 #include "report.h"
 
 #include <memory>
@@ -10,7 +11,7 @@ namespace tools {
 namespace {
 
 struct Options {
-    std::string strMaster, strSlave, strCalibration, strTruth;
+    std::string strMaster, strSlave, strCalibration, strTruth, strRaw, strSlaveRaw;
     bool bJson = false;
 };
 
@@ -18,8 +19,15 @@ PictureNote NoteOf(const Picture& t) {
     return {t.strFile, t.nColumns, t.nRows};
 }
 
+std::optional<PictureSize> SizeGiven(const char* szOption, const std::string& str) {
+    return str.empty() ? std::nullopt : std::optional(ParsedSize(szOption, str));
+}
+
 Report Run(const Options& t) {
-    const Picture tMaster = ReadPicture(t.strMaster), tSlave = ReadPicture(t.strSlave);
+    const std::optional<PictureSize> oRaw = SizeGiven("--raw", t.strRaw),
+                                     oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
+    const Picture tMaster = ReadPicture(t.strMaster, oRaw),
+                  tSlave = ReadPicture(t.strSlave, oSlaveRaw ? oSlaveRaw : oRaw);
     const std::string strCalibration = ReadCalibration(t.strCalibration);
     std::optional<Truth> oTruth;
     if (!t.strTruth.empty())
@@ -43,10 +51,13 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand(
         "measure", "Measures a pair and shows the slave camera's rotation against the master's.");
-    tCommand.add_option("MASTER", pOptions->strMaster, "The master camera's picture: 8-bit binary PGM")
+    tCommand
+        .add_option("MASTER", pOptions->strMaster,
+                    "The master camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
         ->type_name("");
-    tCommand.add_option("SLAVE", pOptions->strSlave, "The slave camera's picture: 8-bit binary PGM")
+    tCommand
+        .add_option("SLAVE", pOptions->strSlave, "The slave camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
         ->type_name("");
     tCommand
@@ -54,6 +65,18 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
                     "The module's calibration memory, at least 2915 bytes")
         ->required()
         ->type_name("FILE");
+    CLI::Option* const pRaw =
+        tCommand
+            .add_option(
+                "--raw", pOptions->strRaw,
+                "Both files are raw: their first width x height bytes are the plane, as in a YUV 4:2:0 "
+                "or NV21 frame; size in px, such as 1728x972")
+            ->type_name("WxH");
+    tCommand
+        .add_option("--raw-slave", pOptions->strSlaveRaw,
+                    "With --raw: size of the slave's plane in px, if it differs")
+        ->needs(pRaw)
+        ->type_name("WxH");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
     tCommand
         .add_option("--truth", pOptions->strTruth,

@@ -52,7 +52,7 @@ chart::PairSetup SetupOf(const Options& t) {
     CheckPose("x", tSlave.dRx);
     CheckPose("y", tSlave.dRy);
     CheckPose("z", tSlave.dRz);
-    const PictureSize tSize = ParsedSize(t.strSize);
+    const PictureSize tSize = ParsedSize("--size", t.strSize);
     chart::PairSetup tSetup;
     tSetup.tMaster = chart::ScaledTo(chart::DefaultMaster(), tSize.nColumns, tSize.nRows);
     tSetup.tSlave = chart::ScaledTo(chart::DefaultSlave(), tSize.nColumns, tSize.nRows);
