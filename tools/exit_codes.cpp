@@ -6,8 +6,8 @@
 
 namespace tools {
 
-const char* MeaningOf(ExitCode tExit) {
-    return std::ranges::find(kMeasureExits, tExit, &ExitMeaning::tExit)->szMeaning;
+const char* MeaningOf(ExitCode tExit, std::span<const ExitMeaning> aMeanings) {
+    return std::ranges::find(aMeanings, tExit, &ExitMeaning::tExit)->szMeaning;
 }
 
 std::string ExitCodesHelp(std::span<const ExitMeaning> aMeanings) {

@@ -1,5 +1,6 @@
 #include "exit_codes.h"
 #include "measure_command.h"
+#include "record_command.h"
 #include "render_command.h"
 #include "tool_error.h"
 #include "versions.h"
@@ -25,7 +26,7 @@ std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
     const std::vector<std::string> aUnknown = tCommand.remaining();
     if (!aUnknown.empty())
         return "\"" + aUnknown.front() + "\" is not understood";
-    return tCommand.get_parent() == nullptr ? "name a command, measure or render" : tError.what();
+    return tCommand.get_parent() == nullptr ? "name a command, measure, record or render" : tError.what();
 }
 
 std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
@@ -43,7 +44,9 @@ ExitCode Fail(const std::string& strMessage) {
 
 ExitCode Run(int nArguments, const char* const* aszArguments) {
     ExitCode tExit = kWrongUsage;
-    CLI::App tApp("Measures pictures of the alignment chart and renders such pictures.", "orvex-align");
+    CLI::App tApp("Measures pictures of the alignment chart, reads the records of measurements and renders "
+                  "such pictures.",
+                  "orvex-align");
     tApp.set_version_flag("--version", [] {
         return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
     });
@@ -51,6 +54,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     tApp.footer("Each command has its own --help with options, example and exit codes.");
     tApp.require_subcommand(1);
     AddMeasureCommand(tApp, tExit);
+    AddRecordCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
     try {
         tApp.parse(nArguments, aszArguments);

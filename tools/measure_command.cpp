@@ -2,8 +2,10 @@
 
 #include "calibration.h"
 #include "console.h"
+#include "files.h"
 #include "option_checks.h"
 #include "report.h"
+#include "tool_error.h"
 
 #include <memory>
 
@@ -11,7 +13,7 @@ namespace tools {
 namespace {
 
 struct Options {
-    std::string strMaster, strSlave, strCalibration, strTruth, strRaw, strSlaveRaw;
+    std::string strMaster, strSlave, strCalibration, strTruth, strRaw, strSlaveRaw, strRecord;
     bool bJson = false;
 };
 
@@ -21,6 +23,13 @@ PictureNote NoteOf(const Picture& t) {
 
 std::optional<PictureSize> SizeGiven(const char* szOption, const std::string& str) {
     return str.empty() ? std::nullopt : std::optional(ParsedSize(szOption, str));
+}
+
+void WriteRecord(const std::string& strFile, const std::string& strRecord) {
+    if (strRecord.empty())
+        throw ToolError(strFile, "is not written, because the record could not be encrypted",
+                        "Measure again, and tell the maker if it stays so");
+    WriteFiles({{strFile, strRecord}});
 }
 
 Report Run(const Options& t) {
@@ -33,7 +42,10 @@ Report Run(const Options& t) {
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
     const Measurement tMeasurement = Measure(tMaster, tSlave, strCalibration);
-    return {NoteOf(tMaster), NoteOf(tSlave), t.strCalibration, tMeasurement, VerdictOf(tMeasurement), oTruth};
+    if (!t.strRecord.empty())
+        WriteRecord(t.strRecord, tMeasurement.strRecord);
+    return {NoteOf(tMaster),         NoteOf(tSlave), t.strCalibration, t.strRecord, tMeasurement,
+            VerdictOf(tMeasurement), oTruth};
 }
 
 ExitCode Show(const Options& t) {
@@ -78,6 +90,12 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
         ->needs(pRaw)
         ->type_name("WxH");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
+    tCommand
+        .add_option(
+            "--record", pOptions->strRecord,
+            "Also write the autofocus record file, encrypted for this module; all zeros inside if the "
+            "chart could not be measured")
+        ->type_name("FILE");
     tCommand
         .add_option("--truth", pOptions->strTruth,
                     "Also compare with the truth.json of a rendered pair (differences in degrees and px)")
