@@ -12,7 +12,7 @@ const char* MeaningOf(ExitCode tExit, std::span<const ExitMeaning> aMeanings) {
 
 std::string ExitCodesHelp(std::span<const ExitMeaning> aMeanings) {
     std::ostringstream tHelp;
-    tHelp << "Exit codes:\n";
+    tHelp << "EXIT CODES\n";
     for (const ExitMeaning& t : aMeanings)
         tHelp << std::setw(4) << t.tExit << "  " << t.szMeaning << '\n';
     return tHelp.str();

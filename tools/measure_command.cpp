@@ -54,15 +54,25 @@ ExitCode Show(const Options& t) {
     return tReport.tVerdict.tExit;
 }
 
-constexpr char szExample[] = "Example:\n"
-                             "  orvex-align measure master.pgm slave.pgm --calibration calibration.bin\n\n";
+constexpr char szDescription[] =
+    "measures the slave camera's rotation against the master's\n"
+    "Pictures are told by their content, not by their names: PNG with up to 8 bits per channel, JPEG, binary "
+    "PGM with 8 bits, or raw planes with --raw. Colour becomes grey by its luminance; pixels are taken as "
+    "they "
+    "lie in the file. Angles come raw, as measured, and rescaled, as the station receives them; the rescaled "
+    "ones decide.";
+
+constexpr char szExamples[] =
+    "EXAMPLES\n"
+    "  orvex-align measure master.png slave.png --calibration calibration.bin\n"
+    "  orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --calibration calibration.bin --json\n"
+    "  orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record AFProtect.txt\n\n";
 
 } // namespace
 
 void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
-    CLI::App& tCommand = *tApp.add_subcommand(
-        "measure", "Measures a pair and shows the slave camera's rotation against the master's.");
+    CLI::App& tCommand = *tApp.add_subcommand("measure", szDescription);
     tCommand
         .add_option("MASTER", pOptions->strMaster,
                     "The master camera's picture: PNG, JPEG or 8-bit binary PGM")
@@ -100,7 +110,7 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("--truth", pOptions->strTruth,
                     "Also compare with the truth.json of a rendered pair (differences in degrees and px)")
         ->type_name("FILE");
-    tCommand.footer(szExample + ExitCodesHelp(kMeasureExits));
+    tCommand.footer(szExamples + ExitCodesHelp(kMeasureExits));
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
 }
 

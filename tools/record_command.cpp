@@ -21,15 +21,23 @@ ExitCode Show(const Options& t) {
     return tReport.tJudgement.tExit;
 }
 
-constexpr char szExample[] = "Example:\n"
-                             "  orvex-align record AFProtect.txt --calibration calibration.bin\n\n";
+constexpr char szDescription[] =
+    "decrypts an autofocus record file and shows its fields\n"
+    "A measurement leaves the record, encrypted for its module. The library's reader decrypts it with a key "
+    "that "
+    "it makes from the module's calibration memory, checks its checksum, and compares its focus lines with "
+    "the "
+    "calibration's. If it refuses the record, the answer tells which check did and what to try.";
+
+constexpr char szExamples[] = "EXAMPLES\n"
+                              "  orvex-align record AFProtect.txt --calibration calibration.bin\n"
+                              "  orvex-align record AFProtect.txt --calibration calibration.bin --json\n\n";
 
 } // namespace
 
 void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
-    CLI::App& tCommand = *tApp.add_subcommand(
-        "record", "Decrypts an autofocus record file and shows its fields, or tells which check refused it.");
+    CLI::App& tCommand = *tApp.add_subcommand("record", szDescription);
     tCommand
         .add_option("FILE", pOptions->strFile,
                     "The record file: AFProtect.txt of a phone, or measure --record's")
@@ -41,7 +49,7 @@ void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
         ->required()
         ->type_name("FILE");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
-    tCommand.footer(szExample + ExitCodesHelp(kRecordExits));
+    tCommand.footer(szExamples + ExitCodesHelp(kRecordExits));
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
 }
 
