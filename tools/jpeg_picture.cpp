@@ -25,18 +25,18 @@ const unsigned char* Bytes(std::string_view str) {
     return reinterpret_cast<const unsigned char*>(str.data());
 }
 
-ToolError Damaged(const std::string& strFile, const Decoder& pDecoder) {
+ToolError NotDecoded(const std::string& strFile, const Decoder& pDecoder) {
     return {strFile,
-            std::string("is a JPEG picture that is cut off or damaged (") + tjGetErrorStr2(pDecoder.get()) +
-                ")",
-            "Copy or record the picture again"};
+            std::string("is a JPEG picture that is cut off, damaged or of a rare kind (") +
+                tjGetErrorStr2(pDecoder.get()) + ")",
+            "Copy the picture again; if it stays so, record it as PNG or as plain 8-bit JPEG"};
 }
 
 PictureSize SizeOf(const std::string& strFile, std::string_view strBytes, const Decoder& pDecoder) {
     int nColumns = 0, nRows = 0, nSubsampling = 0, nColours = 0;
     if (tjDecompressHeader3(pDecoder.get(), Bytes(strBytes), strBytes.size(), &nColumns, &nRows,
                             &nSubsampling, &nColours) != 0)
-        throw Damaged(strFile, pDecoder);
+        throw NotDecoded(strFile, pDecoder);
     if (nColumns < 1 || nRows < 1) // tables alone are a valid file, too
         throw ToolError(strFile, "is a JPEG picture that ends before its size",
                         "Copy or record the picture again");
@@ -60,7 +60,7 @@ Picture DecodeJpeg(const std::string& strFile, std::string_view strBytes) {
     if (tjDecompress2(pDecoder.get(), Bytes(strBytes), strBytes.size(),
                       reinterpret_cast<unsigned char*>(strGrey.data()), tSize.nColumns, 0, tSize.nRows,
                       TJPF_GRAY, TJFLAG_STOPONWARNING | TJFLAG_LIMITSCANS) != 0)
-        throw Damaged(strFile, pDecoder);
+        throw NotDecoded(strFile, pDecoder);
     return {strFile, tSize.nColumns, tSize.nRows, std::move(strGrey)};
 }
 

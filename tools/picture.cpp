@@ -39,11 +39,25 @@ std::string FormatOf(const std::string& strBytes) {
 // The largest header worth reading and the largest picture.
 constexpr std::size_t nLimit = (std::size_t{1} << 16) + kMaxPixels;
 
+const char* KindOf(const std::string& strBytes) {
+    return IsPng(strBytes) ? "PNG" : IsJpeg(strBytes) ? "JPEG" : IsPgm(strBytes) ? "PGM" : nullptr;
+}
+
+// No camera's first pixels read like the start of a picture file, whose bytes would be measured as noise, or
+// as a picture that is shifted by its header.
+Picture ReadRawPlane(const std::string& strFile, PictureSize tSize) {
+    Picture t = ReadRawPicture(strFile, tSize);
+    if (const char* const szKind = KindOf(t.strGrey))
+        throw ToolError(strFile, std::string("is a ") + szKind + " picture and no raw plane",
+                        "Leave --raw out, or name raw planes");
+    return t;
+}
+
 } // namespace
 
 Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw) {
     if (oRaw)
-        return ReadRawPicture(strFile, *oRaw);
+        return ReadRawPlane(strFile, *oRaw);
     std::string strBytes = ReadFile(strFile, nLimit);
     if (IsPng(strBytes))
         return DecodePng(strFile, strBytes);

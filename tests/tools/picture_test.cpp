@@ -125,7 +125,7 @@ TEST_F(Pictures, ThatAreDamagedOrUnfitAreRefusedWithTheReason) {
         {PngOf(0, 16, PNG_COLOR_TYPE_GRAY, 0, Spread(m_strGrey, 2)), {"16 bits per channel"}},
         {PngOf(60000, 8, PNG_COLOR_TYPE_GRAY, 0, ""), {"60000 x 60000 px", "400000000"}},
         {PngOf(65536, 1, PNG_COLOR_TYPE_GRAY, 0, ""), {"65536 x 65536 px", "1 to 65535"}},
-        {strJpeg.substr(0, strJpeg.size() / 2), {"JPEG", "cut off or damaged (Premature end"}},
+        {strJpeg.substr(0, strJpeg.size() / 2), {"JPEG", "damaged or of a rare kind (Premature end"}},
         {strJpeg.substr(0, 30), {"JPEG", "ends before its size"}},
         {strHuge, {"60000 x 60000 px"}},
         {JpegOf(TJPF_CMYK, TJSAMP_444, Spread(m_strGrey, 4)), {"CMYK"}},
@@ -139,6 +139,7 @@ TEST_F(Pictures, ThatAreDamagedOrUnfitAreRefusedWithTheReason) {
     }
     const std::string strPair = "measure master.pgm master.pgm --calibration calibration.bin ";
     ExpectRefused(3, {strPair + "--raw 1728x973", {"master.pgm: is too short", "1679632", "1681344"}});
+    ExpectRefused(3, {strPair + "--raw 1728x972", {"master.pgm: is a PGM picture and no raw plane"}});
     ExpectRefused(64, {strPair + "--raw 1728x", {"--raw: \"1728x\" is not a width x height"}});
     ExpectRefused(64, {strPair + "--raw-slave 2x2", {"--raw-slave requires --raw"}});
 }
