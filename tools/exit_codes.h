@@ -11,8 +11,10 @@ namespace tools {
 enum ExitCode {
     kWithinRange = 0,
     kDone = 0, // of commands that measure nothing
+    kAccepted = 0,
     kOutOfRange = 1,
     kNotMeasured = 2,
+    kRefused = 2, // a record, by its reader
     kUnfitFile = 3,
     kWrongUsage = 64, // as sysexits.h has it, clear of the answers
 };
@@ -30,8 +32,8 @@ constexpr std::array<ExitMeaning, 5> kMeasureExits = {{
     {kWrongUsage, "wrong usage"},
 }};
 
-// Of measure.
-const char* MeaningOf(ExitCode tExit);
+// tExit is one of them.
+const char* MeaningOf(ExitCode tExit, std::span<const ExitMeaning> aMeanings);
 
 // The closing section of a command's help.
 std::string ExitCodesHelp(std::span<const ExitMeaning> aMeanings);

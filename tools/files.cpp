@@ -2,6 +2,7 @@
 
 #include "tool_error.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -76,20 +77,25 @@ void RefuseFolder(const std::string& strTarget) {
 
 } // namespace
 
-std::string ReadFile(const std::string& strFile, std::size_t nLimit) {
+std::string ReadStart(const std::string& strFile, std::size_t nBytes) {
     constexpr std::size_t nChunk = std::size_t{1} << 20;
     const File pFile(std::fopen(strFile.c_str(), "rb"));
     if (!pFile)
         throw NotRead(strFile);
     std::string strBytes;
-    for (std::size_t nRead = 1; nRead != 0 && strBytes.size() <= nLimit;) {
+    for (std::size_t nRead = 1; nRead != 0 && strBytes.size() < nBytes;) {
         const std::size_t nOld = strBytes.size();
-        strBytes.resize(nOld + nChunk);
-        nRead = std::fread(strBytes.data() + nOld, 1, nChunk, pFile.get());
+        strBytes.resize(std::min(nOld + nChunk, nBytes));
+        nRead = std::fread(strBytes.data() + nOld, 1, strBytes.size() - nOld, pFile.get());
         strBytes.resize(nOld + nRead);
     }
     if (std::ferror(pFile.get()) != 0)
         throw NotRead(strFile);
+    return strBytes;
+}
+
+std::string ReadFile(const std::string& strFile, std::size_t nLimit) {
+    std::string strBytes = ReadStart(strFile, nLimit + 1);
     if (strBytes.size() > nLimit)
         throw ToolError(strFile, "holds more than " + std::to_string(nLimit) + " bytes, the most it may have",
                         "Check that this is the right file");

@@ -10,6 +10,9 @@ namespace tools {
 // All bytes of a file of at most nLimit bytes. Throws ToolError.
 std::string ReadFile(const std::string& strFile, std::size_t nLimit);
 
+// The first nBytes bytes of a file, or all if it has fewer. Throws ToolError.
+std::string ReadStart(const std::string& strFile, std::size_t nBytes);
+
 struct NewFile {
     std::string strFile;
     std::string strBytes;

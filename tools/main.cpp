@@ -1,11 +1,14 @@
 #include "exit_codes.h"
+#include "help_page.h"
 #include "measure_command.h"
+#include "record_command.h"
 #include "render_command.h"
 #include "tool_error.h"
 #include "versions.h"
 
 #include <cstdio>
 #include <fcntl.h>
+#include <memory>
 #include <new>
 #include <unistd.h>
 
@@ -25,7 +28,7 @@ std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
     const std::vector<std::string> aUnknown = tCommand.remaining();
     if (!aUnknown.empty())
         return "\"" + aUnknown.front() + "\" is not understood";
-    return tCommand.get_parent() == nullptr ? "name a command, measure or render" : tError.what();
+    return tCommand.get_parent() == nullptr ? "name a command, measure, record or render" : tError.what();
 }
 
 std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
@@ -43,14 +46,21 @@ ExitCode Fail(const std::string& strMessage) {
 
 ExitCode Run(int nArguments, const char* const* aszArguments) {
     ExitCode tExit = kWrongUsage;
-    CLI::App tApp("Measures pictures of the alignment chart and renders such pictures.", "orvex-align");
+    CLI::App tApp(
+        "measures pictures of the alignment chart\n"
+        "The chart, a dark cross inside a dark frame, is photographed by the master and the slave camera "
+        "of a module. The commands measure such a pair, read the record that a measurement leaves, and "
+        "render pairs with known rotation.",
+        "orvex-align");
     tApp.set_version_flag("--version", [] {
         return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
     });
+    tApp.formatter(std::make_shared<HelpPage>());
     tApp.failure_message(UsageMessage);
-    tApp.footer("Each command has its own --help with options, example and exit codes.");
+    tApp.footer("See orvex-align COMMAND --help for a command's options, examples and exit codes.\n");
     tApp.require_subcommand(1);
     AddMeasureCommand(tApp, tExit);
+    AddRecordCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
     try {
         tApp.parse(nArguments, aszArguments);

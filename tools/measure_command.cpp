@@ -2,7 +2,10 @@
 
 #include "calibration.h"
 #include "console.h"
+#include "files.h"
+#include "option_checks.h"
 #include "report.h"
+#include "tool_error.h"
 
 #include <memory>
 
@@ -10,7 +13,7 @@ namespace tools {
 namespace {
 
 struct Options {
-    std::string strMaster, strSlave, strCalibration, strTruth;
+    std::string strMaster, strSlave, strCalibration, strTruth, strRaw, strSlaveRaw, strRecord;
     bool bJson = false;
 };
 
@@ -18,14 +21,31 @@ PictureNote NoteOf(const Picture& t) {
     return {t.strFile, t.nColumns, t.nRows};
 }
 
+std::optional<PictureSize> SizeGiven(const char* szOption, const std::string& str) {
+    return str.empty() ? std::nullopt : std::optional(ParsedSize(szOption, str));
+}
+
+void WriteRecord(const std::string& strFile, const std::string& strRecord) {
+    if (strRecord.empty())
+        throw ToolError(strFile, "is not written, because the record could not be encrypted",
+                        "Measure again, and tell the maker if it stays so");
+    WriteFiles({{strFile, strRecord}});
+}
+
 Report Run(const Options& t) {
-    const Picture tMaster = ReadPicture(t.strMaster), tSlave = ReadPicture(t.strSlave);
+    const std::optional<PictureSize> oRaw = SizeGiven("--raw", t.strRaw),
+                                     oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
+    const Picture tMaster = ReadPicture(t.strMaster, oRaw),
+                  tSlave = ReadPicture(t.strSlave, oSlaveRaw ? oSlaveRaw : oRaw);
     const std::string strCalibration = ReadCalibration(t.strCalibration);
     std::optional<Truth> oTruth;
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
     const Measurement tMeasurement = Measure(tMaster, tSlave, strCalibration);
-    return {NoteOf(tMaster), NoteOf(tSlave), t.strCalibration, tMeasurement, VerdictOf(tMeasurement), oTruth};
+    if (!t.strRecord.empty())
+        WriteRecord(t.strRecord, tMeasurement.strRecord);
+    return {NoteOf(tMaster),         NoteOf(tSlave), t.strCalibration, t.strRecord, tMeasurement,
+            VerdictOf(tMeasurement), oTruth};
 }
 
 ExitCode Show(const Options& t) {
@@ -34,19 +54,32 @@ ExitCode Show(const Options& t) {
     return tReport.tVerdict.tExit;
 }
 
-constexpr char szExample[] = "Example:\n"
-                             "  orvex-align measure master.pgm slave.pgm --calibration calibration.bin\n\n";
+constexpr char szDescription[] =
+    "measures the slave camera's rotation against the master's\n"
+    "Pictures are told by their content, not by their names: PNG with up to 8 bits per channel, JPEG, binary "
+    "PGM with 8 bits, or raw planes with --raw. Colour becomes grey by its luminance; pixels are taken as "
+    "they "
+    "lie in the file. Angles come raw, as measured, and rescaled, as the station receives them; the rescaled "
+    "ones decide.";
+
+constexpr char szExamples[] =
+    "EXAMPLES\n"
+    "  orvex-align measure master.png slave.png --calibration calibration.bin\n"
+    "  orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --calibration calibration.bin --json\n"
+    "  orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record AFProtect.txt\n\n";
 
 } // namespace
 
 void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
-    CLI::App& tCommand = *tApp.add_subcommand(
-        "measure", "Measures a pair and shows the slave camera's rotation against the master's.");
-    tCommand.add_option("MASTER", pOptions->strMaster, "The master camera's picture: 8-bit binary PGM")
+    CLI::App& tCommand = *tApp.add_subcommand("measure", szDescription);
+    tCommand
+        .add_option("MASTER", pOptions->strMaster,
+                    "The master camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
         ->type_name("");
-    tCommand.add_option("SLAVE", pOptions->strSlave, "The slave camera's picture: 8-bit binary PGM")
+    tCommand
+        .add_option("SLAVE", pOptions->strSlave, "The slave camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
         ->type_name("");
     tCommand
@@ -54,12 +87,30 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
                     "The module's calibration memory, at least 2915 bytes")
         ->required()
         ->type_name("FILE");
+    CLI::Option* const pRaw =
+        tCommand
+            .add_option(
+                "--raw", pOptions->strRaw,
+                "Both files are raw: their first width x height bytes are the plane, as in a YUV 4:2:0 "
+                "or NV21 frame; size in px, such as 1728x972")
+            ->type_name("WxH");
+    tCommand
+        .add_option("--raw-slave", pOptions->strSlaveRaw,
+                    "With --raw: size of the slave's plane in px, if it differs")
+        ->needs(pRaw)
+        ->type_name("WxH");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
+    tCommand
+        .add_option(
+            "--record", pOptions->strRecord,
+            "Also write the autofocus record file, encrypted for this module; all zeros inside if the "
+            "chart could not be measured")
+        ->type_name("FILE");
     tCommand
         .add_option("--truth", pOptions->strTruth,
                     "Also compare with the truth.json of a rendered pair (differences in degrees and px)")
         ->type_name("FILE");
-    tCommand.footer(szExample + ExitCodesHelp(kMeasureExits));
+    tCommand.footer(szExamples + ExitCodesHelp(kMeasureExits));
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
 }
 

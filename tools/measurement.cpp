@@ -2,6 +2,7 @@
 
 #include "Orvex_Alignment.h"
 #include "captured_output.h"
+#include "record_reading.h"
 #include "working_record.h"
 
 #include <algorithm>
@@ -72,6 +73,11 @@ void SortLog(const std::vector<std::string>& aLines, Measurement& t) {
     }
 }
 
+// The library tells only by the bytes whether it could encrypt the record.
+std::string RecordIn(const std::string& strBytes) {
+    return IsRecordFile(strBytes) ? strBytes : std::string();
+}
+
 } // namespace
 
 const char* NameOf(Camera tCamera) {
@@ -87,15 +93,17 @@ Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::st
     Measurement t = {};
     std::string strCalibrationCopy = strCalibration;
     Angles tRescaled = {};
+    std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aunRecord = {};
     SetSizes(tMaster, tSlave);
     {
         CapturedOutput tOutput(STDOUT_FILENO), tLog(STDERR_FILENO);
-        t.nStatus =
-            getAlign(MallocCopy(tMaster.strGrey), MallocCopy(tSlave.strGrey), &tRescaled.dRx, &tRescaled.dRy,
-                     &tRescaled.dRz, reinterpret_cast<unsigned char*>(strCalibrationCopy.data()), nullptr);
+        t.nStatus = getAlign(MallocCopy(tMaster.strGrey), MallocCopy(tSlave.strGrey), &tRescaled.dRx,
+                             &tRescaled.dRy, &tRescaled.dRz,
+                             reinterpret_cast<unsigned char*>(strCalibrationCopy.data()), aunRecord.data());
         t.aDiagnostics = tOutput.Lines();
         SortLog(tLog.Lines(), t);
     }
+    t.strRecord = RecordIn({reinterpret_cast<const char*>(aunRecord.data()), kRecordFileBytes});
     if (t.nStatus != ORVEX_OK && t.nStatus != ORVEX_ANGLE_OUT_OF_RANGE) {
         t.oFailedCamera = CameraNamedIn(t.aDiagnostics);
     } else {

@@ -59,6 +59,7 @@ struct Measurement {
     std::optional<Angles> oRaw;
     std::optional<Angles> oRescaled;
     CameraMeasurement tMaster, tSlave;
+    std::string strRecord;                 // the record file's bytes; empty if it could not be encrypted
     std::vector<std::string> aDiagnostics; // lines on standard output
     std::vector<std::string> aLog;         // lines of the log
     std::vector<std::string> aNotes;       // worth knowing, but no failure

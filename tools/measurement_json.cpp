@@ -38,7 +38,7 @@ std::string JsonTextOf(const Report& tReport) {
     Json tJson = {{"verdict", tReport.tVerdict.szKey},
                   {"headline", tReport.tVerdict.strHeadline},
                   {"exit_code", static_cast<int>(tReport.tVerdict.tExit)},
-                  {"exit_meaning", MeaningOf(tReport.tVerdict.tExit)},
+                  {"exit_meaning", MeaningOf(tReport.tVerdict.tExit, kMeasureExits)},
                   {"status", StatusJson(t, tReport.tVerdict.tWords)},
                   {"raw_deg", JsonOf(QuantitiesOf(t.oRaw))},
                   {"rescaled_deg", JsonOf(QuantitiesOf(t.oRescaled))},
@@ -46,6 +46,8 @@ std::string JsonTextOf(const Report& tReport) {
                   {"master", CameraJson(tReport.tMaster, t.tMaster)},
                   {"slave", CameraJson(tReport.tSlave, t.tSlave)},
                   {"calibration_file", tReport.strCalibrationFile}};
+    if (!tReport.strRecordFile.empty())
+        tJson["record_file"] = tReport.strRecordFile;
     if (tReport.oTruth)
         tJson["truth"] = TruthJson(t, *tReport.oTruth);
     tJson["diagnostics"] = t.aDiagnostics;
@@ -53,8 +55,7 @@ std::string JsonTextOf(const Report& tReport) {
     tJson["notes"] = t.aNotes;
     tJson["library_version"] = LibraryVersion();
     tJson["tool_version"] = kToolVersion;
-    // A file's name may be any bytes, JSON only UTF-8.
-    return tJson.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return TextOf(tJson);
 }
 
 } // namespace tools

@@ -21,7 +21,7 @@ std::string WithSize(const PictureNote& t) {
 
 std::string Files(const Report& t) {
     return Line("Master       ", WithSize(t.tMaster)) + Line("Slave        ", WithSize(t.tSlave)) +
-           Line("Calibration  ", t.strCalibrationFile);
+           Line("Calibration  ", t.strCalibrationFile) + Line("Record       ", t.strRecordFile);
 }
 
 std::string Status(const Measurement& t, const StatusWords& tWords) {

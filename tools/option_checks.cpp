@@ -1,7 +1,5 @@
 #include "option_checks.h"
 
-#include "pgm.h"
-
 #include <cstdint>
 #include <cstdio>
 #include <sstream>
@@ -10,7 +8,7 @@ namespace tools {
 namespace {
 
 // More than any module's sensor has; larger pictures only fill the memory.
-constexpr std::int64_t nMaxPixels = 100'000'000;
+constexpr std::size_t nMaxPixels = 100'000'000;
 
 } // namespace
 
@@ -35,17 +33,17 @@ CLI::Validator WholeNumber() {
     return CLI::Validator(Check, "", "");
 }
 
-PictureSize ParsedSize(const std::string& str) {
+PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     PictureSize t = {};
     char cRest = 0;
     const bool bRead =
         str.size() < 20 && std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
     if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
-        std::int64_t{t.nColumns} * t.nRows > nMaxPixels)
+        PixelsOf(t) > nMaxPixels)
         throw CLI::ValidationError(
-            "--size", "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
-                          std::to_string(kMaxSide) + " px and at most " + std::to_string(nMaxPixels) +
-                          " px in all");
+            strOption, "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
+                           std::to_string(kMaxSide) + " px and at most " + std::to_string(nMaxPixels) +
+                           " px in all");
     return t;
 }
 

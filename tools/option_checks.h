@@ -1,6 +1,8 @@
 #ifndef ORVEX_TOOLS_OPTION_CHECKS_H
 #define ORVEX_TOOLS_OPTION_CHECKS_H
 
+#include "picture_size.h"
+
 #include <CLI/CLI.hpp>
 
 namespace tools {
@@ -11,13 +13,8 @@ CLI::Validator Within(double dLowest, double dHighest);
 // Accepts whole numbers from 0 that fit into 64 bits, and no sign.
 CLI::Validator WholeNumber();
 
-struct PictureSize {
-    int nColumns;
-    int nRows;
-};
-
-// Reads "1728x972". Throws CLI::ValidationError.
-PictureSize ParsedSize(const std::string& str);
+// Reads "1728x972", the value of an option. Throws CLI::ValidationError.
+PictureSize ParsedSize(const std::string& strOption, const std::string& str);
 
 } // namespace tools
 

@@ -75,13 +75,9 @@ void RequireEightBits(const std::string& strFile, int nMaximum) {
                     "Convert it to 8 bits per pixel");
 }
 
-std::string SizeText(int nColumns, int nRows) {
-    return std::to_string(nColumns) + " x " + std::to_string(nRows) + " px";
-}
-
-void RequirePixels(const std::string& strFile, int nColumns, int nRows, std::size_t nHeld) {
-    const std::size_t nNeeded = static_cast<std::size_t>(nColumns) * static_cast<std::size_t>(nRows);
-    const std::string strSize = "its header says " + SizeText(nColumns, nRows);
+void RequirePixels(const std::string& strFile, PictureSize tSize, std::size_t nHeld) {
+    const std::size_t nNeeded = PixelsOf(tSize);
+    const std::string strSize = "its header says " + SizeText(tSize);
     if (nNeeded > kMaxPixels)
         throw ToolError(strFile,
                         strSize + ", which is above the limit of " + std::to_string(kMaxPixels) + " pixels",
@@ -111,7 +107,7 @@ Picture DecodePgm(const std::string& strFile, std::string strBytes) {
     const int nRows = tHeader.Number("height", kMaxSide);
     RequireEightBits(strFile, tHeader.Number("largest grey value", 65535));
     const std::size_t nStart = tHeader.End();
-    RequirePixels(strFile, nColumns, nRows, strBytes.size() - nStart);
+    RequirePixels(strFile, {nColumns, nRows}, strBytes.size() - nStart);
     return {strFile, nColumns, nRows, std::move(strBytes.erase(0, nStart))};
 }
 

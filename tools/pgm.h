@@ -3,14 +3,9 @@
 
 #include "picture.h"
 
-#include <cstddef>
 #include <string_view>
 
 namespace tools {
-
-// What the library measures: each side from 1 px, and not more pixels than a signed 32-bit number counts.
-constexpr int kMaxSide = 65535;
-constexpr std::size_t kMaxPixels = 2147483647;
 
 // Whether the bytes begin as a binary PGM picture does.
 bool IsPgm(std::string_view strBytes);

@@ -1,7 +1,10 @@
 #include "picture.h"
 
 #include "files.h"
+#include "jpeg_picture.h"
 #include "pgm.h"
+#include "png_picture.h"
+#include "raw_picture.h"
 #include "tool_error.h"
 
 #include <array>
@@ -15,14 +18,12 @@ struct Format {
     const char* szName;
 };
 
-constexpr std::array<Format, 8> aForeign = {{
+constexpr std::array<Format, 6> aForeign = {{
     {"P2", "a PGM picture in text form (P2)"},
     {"P6", "a colour picture (PPM, P6)"},
     {"P3", "a colour picture in text form (PPM, P3)"},
     {"P4", "a black-and-white picture (PBM, P4)"},
     {"P1", "a black-and-white picture in text form (PBM, P1)"},
-    {"\x89PNG", "a PNG picture"},
-    {"\xFF\xD8", "a JPEG picture"},
     {"BM", "a BMP picture"},
 }};
 
@@ -38,14 +39,36 @@ std::string FormatOf(const std::string& strBytes) {
 // The largest header worth reading and the largest picture.
 constexpr std::size_t nLimit = (std::size_t{1} << 16) + kMaxPixels;
 
+const char* KindOf(const std::string& strBytes) {
+    return IsPng(strBytes) ? "PNG" : IsJpeg(strBytes) ? "JPEG" : IsPgm(strBytes) ? "PGM" : nullptr;
+}
+
+// No camera's first pixels read like the start of a picture file, whose bytes would be measured as noise, or
+// as a picture that is shifted by its header.
+Picture ReadRawPlane(const std::string& strFile, PictureSize tSize) {
+    Picture t = ReadRawPicture(strFile, tSize);
+    if (const char* const szKind = KindOf(t.strGrey))
+        throw ToolError(strFile, std::string("is a ") + szKind + " picture and no raw plane",
+                        "Leave --raw out, or name raw planes");
+    return t;
+}
+
 } // namespace
 
-Picture ReadPicture(const std::string& strFile) {
+Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw) {
+    if (oRaw)
+        return ReadRawPlane(strFile, *oRaw);
     std::string strBytes = ReadFile(strFile, nLimit);
+    if (IsPng(strBytes))
+        return DecodePng(strFile, strBytes);
+    if (IsJpeg(strBytes))
+        return DecodeJpeg(strFile, strBytes);
     if (IsPgm(strBytes))
         return DecodePgm(strFile, std::move(strBytes));
-    throw ToolError(strFile, "is " + FormatOf(strBytes),
-                    "Name an 8-bit binary PGM picture (P5), or convert this one to it");
+    throw ToolError(
+        strFile, "is " + FormatOf(strBytes),
+        "Name a PNG, a JPEG or an 8-bit binary PGM picture (P5), convert this one to PNG, or give "
+        "the size of a raw plane with --raw");
 }
 
 } // namespace tools

@@ -1,6 +1,9 @@
 #ifndef ORVEX_TOOLS_PICTURE_H
 #define ORVEX_TOOLS_PICTURE_H
 
+#include "picture_size.h"
+
+#include <optional>
 #include <string>
 
 namespace tools {
@@ -13,8 +16,9 @@ struct Picture {
     std::string strGrey;
 };
 
-// Reads a picture of a size that can be measured. Throws ToolError.
-Picture ReadPicture(const std::string& strFile);
+// Reads a picture of a size that can be measured: PNG, JPEG or PGM, told by content, whatever the file's
+// name. With oRaw the file begins with a plane of that size and nothing tells its kind. Throws ToolError.
+Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw = std::nullopt);
 
 } // namespace tools
 

@@ -52,7 +52,7 @@ chart::PairSetup SetupOf(const Options& t) {
     CheckPose("x", tSlave.dRx);
     CheckPose("y", tSlave.dRy);
     CheckPose("z", tSlave.dRz);
-    const PictureSize tSize = ParsedSize(t.strSize);
+    const PictureSize tSize = ParsedSize("--size", t.strSize);
     chart::PairSetup tSetup;
     tSetup.tMaster = chart::ScaledTo(chart::DefaultMaster(), tSize.nColumns, tSize.nRows);
     tSetup.tSlave = chart::ScaledTo(chart::DefaultSlave(), tSize.nColumns, tSize.nRows);
@@ -128,8 +128,15 @@ void AddCapture(CLI::App& tCommand, chart::Capture& t) {
         ->capture_default_str();
 }
 
-constexpr char szExample[] = "Example:\n"
-                             "  orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2\n\n";
+constexpr char szDescription[] =
+    "renders a pair of chart pictures with known rotation, ready to be measured\n"
+    "Both cameras look at one chart. Beside the pictures lie the truth, for measure --truth, and a made-up "
+    "calibration image. The same options give the same bytes.";
+
+constexpr char szExamples[] =
+    "EXAMPLES\n"
+    "  orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2\n"
+    "  orvex-align render --out demo --size 2104x1560 --vignetting 0.3 --seed 7\n\n";
 
 constexpr std::array<ExitMeaning, 3> aExits = {{
     {kDone, "all four files written"},
@@ -141,8 +148,7 @@ constexpr std::array<ExitMeaning, 3> aExits = {{
 
 void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
-    CLI::App& tCommand = *tApp.add_subcommand(
-        "render", "Renders a pair of chart pictures with known rotation, ready to be measured.");
+    CLI::App& tCommand = *tApp.add_subcommand("render", szDescription);
     tCommand
         .add_option("--out", pOptions->strFolder,
                     "Folder for master.pgm, slave.pgm, truth.json and calibration.bin; created if missing")
@@ -155,7 +161,7 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         ->type_name("WxH")
         ->capture_default_str();
     AddCapture(tCommand, pOptions->tCapture);
-    tCommand.footer(szExample + ExitCodesHelp(aExits));
+    tCommand.footer(szExamples + ExitCodesHelp(aExits));
     tCommand.callback([pOptions, &tExit] {
         Run(*pOptions);
         tExit = kDone;

@@ -17,6 +17,7 @@ struct PictureNote {
 struct Report {
     PictureNote tMaster, tSlave;
     std::string strCalibrationFile;
+    std::string strRecordFile; // empty unless it was written
     Measurement tMeasurement;
     Verdict tVerdict;
     std::optional<Truth> oTruth;

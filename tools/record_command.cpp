@@ -1,0 +1,56 @@
+#include "record_command.h"
+
+#include "calibration.h"
+#include "console.h"
+#include "record_output.h"
+
+#include <memory>
+
+namespace tools {
+namespace {
+
+struct Options {
+    std::string strFile, strCalibration;
+    bool bJson = false;
+};
+
+ExitCode Show(const Options& t) {
+    const RecordReading tReading = ReadRecord(t.strFile, ReadCalibration(t.strCalibration));
+    const RecordReport tReport = {tReading, JudgementOf(tReading), t.strCalibration};
+    Print(t.bJson ? JsonTextOf(tReport) : TextOf(tReport));
+    return tReport.tJudgement.tExit;
+}
+
+constexpr char szDescription[] =
+    "decrypts an autofocus record file and shows its fields\n"
+    "A measurement leaves the record, encrypted for its module. The library's reader decrypts it with a key "
+    "that "
+    "it makes from the module's calibration memory, checks its checksum, and compares its focus lines with "
+    "the "
+    "calibration's. If it refuses the record, the answer tells which check did and what to try.";
+
+constexpr char szExamples[] = "EXAMPLES\n"
+                              "  orvex-align record AFProtect.txt --calibration calibration.bin\n"
+                              "  orvex-align record AFProtect.txt --calibration calibration.bin --json\n\n";
+
+} // namespace
+
+void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
+    const auto pOptions = std::make_shared<Options>();
+    CLI::App& tCommand = *tApp.add_subcommand("record", szDescription);
+    tCommand
+        .add_option("FILE", pOptions->strFile,
+                    "The record file: AFProtect.txt of a phone, or measure --record's")
+        ->required()
+        ->type_name("");
+    tCommand
+        .add_option("--calibration", pOptions->strCalibration,
+                    "The module's calibration memory, at least 2915 bytes; the key is made from it")
+        ->required()
+        ->type_name("FILE");
+    tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
+    tCommand.footer(szExamples + ExitCodesHelp(kRecordExits));
+    tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
+}
+
+} // namespace tools

@@ -1,0 +1,31 @@
+#ifndef ORVEX_TOOLS_RECORD_OUTPUT_H
+#define ORVEX_TOOLS_RECORD_OUTPUT_H
+
+#include "record_judgement.h"
+
+#include <array>
+
+namespace tools {
+
+constexpr std::array<ExitMeaning, 4> kRecordExits = {{
+    {kAccepted, "accepted"},
+    {kRefused, "refused by the reader"},
+    {kUnfitFile, "a file could not be read, or does not fit"},
+    {kWrongUsage, "wrong usage"},
+}};
+
+struct RecordReport {
+    RecordReading tReading;
+    RecordJudgement tJudgement;
+    std::string strCalibrationFile;
+};
+
+// For people.
+std::string TextOf(const RecordReport& t);
+
+// For programs: one object.
+std::string JsonTextOf(const RecordReport& t);
+
+} // namespace tools
+
+#endif
