@@ -15,10 +15,11 @@ enum ExitCode {
     kNotMeasured = 2,
     kUnfitFile = 3,
     kWrongUsage = 64, // as sysexits.h has it, clear of the answers
+    kSignal = 128,    // plus the number of the signal that stopped the program, as shells have it
 };
 
 struct ExitMeaning {
-    ExitCode tExit;
+    int nExit;
     const char* szMeaning;
 };
 

@@ -34,8 +34,8 @@ ExitCode Show(const Options& t) {
     return tReport.tVerdict.tExit;
 }
 
-constexpr char szExample[] = "Example:\n"
-                             "  orvex-align measure master.pgm slave.pgm --calibration calibration.bin\n\n";
+constexpr char szExample[] = "EXAMPLES\n"
+                             "    orvex-align measure master.pgm slave.pgm --calibration calibration.bin\n\n";
 
 } // namespace
 
