@@ -17,10 +17,11 @@ enum ExitCode {
     kRefused = 2, // a record, by its reader
     kUnfitFile = 3,
     kWrongUsage = 64, // as sysexits.h has it, clear of the answers
+    kSignal = 128,    // plus the number of the signal that stopped the program, as shells have it
 };
 
 struct ExitMeaning {
-    ExitCode tExit;
+    int nExit;
     const char* szMeaning;
 };
 

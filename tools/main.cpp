@@ -1,5 +1,6 @@
+#include "batch_command.h"
 #include "exit_codes.h"
-#include "help_page.h"
+#include "man_page.h"
 #include "measure_command.h"
 #include "record_command.h"
 #include "render_command.h"
@@ -23,12 +24,19 @@ void OccupyStandardStreams() {
             return;
 }
 
+std::string Commands(const CLI::App& tApp) {
+    std::string str;
+    for (const CLI::App* const p : tApp.get_subcommands({}))
+        str += (str.empty() ? "" : ", ") + p->get_name();
+    return str;
+}
+
 // What the parser could not place comes first: it is often the cause of what is then missing.
 std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
     const std::vector<std::string> aUnknown = tCommand.remaining();
     if (!aUnknown.empty())
         return "\"" + aUnknown.front() + "\" is not understood";
-    return tCommand.get_parent() == nullptr ? "name a command, measure, record or render" : tError.what();
+    return tCommand.get_parent() == nullptr ? "name a command: " + Commands(tCommand) : tError.what();
 }
 
 std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
@@ -55,12 +63,13 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     tApp.set_version_flag("--version", [] {
         return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
     });
-    tApp.formatter(std::make_shared<HelpPage>());
+    tApp.formatter(std::make_shared<ManPage>());
     tApp.failure_message(UsageMessage);
-    tApp.footer("See orvex-align COMMAND --help for a command's options, examples and exit codes.\n");
+    tApp.footer("Each command has its own --help with options, examples and exit codes.\n");
     tApp.require_subcommand(1);
     AddMeasureCommand(tApp, tExit);
     AddRecordCommand(tApp, tExit);
+    AddBatchCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
     try {
         tApp.parse(nArguments, aszArguments);

@@ -1,15 +1,15 @@
 #include "render_command.h"
 
-#include "calibration.h"
 #include "chart/blur.h"
 #include "console.h"
 #include "files.h"
 #include "option_checks.h"
-#include "pgm.h"
+#include "render_study.h"
+#include "rendered_pair.h"
 #include "text_table.h"
-#include "truth.h"
 
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 
@@ -31,27 +31,27 @@ struct Options {
     std::string strSize = "1728x972";
     chart::Pose tMaster, tRelative;
     chart::Capture tCapture = LensCapture(); // of both cameras
+    std::size_t nCount = 0;                  // of a study; 0 for a single pair
+    std::size_t nRepeats = 1;
+    double dRange = 1.5, dMasterRange = 0;
 };
 
-struct PairFiles {
-    explicit PairFiles(const std::filesystem::path& tFolder)
-        : strMaster(tFolder / "master.pgm"), strSlave(tFolder / "slave.pgm"),
-          strTruth(tFolder / "truth.json"), strCalibration(tFolder / "calibration.bin") {}
-    std::string strMaster, strSlave, strTruth, strCalibration;
-};
-
-void CheckPose(const char* szAxis, double dAngle) {
-    if (std::fabs(dAngle) > dMaxAngle)
-        throw CLI::ValidationError("--r" + std::string(szAxis) + " and --master-r" + szAxis,
-                                   "the slave's angle, " + Fixed(dAngle, 4) + " deg, is beyond " +
-                                       Fixed(dMaxAngle, 0) + " deg");
+// dRange: how far a study's angles are drawn away.
+void CheckPose(const char* szAxis, double dAngle, double dRange) {
+    if (std::fabs(dAngle) + dRange <= dMaxAngle)
+        return;
+    const std::string strRange = dRange == 0 ? "" : " +- " + Fixed(dRange, 4) + " deg";
+    throw CLI::ValidationError("--r" + std::string(szAxis) + " and --master-r" + szAxis,
+                               "the slave's angle, " + Fixed(dAngle, 4) + " deg" + strRange + ", is beyond " +
+                                   Fixed(dMaxAngle, 0) + " deg");
 }
 
 chart::PairSetup SetupOf(const Options& t) {
     const chart::Pose tSlave = t.tMaster + t.tRelative;
-    CheckPose("x", tSlave.dRx);
-    CheckPose("y", tSlave.dRy);
-    CheckPose("z", tSlave.dRz);
+    const double dRange = t.nCount == 0 ? 0 : t.dRange + t.dMasterRange;
+    CheckPose("x", tSlave.dRx, dRange);
+    CheckPose("y", tSlave.dRy, dRange);
+    CheckPose("z", tSlave.dRz, dRange);
     const PictureSize tSize = ParsedSize("--size", t.strSize);
     chart::PairSetup tSetup;
     tSetup.tMaster = chart::ScaledTo(chart::DefaultMaster(), tSize.nColumns, tSize.nRows);
@@ -60,10 +60,6 @@ chart::PairSetup SetupOf(const Options& t) {
     tSetup.tRelativePose = t.tRelative;
     tSetup.tMasterCapture = tSetup.tSlaveCapture = t.tCapture;
     return tSetup;
-}
-
-std::string PgmOf(const chart::Shot& t) {
-    return EncodePgm(t.nWidth, t.nHeight, {reinterpret_cast<const char*>(t.aGrey.data()), t.aGrey.size()});
 }
 
 std::vector<std::string> Row(const std::string& strFile, const chart::Pose& t) {
@@ -82,16 +78,36 @@ std::string Summary(const Options& t, const PairFiles& tFiles) {
            ShellWord(tFiles.strTruth) + "\n";
 }
 
-void Run(const Options& t) {
+void RenderOne(const Options& t) {
     const chart::PairSetup tSetup = SetupOf(t);
     const PairFiles tFiles(t.strFolder);
     CreateFolder(t.strFolder);
-    const chart::Pair tPair = chart::RenderPair(tSetup);
-    WriteFiles({{tFiles.strMaster, PgmOf(tPair.tMaster)},
-                {tFiles.strSlave, PgmOf(tPair.tSlave)},
-                {tFiles.strTruth, TruthJson(tSetup, tPair).dump(2) + "\n"},
-                {tFiles.strCalibration, MadeUpCalibration(t.tCapture.nSeed)}});
+    WritePair(tSetup, tFiles, t.tCapture.nSeed);
     Print(Summary(t, tFiles));
+}
+
+ExitCode RenderMany(const Options& t) {
+    const Study tStudy = {t.strFolder, SetupOf(t), t.tCapture.nSeed, t.nCount,
+                          t.nRepeats,  t.dRange,   t.dMasterRange};
+    const StudyOutcome tOutcome = WriteStudy(tStudy);
+    if (tOutcome.nSignal != 0) {
+        std::fputs("orvex-align: stopped; the pairs up to here are whole, the list is not written.\n"
+                   "  Render again for the list.\n",
+                   stderr);
+        return static_cast<ExitCode>(kSignal + tOutcome.nSignal);
+    }
+    Print("Wrote " + std::to_string(t.nCount * t.nRepeats) + " pairs and " + tOutcome.strList +
+          "\n\nMeasure them:\n  orvex-align batch " + ShellWord(tOutcome.strList) + " --out " +
+          ShellWord(std::filesystem::path(t.strFolder) / "results.csv") +
+          (t.nRepeats > 1 ? " --repeatability" : "") + "\n");
+    return kDone;
+}
+
+ExitCode Run(const Options& t) {
+    if (t.nCount > 0)
+        return RenderMany(t);
+    RenderOne(t);
+    return kDone;
 }
 
 void AddNumber(CLI::App& tCommand, const char* szName, double& d, double dLowest, double dHighest,
@@ -128,20 +144,54 @@ void AddCapture(CLI::App& tCommand, chart::Capture& t) {
         ->capture_default_str();
 }
 
+void AddStudy(CLI::App& tCommand, Options& t) {
+    auto* const pCount =
+        tCommand
+            .add_option("--count", t.nCount,
+                        "Render a study of this many modules instead of one pair, 1 to 100000")
+            ->check(Within(1, 100000))
+            ->check(WholeNumber())
+            ->type_name("N");
+    tCommand
+        .add_option("--repeats", t.nRepeats,
+                    "Pairs of each module, 1 to 1000: same angles and id, noise of their own")
+        ->check(Within(1, 1000))
+        ->check(WholeNumber())
+        ->type_name("N")
+        ->capture_default_str()
+        ->needs(pCount);
+    const auto AddRange = [&](const char* szName, double& d, const char* szWhat) {
+        tCommand.add_option(szName, d, szWhat)
+            ->check(Within(0, dMaxAngle))
+            ->type_name("DEG")
+            ->capture_default_str()
+            ->needs(pCount);
+    };
+    AddRange("--range", t.dRange,
+             "How far each module's angles are drawn to both sides of --rx, --ry, --rz, 0 to 45 degrees");
+    AddRange("--master-range", t.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
+}
+
 constexpr char szDescription[] =
-    "renders a pair of chart pictures with known rotation, ready to be measured\n"
-    "Both cameras look at one chart. Beside the pictures lie the truth, for measure --truth, and a made-up "
-    "calibration image. The same options give the same bytes.";
+    "Renders a pair of chart pictures with known rotation, or a study of many.\n"
+    "A pair is four files in the folder --out: master.pgm, slave.pgm, truth.json and calibration.bin. The "
+    "same "
+    "options give the same bytes on every machine.\n"
+    "With --count it is a study: a folder for each pair, 0001 and so on (0001-0001 with --repeats), with "
+    "angles drawn uniformly, and last LIST.csv, ready for batch, with the columns id, master, slave, "
+    "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. Angles, noise and calibration "
+    "image of each module follow from --seed. A progress bar shows on a terminal.";
 
-constexpr char szExamples[] =
-    "EXAMPLES\n"
-    "  orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2\n"
-    "  orvex-align render --out demo --size 2104x1560 --vignetting 0.3 --seed 7\n\n";
+constexpr char szExample[] = "EXAMPLES\n"
+                             "    orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2\n"
+                             "    orvex-align render --out study --count 200 --range 1.5 --noise 2\n"
+                             "    orvex-align render --out gauge --count 10 --repeats 5 --noise 2\n\n";
 
-constexpr std::array<ExitMeaning, 3> aExits = {{
-    {kDone, "all four files written"},
+constexpr std::array<ExitMeaning, 4> aExits = {{
+    {kDone, "all files written"},
     {kUnfitFile, "a file could not be written"},
     {kWrongUsage, "wrong usage"},
+    {kSignal + 2, "a study stopped by Ctrl-C (SIGINT); 143 by SIGTERM"},
 }};
 
 } // namespace
@@ -151,7 +201,7 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
     CLI::App& tCommand = *tApp.add_subcommand("render", szDescription);
     tCommand
         .add_option("--out", pOptions->strFolder,
-                    "Folder for master.pgm, slave.pgm, truth.json and calibration.bin; created if missing")
+                    "Folder for the pair's files or the study; created if missing")
         ->required()
         ->type_name("DIR");
     AddPose(tCommand, *pOptions);
@@ -161,11 +211,9 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         ->type_name("WxH")
         ->capture_default_str();
     AddCapture(tCommand, pOptions->tCapture);
-    tCommand.footer(szExamples + ExitCodesHelp(aExits));
-    tCommand.callback([pOptions, &tExit] {
-        Run(*pOptions);
-        tExit = kDone;
-    });
+    AddStudy(tCommand, *pOptions);
+    tCommand.footer(szExample + ExitCodesHelp(aExits));
+    tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
 }
 
 } // namespace tools

@@ -57,6 +57,10 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
         {"render --out x --ry 30 --master-ry 30", {"60.0000 deg, is beyond 45 deg"}},
         {"render --out x --size 10x10x10", {"\"10x10x10\" is not a width x height"}},
         {"render --out x --size 65535x65535", {"at most 100000000 px"}},
+        {"render --out x --rx 40 --count 2 --range 6", {"40.0000 deg +- 6.0000 deg, is beyond 45 deg"}},
+        {"render --out x --range 1", {"--range requires --count"}},
+        {"batch x --jobs 0", {"\"0\" is not a number from 1 to 1024"}},
+        {"batch x --resume", {"needs --out"}},
         {"render --out x --seed -1", {"\"-1\" is not a whole number"}},
     };
     for (const Refusal& t : aCases)
@@ -65,7 +69,8 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
 }
 
 TEST_F(BadInput, HelpAnswersOnStandardOutput) {
-    for (const char* const szArguments : {"--help", "measure --help", "render --help", "--version"}) {
+    for (const char* const szArguments :
+         {"--help", "measure --help", "batch --help", "render --help", "--version"}) {
         const Outcome t = Run(szArguments);
         EXPECT_EQ(t.nExit, 0) << szArguments;
         EXPECT_NE(t.strOut.find("orvex-align"), std::string::npos) << t.strOut;

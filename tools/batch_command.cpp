@@ -1,0 +1,217 @@
+#include "batch_command.h"
+
+#include "batch_results.h"
+#include "batch_summary.h"
+#include "child_pool.h"
+#include "console.h"
+#include "files.h"
+#include "option_checks.h"
+#include "progress.h"
+#include "result_sink.h"
+#include "tool_error.h"
+
+#include <filesystem>
+#include <thread>
+#include <unistd.h>
+
+namespace tools {
+namespace {
+
+constexpr std::size_t nResultsLimit = std::size_t{1} << 31;
+
+struct Options {
+    std::string strList, strOut, strFormat = "csv";
+    std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
+    bool bResume = false, bOverwrite = false, bRepeatability = false;
+
+    RowFormat Format() const { return strFormat == "csv" ? RowFormat::kCsv : RowFormat::kJsonLines; }
+    OpenMode Mode() const {
+        return bResume ? OpenMode::kResume : bOverwrite ? OpenMode::kOverwrite : OpenMode::kNew;
+    }
+};
+
+// Rows in the list's order, written as soon as all before them are.
+class OrderedRows {
+public:
+    OrderedRows(ResultSink& tSink, std::size_t nFirst) : m_tSink(tSink), m_nNext(nFirst) {}
+
+    void Add(std::size_t nRow, const std::string& strLine) {
+        m_tWaiting[nRow] = strLine;
+        for (auto p = m_tWaiting.find(m_nNext); p != m_tWaiting.end(); p = m_tWaiting.find(++m_nNext)) {
+            m_tSink.Write(p->second);
+            m_tWaiting.erase(p);
+        }
+    }
+
+    std::size_t Written() const { return m_nNext; }
+
+private:
+    ResultSink& m_tSink;
+    std::size_t m_nNext;
+    std::map<std::size_t, std::string> m_tWaiting;
+};
+
+void CheckOptions(const Options& t) {
+    if (t.bResume && t.strOut.empty())
+        throw CLI::ValidationError("--resume", "needs --out, the file to go on with");
+}
+
+void CheckList(const Options& t, const BatchList& tList) {
+    std::error_code tIgnored; // a file that is not there is no list
+    if (std::filesystem::equivalent(t.strOut, t.strList, tIgnored))
+        throw ToolError(t.strOut, "is the list itself", "Name another file for the results");
+    if (t.bRepeatability && !tList.bHasIds)
+        throw ToolError(t.strList, "has no column \"id\", by which --repeatability groups the rows",
+                        "Add a column id, with the same id for pictures of the same module");
+}
+
+// The rows that an interrupted run left, each of them checked against the list.
+StoredRows EarlierRows(const Options& t, const BatchList& tList) {
+    if (!t.bResume)
+        return {{}, 0};
+    StoredRows tRows = ReadRows(t.Format(), t.strOut, ReadFile(t.strOut, nResultsLimit));
+    for (std::size_t i = 0; i < tRows.aRows.size(); ++i)
+        if (i >= tList.aItems.size() || !IsRowOf(tRows.aRows[i], tList.aItems[i]))
+            throw ToolError(
+                t.strOut,
+                "belongs to another list: its row " + std::to_string(i + 1) + " is not that of " + t.strList,
+                "Name the list and the results that belong together, or a new file; nothing was changed");
+    return tRows;
+}
+
+std::unique_ptr<Child> StartMeasuring(const BatchList& tList, const BatchItem& t) {
+    return std::make_unique<Child>(std::vector<std::string>{"measure", "--json",
+                                                            "--calibration=" + t.strCalibration, "--",
+                                                            t.strMaster, t.strSlave},
+                                   tList.strFolder);
+}
+
+std::string ResumeCommand(const Options& t) {
+    return "orvex-align batch " + ShellWord(t.strList) + " --out " + ShellWord(t.strOut) + " --format " +
+           t.strFormat + " --jobs " + std::to_string(t.nJobs) + (t.bRepeatability ? " --repeatability" : "") +
+           " --resume";
+}
+
+void TellStop(const Options& t, std::size_t nWritten, std::size_t nTotal) {
+    const std::string strRows = std::to_string(nWritten) + " of " + std::to_string(nTotal) + " rows";
+    const std::string strRest = t.strOut.empty()
+                                    ? "A run that can go on later writes to a file: see --out and --resume"
+                                    : t.strOut + " holds them. Go on with\n  " + ResumeCommand(t);
+    std::fputs(("orvex-align: stopped after " + strRows + ".\n  " + strRest + "\n").c_str(), stderr);
+}
+
+void TellSummary(const Options& t, const BatchSummary& tSummary) {
+    const std::string str = tSummary.Text() + (t.bRepeatability ? tSummary.RepeatabilityText() : "");
+    if (t.strOut.empty())
+        std::fputs(str.c_str(), stderr);
+    else
+        Print(str);
+}
+
+ExitCode Run(const Options& t) {
+    CheckOptions(t);
+    const BatchList tList = ReadBatchList(t.strList);
+    CheckList(t, tList);
+    ResultSink tSink(t.strOut, t.Mode());
+    const StoredRows tEarlier = EarlierRows(t, tList);
+    const std::size_t nFirst = tEarlier.aRows.size(), nTotal = tList.aItems.size();
+    BatchSummary tSummary;
+    for (std::size_t i = 0; i < nFirst; ++i)
+        tSummary.Add(tList.aItems[i], tEarlier.aRows[i]);
+    tSink.KeepOnly(tEarlier.nBytes);
+    if (tEarlier.nBytes == 0)
+        tSink.Write(HeadOf(t.Format()));
+    OrderedRows tRows(tSink, nFirst);
+    const auto Measured = [&](Progress& tProgress, std::size_t nRow, const ChildOutcome& tOutcome) {
+        const BatchRow tRow = RowOf(tList.aItems[nRow], tOutcome);
+        tSummary.Add(tList.aItems[nRow], tRow);
+        tRows.Add(nRow, LineOf(t.Format(), tRow));
+        tProgress.Step();
+    };
+    int nSignal = 0;
+    {
+        Progress tProgress(nFirst, nTotal, !t.strOut.empty() || isatty(STDOUT_FILENO) == 0);
+        nSignal = RunChildren(
+            {nFirst, nTotal, t.nJobs,
+             [&](std::size_t nRow) { return StartMeasuring(tList, tList.aItems[nRow]); },
+             [&](std::size_t nRow, const ChildOutcome& tOutcome) { Measured(tProgress, nRow, tOutcome); }});
+    }
+    if (nSignal != 0) {
+        TellStop(t, tRows.Written(), nTotal);
+        return static_cast<ExitCode>(kSignal + nSignal);
+    }
+    TellSummary(t, tSummary);
+    return tSummary.Exit();
+}
+
+constexpr char szDescription[] =
+    "Measures all pairs of a list, several at once, and writes a row for each.\n"
+    "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master, slave "
+    "and calibration are the files of a pair, relative to the list's folder; id names the module (the row's "
+    "number where there is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation "
+    "of "
+    "rendered pairs, against which the summary then compares. Other columns are ignored.\n"
+    "Every pair is measured in a process of its own. A pair that cannot be read or measured, or whose "
+    "process "
+    "crashes, is a row that says so, and the batch goes on. Rows come in the list's order and as soon as all "
+    "before them are there, so that an interrupted run keeps what it has and --resume goes on behind it. A "
+    "summary follows: counts, failures by status and the spread of the raw angles. It goes to standard "
+    "output "
+    "with --out, to standard error without. A progress bar shows on a terminal.\n"
+    "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
+    "measure tells them (verdict also unfit_input, and no_answer for a process that crashed); then every "
+    "measurement, with its unit (deg, px) at the end of its name.";
+
+constexpr char szExamples[] =
+    "EXAMPLES\n"
+    "    orvex-align batch LIST.csv --out results.csv\n"
+    "    orvex-align batch LIST.csv --out results.csv --resume\n"
+    "    orvex-align batch gauge.csv --out gauge.jsonl --format jsonl --repeatability\n"
+    "    orvex-align batch LIST.csv --jobs 1 > results.csv\n\n";
+
+constexpr std::array<ExitMeaning, 7> aExits = {{
+    {kWithinRange, "every row measured and within range"},
+    {kOutOfRange, "a row measured out of range"},
+    {kNotMeasured, "a row could not be measured"},
+    {kUnfitFile, "list or results unusable, or files of a row unreadable; the highest of 0 to 3 wins"},
+    {kWrongUsage, "wrong usage"},
+    {kSignal + 2, "stopped by Ctrl-C (SIGINT); --resume goes on"},
+    {kSignal + 15, "stopped by SIGTERM; --resume goes on"},
+}};
+
+} // namespace
+
+void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
+    const auto pOptions = std::make_shared<Options>();
+    CLI::App& tCommand = *tApp.add_subcommand("batch", szDescription);
+    tCommand.add_option("LIST.csv", pOptions->strList, "The list of pairs")->required()->type_name("");
+    tCommand
+        .add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024; by default one per core")
+        ->check(Within(1, 1024))
+        ->check(WholeNumber())
+        ->type_name("N")
+        ->capture_default_str();
+    tCommand
+        .add_option("--out", pOptions->strOut,
+                    "File for the rows; without it they go to standard output. A file that exists is refused "
+                    "unless one of the next two is given")
+        ->type_name("FILE");
+    auto* const pResume = tCommand.add_flag("--resume", pOptions->bResume,
+                                            "Go on behind the last whole row of --out; a torn one is cut "
+                                            "off. Results of another list are refused");
+    tCommand.add_flag("--overwrite", pOptions->bOverwrite, "Replace --out")->excludes(pResume);
+    tCommand
+        .add_option("--format", pOptions->strFormat,
+                    "Form of the rows: csv, or jsonl for one JSON object a line")
+        ->check(CLI::IsMember({"csv", "jsonl"}).description(""))
+        ->type_name("FORM")
+        ->capture_default_str();
+    tCommand.add_flag(
+        "--repeatability", pOptions->bRepeatability,
+        "Also a gauge study: the spread of the raw angles within the rows of one id and between ids");
+    tCommand.footer(std::string("REPEATABILITY\n") + szGaugeFormulae + "\n" + szExamples +
+                    ExitCodesHelp(aExits));
+    tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
+}
+
+} // namespace tools

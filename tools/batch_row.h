@@ -1,0 +1,24 @@
+#ifndef ORVEX_TOOLS_BATCH_ROW_H
+#define ORVEX_TOOLS_BATCH_ROW_H
+
+#include "batch_list.h"
+#include "child.h"
+#include "json.h"
+
+namespace tools {
+
+// One result: a flat object whose keys are the columns, in their order, null where there is no value.
+using BatchRow = Json;
+
+// All columns in their order.
+const std::vector<std::string>& BatchColumns();
+
+// What the process that measured this pair has to say, whatever became of it.
+BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome);
+
+// Whether the row is this pair's.
+bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem);
+
+} // namespace tools
+
+#endif

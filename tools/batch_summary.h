@@ -1,0 +1,45 @@
+#ifndef ORVEX_TOOLS_BATCH_SUMMARY_H
+#define ORVEX_TOOLS_BATCH_SUMMARY_H
+
+#include "batch_row.h"
+#include "exit_codes.h"
+#include "statistics.h"
+
+namespace tools {
+
+// How --repeatability reckons, for its output and for the help.
+extern const char szGaugeFormulae[];
+
+// Gathers what is told of all rows together.
+class BatchSummary {
+public:
+    // The row as it was made or read back.
+    void Add(const BatchItem& tItem, const BatchRow& tRow);
+
+    // The gravest of all rows.
+    ExitCode Exit() const { return m_tExit; }
+
+    // Counts, failures by status, spread of the raw angles and of their deviations from a known truth.
+    std::string Text() const;
+
+    // The gauge study over rows of the same id.
+    std::string RepeatabilityText() const;
+
+private:
+    struct Axis {
+        std::vector<double> aRaw, aDeviations;
+        Groups tById;
+    };
+
+    std::size_t CountOf(ExitCode tExit) const;
+    std::string Failures() const;
+
+    ExitCode m_tExit = kWithinRange;
+    std::map<int, std::size_t> m_tCounts;                        // by exit code
+    std::map<std::vector<std::string>, std::size_t> m_tFailures; // by status, place and words
+    std::array<Axis, 3> m_aAxes;
+};
+
+} // namespace tools
+
+#endif

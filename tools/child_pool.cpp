@@ -1,0 +1,83 @@
+#include "child_pool.h"
+
+#include "stop_signals.h"
+
+#include <chrono>
+#include <list>
+#include <poll.h>
+
+namespace tools {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// A measurement takes a fraction of it.
+constexpr std::chrono::milliseconds tPatience(2000);
+
+struct Running {
+    std::size_t nJob;
+    std::unique_ptr<Child> pChild;
+};
+
+class Pool {
+public:
+    explicit Pool(const ChildWork& tWork) : m_tWork(tWork), m_nNext(tWork.nFirst) {}
+
+    int Run() {
+        for (StartMore(); !m_aRunning.empty(); StartMore()) {
+            Wait();
+            if (MustEndNow())
+                break;
+            TakeDone();
+        }
+        return m_nSignal;
+    }
+
+private:
+    void StartMore() {
+        for (; m_nSignal == 0 && m_nNext < m_tWork.nEnd && m_aRunning.size() < m_tWork.nAtOnce; ++m_nNext)
+            m_aRunning.push_back({m_nNext, m_tWork.Start(m_nNext)});
+    }
+
+    void Wait() const {
+        std::vector<pollfd> aWaiting = {{m_tStop.Descriptor(), POLLIN, 0}};
+        for (const Running& t : m_aRunning)
+            for (const int nPipe : t.pChild->Descriptors())
+                aWaiting.push_back({nPipe, POLLIN, 0});
+        poll(aWaiting.data(), aWaiting.size(), m_nSignal == 0 ? -1 : 100);
+    }
+
+    // The second signal, or the first one's patience is over.
+    bool MustEndNow() {
+        const int nSignal = m_tStop.Take();
+        if (m_nSignal != 0)
+            return nSignal != 0 || Clock::now() > m_tPatienceEnds;
+        m_nSignal = nSignal;
+        m_tPatienceEnds = Clock::now() + tPatience;
+        return false;
+    }
+
+    void TakeDone() {
+        std::erase_if(m_aRunning, [this](const Running& t) {
+            const bool bDone = t.pChild->TakeOutput();
+            if (bDone)
+                m_tWork.Done(t.nJob, t.pChild->Outcome());
+            return bDone;
+        });
+    }
+
+    StopSignals m_tStop;
+    const ChildWork& m_tWork;
+    std::size_t m_nNext;
+    std::list<Running> m_aRunning;
+    int m_nSignal = 0;
+    Clock::time_point m_tPatienceEnds;
+};
+
+} // namespace
+
+int RunChildren(const ChildWork& tWork) {
+    return Pool(tWork).Run();
+}
+
+} // namespace tools

@@ -1,0 +1,25 @@
+#ifndef ORVEX_TOOLS_CHILD_POOL_H
+#define ORVEX_TOOLS_CHILD_POOL_H
+
+#include "child.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+
+namespace tools {
+
+struct ChildWork {
+    std::size_t nFirst, nEnd; // jobs are numbered from nFirst, below nEnd
+    std::size_t nAtOnce;
+    std::function<std::unique_ptr<Child>(std::size_t)> Start;
+    std::function<void(std::size_t, const ChildOutcome&)> Done; // in the order in which they end
+};
+
+// Runs all of it. A signal that asks to stop lets no further child start, leaves those that run a moment to
+// end, and is returned; otherwise 0.
+int RunChildren(const ChildWork& tWork);
+
+} // namespace tools
+
+#endif

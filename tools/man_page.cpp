@@ -1,0 +1,84 @@
+#include "man_page.h"
+
+#include "text_table.h"
+
+#include <algorithm>
+
+namespace tools {
+namespace {
+
+constexpr std::size_t nIndent = 4, nDeepIndent = 8;
+
+std::string Indented(const std::string& str, std::size_t nColumns) {
+    return std::string(nColumns, ' ') + Wrapped(str, nColumns) + "\n";
+}
+
+std::string FirstLine(const std::string& str) {
+    return str.substr(0, str.find('\n'));
+}
+
+std::string Name(const CLI::App& tApp) {
+    return tApp.get_parent() == nullptr ? tApp.get_name() : Name(*tApp.get_parent()) + " " + tApp.get_name();
+}
+
+// "--jobs N", "MASTER"
+std::string Usage(const CLI::Option& t) {
+    if (t.get_positional())
+        return t.get_name(true);
+    const std::string strType = t.get_type_size() == 0 ? "" : t.get_type_name();
+    return t.get_lnames().empty() ? t.get_name()
+                                  : "--" + t.get_lnames().front() + (strType.empty() ? "" : " " + strType);
+}
+
+std::string Synopsis(const CLI::App& tApp) {
+    std::string strRequired, strOthers;
+    for (const CLI::Option* const p : tApp.get_options())
+        if (p->get_required())
+            strRequired += " " + Usage(*p);
+        else
+            strOthers += " [" + Usage(*p) + "]";
+    const bool bHasCommands = !tApp.get_subcommands({}).empty();
+    return "SYNOPSIS\n" +
+           Indented(Name(tApp) + (bHasCommands ? " COMMAND ..." : "") + strRequired + strOthers, nIndent);
+}
+
+std::string Description(const CLI::App& tApp) {
+    std::string str, strRest = tApp.get_description();
+    for (std::size_t n = 0; (n = strRest.find('\n')) != strRest.npos;) {
+        strRest = strRest.substr(n + 1);
+        str += (str.empty() ? "\nDESCRIPTION\n" : "\n") + Indented(FirstLine(strRest), nIndent);
+    }
+    return str;
+}
+
+std::string Commands(const CLI::App& tApp) {
+    std::string str;
+    for (const CLI::App* const p : tApp.get_subcommands({}))
+        str += (str.empty() ? "\nCOMMANDS\n" : "") + Indented(p->get_name(), nIndent) +
+               Indented(FirstLine(p->get_description()), nDeepIndent);
+    return str;
+}
+
+std::string Section(const char* szHeading, const CLI::App& tApp, bool bPositional) {
+    std::string str;
+    for (const CLI::Option* const p : tApp.get_options()) {
+        if (p->get_positional() != bPositional)
+            continue;
+        const std::string strDefault =
+            p->get_default_str().empty() ? "" : ". Default " + p->get_default_str();
+        const std::string strShort = p->get_snames().empty() ? "" : "-" + p->get_snames().front() + ", ";
+        str += Indented(strShort + Usage(*p), nIndent) +
+               Indented(p->get_description() + strDefault + ".", nDeepIndent);
+    }
+    return str.empty() ? "" : std::string("\n") + szHeading + "\n" + str;
+}
+
+} // namespace
+
+std::string ManPage::make_help(const CLI::App* pApp, std::string, CLI::AppFormatMode) const {
+    return "NAME\n" + Indented(Name(*pApp) + " - " + FirstLine(pApp->get_description()), nIndent) + "\n" +
+           Synopsis(*pApp) + Description(*pApp) + Commands(*pApp) + Section("ARGUMENTS", *pApp, true) +
+           Section("OPTIONS", *pApp, false) + "\n" + pApp->get_footer();
+}
+
+} // namespace tools

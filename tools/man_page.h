@@ -1,0 +1,17 @@
+#ifndef ORVEX_TOOLS_MAN_PAGE_H
+#define ORVEX_TOOLS_MAN_PAGE_H
+
+#include <CLI/CLI.hpp>
+
+namespace tools {
+
+// Help in the form of a manual page. A command's description starts with a line of what it does, paragraphs
+// about it follow; its footer holds the sections after the options.
+class ManPage : public CLI::Formatter {
+public:
+    std::string make_help(const CLI::App* pApp, std::string strName, CLI::AppFormatMode tMode) const override;
+};
+
+} // namespace tools
+
+#endif

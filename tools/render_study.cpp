@@ -1,0 +1,99 @@
+#include "render_study.h"
+
+#include "batch_list.h"
+#include "chart/noise.h"
+#include "csv.h"
+#include "files.h"
+#include "json.h"
+#include "progress.h"
+#include "rendered_pair.h"
+#include "stop_signals.h"
+
+#include <cmath>
+
+namespace tools {
+namespace {
+
+// Apart from the streams of a single pair's noise and calibration image.
+constexpr std::uint64_t nModuleStream = 0x20000;
+constexpr std::uint64_t nAngleStream = 0x20001;
+constexpr std::uint64_t nRepeatStream = 0x20002;
+
+// Short enough to be typed after --seed and to be exact in every reader of JSON.
+std::uint64_t ShortSeed(std::uint64_t nSeed, std::uint64_t nStream, std::uint64_t n) {
+    return chart::DerivedSeed(chart::DerivedSeed(nSeed, nStream), n) >> 11;
+}
+
+// From -dRange to dRange in steps of 0.0001 degrees, so that list and truth show the angle itself.
+double Drawn(std::uint64_t nSeed, std::uint64_t n, double dRange) {
+    const double dUnit = static_cast<double>(ShortSeed(nSeed, nAngleStream, n)) / 0x1p53;
+    return std::round(dRange * (2 * dUnit - 1) * 1e4) / 1e4;
+}
+
+// Three draws from nFirst on.
+chart::Pose DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
+    return {Drawn(nSeed, nFirst, dRange), Drawn(nSeed, nFirst + 1, dRange), Drawn(nSeed, nFirst + 2, dRange)};
+}
+
+struct StudyPair {
+    std::string strId;
+    std::string strFolder; // within the study's
+    std::uint64_t nCalibrationSeed;
+    chart::PairSetup tSetup;
+};
+
+// Numbers of equal length sort as they count.
+std::string Padded(std::size_t n, std::size_t nLargest) {
+    const std::string str = std::to_string(n);
+    const std::size_t nWidth = std::max<std::size_t>(4, std::to_string(nLargest).size());
+    return std::string(nWidth - str.size(), '0') + str;
+}
+
+StudyPair PairOf(const Study& t, std::size_t nModule, std::size_t nRepeat) {
+    const std::uint64_t nSeed = ShortSeed(t.nSeed, nModuleStream, nModule);
+    const std::string strId = Padded(nModule + 1, t.nCount);
+    StudyPair tPair = {strId, t.nRepeats == 1 ? strId : strId + "-" + Padded(nRepeat + 1, t.nRepeats), nSeed,
+                       t.tCentre};
+    tPair.tSetup.tRelativePose = t.tCentre.tRelativePose + DrawnPose(nSeed, 0, t.dRange);
+    tPair.tSetup.tMasterPose = t.tCentre.tMasterPose + DrawnPose(nSeed, 3, t.dMasterRange);
+    tPair.tSetup.tMasterCapture.nSeed = tPair.tSetup.tSlaveCapture.nSeed =
+        nRepeat == 0 ? nSeed : ShortSeed(nSeed, nRepeatStream, nRepeat);
+    return tPair;
+}
+
+std::string Head() {
+    std::vector<std::string> aCells = {"id", "master", "slave", "calibration"};
+    aCells.insert(aCells.end(), kTruthColumns.begin(), kTruthColumns.end());
+    return CsvLine(aCells);
+}
+
+std::string LineOf(const StudyPair& t) {
+    const PairFiles tFiles(t.strFolder);
+    const chart::Pose& tTrue = t.tSetup.tRelativePose;
+    return CsvLine({t.strId, tFiles.strMaster, tFiles.strSlave, tFiles.strCalibration, Json(tTrue.dRx).dump(),
+                    Json(tTrue.dRy).dump(), Json(tTrue.dRz).dump()});
+}
+
+} // namespace
+
+StudyOutcome WriteStudy(const Study& t) {
+    const std::filesystem::path tFolder(t.strFolder);
+    const std::size_t nPairs = t.nCount * t.nRepeats;
+    const StopSignals tStop;
+    Progress tProgress(0, nPairs);
+    std::string strList = Head();
+    for (std::size_t i = 0; i < nPairs; ++i) {
+        if (const int nSignal = tStop.Take())
+            return {"", nSignal};
+        const StudyPair tPair = PairOf(t, i / t.nRepeats, i % t.nRepeats);
+        CreateFolder(tFolder / tPair.strFolder);
+        WritePair(tPair.tSetup, PairFiles(tFolder / tPair.strFolder), tPair.nCalibrationSeed);
+        strList += LineOf(tPair);
+        tProgress.Step();
+    }
+    const std::string strFile = tFolder / "LIST.csv";
+    WriteFiles({{strFile, strList}});
+    return {strFile, 0};
+}
+
+} // namespace tools
