@@ -51,8 +51,8 @@ RecordJudgement WrongChecksum(const RecordReading& tReading) {
             szCheckBoth};
     const _AFPROTECT& t = *tReading.oRecord;
     return {kRefused, "ORVEX_RECORD_CHECKSUM",
-            "decrypted, but its checksum is " + HexOf(t.ubCheckSum) + " and its bytes sum to " +
-                HexOf(SumOf(t)) + ": the record is damaged",
+            "decrypted, but its checksum is " + std::to_string(t.ubCheckSum) + " and its bytes sum to " +
+                std::to_string(SumOf(t)) + ": the record is damaged",
             "Copy the record file again, or measure the module again"};
 }
 
