@@ -10,7 +10,9 @@
 #include "result_sink.h"
 #include "tool_error.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <map>
 #include <thread>
 #include <unistd.h>
 

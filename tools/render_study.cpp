@@ -9,6 +9,7 @@
 #include "rendered_pair.h"
 #include "stop_signals.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tools {
