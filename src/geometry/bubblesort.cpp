@@ -13,7 +13,7 @@ void bubblesort(double* pValues, unsigned short* pIndex, int nCount) {
     for (int i = 0; i < nCount; ++i) {
         if (std::isnan(pValues[i]))
             nFirst = i + 1;
-        if (i == nFirst || !(pValues[i - 1] < pValues[i]))
+        if (i <= nFirst || pValues[i] <= pValues[i - 1])
             continue;
         double* const pPlace =
             std::upper_bound(pValues + nFirst, pValues + i, pValues[i], std::greater<double>());
