@@ -68,7 +68,9 @@ std::string Buttons(const CameraMeasurement& t) {
 // How far the measurement came in this picture.
 std::string StateOf(Camera tCamera, const Report& t) {
     if (t.tMeasurement.oFailedCamera == tCamera)
-        return Element("span class=\"stopped\"", "stopped: " + t.tVerdict.strHeadline);
+        return Element("span class=\"stopped\"", std::string("stopped at ") +
+                                                     WordsOf(t.tVerdict.tWords.tStage).szName + ": " +
+                                                     t.tVerdict.tWords.szFound);
     return Escaped(WasBegun(tCamera, t.tMeasurement) ? "measured" : "not begun");
 }
 

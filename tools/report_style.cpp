@@ -18,8 +18,8 @@ h1 { margin: 0; font-size: 20px; line-height: 1.3; overflow-wrap: anywhere; }
 h2 { margin: 0 0 8px; font-size: 16px; overflow-wrap: anywhere; }
 main { display: grid; gap: 14px; padding: 14px 20px; grid-template-columns: minmax(0, 1fr); }
 @media (min-width: 1100px) {
-  main { grid-template-columns: minmax(0, 3fr) minmax(440px, 2fr); align-items: start; }
-  .pictures { position: sticky; top: 14px; } }
+  main { grid-template-columns: minmax(0, 3fr) minmax(440px, 2fr); align-items: start; } }
+@media (min-width: 1100px) and (min-height: 1200px) { .pictures { position: sticky; top: 14px; } }
 .column { display: grid; gap: 14px; grid-template-columns: minmax(0, 1fr); }
 section, figure { margin: 0; padding: 12px 14px; background: var(--card); border: 1px solid var(--line);
   border-radius: 6px; overflow-x: auto; }
@@ -36,8 +36,9 @@ th:first-child { padding-left: 0; text-align: left; }
 td { white-space: nowrap; }
 figcaption { margin-bottom: 8px; overflow-wrap: anywhere; }
 figcaption b { text-transform: capitalize; }
-figcaption .stopped { color: #fff; background: var(--fail); border-radius: 4px; padding: 1px 6px; }
-svg { display: block; width: 100%; height: auto; background: #000; cursor: grab; touch-action: pan-y;
+figcaption .stopped { color: #fff; background: var(--fail); border-radius: 4px; padding: 1px 6px;
+  display: inline-block; }
+svg { display: block; width: 100%; height: auto; cursor: grab; touch-action: pan-y;
   user-select: none; -webkit-user-select: none; }
 svg.moving { cursor: grabbing; }
 svg.close image { image-rendering: pixelated; }

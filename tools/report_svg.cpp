@@ -45,14 +45,15 @@ std::string Line(const std::string& strId, Point tFrom, Point tTo, const std::st
                  strTitle);
 }
 
-// A ring that leaves the measured point itself free, at one size on the screen, and its label away from the
-// picture's middle.
-std::string MarkShape(const std::string& strCamera, const Mark& t, const Picture& tPicture) {
-    const bool bRight = t.tPoint.dX > tPicture.nColumns / 2.0, bLower = t.tPoint.dY > tPicture.nRows / 2.0;
+// A ring that leaves the measured point itself free, at one size on the screen, and its label beyond the
+// frame's side there; the centre's label stands between the bars.
+std::string MarkShape(const std::string& strCamera, const Mark& t, Point tCentre) {
+    const bool bCentre = t.strKey == "centre", bLower = t.tPoint.dY >= tCentre.dY,
+               bRight = !bCentre && t.tPoint.dX > tCentre.dX;
     return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + t.strKey) +
            Attribute("transform", "translate(" + Number(t.tPoint.dX) + " " + Number(t.tPoint.dY) + ")") +
            "><g class=\"screen\"><path d=\"M-12 0h8M4 0h8M0-12v8M0 4v8\"/><circle r=\"8\"/>" + "<text" +
-           Attribute("x", bRight ? "12" : "-12") + Attribute("y", bLower ? "24" : "-16") +
+           Attribute("x", bRight || bCentre ? "12" : "-12") + Attribute("y", bLower ? "24" : "-16") +
            Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(t.strLabel) +
            "</text></g><title>" +
            Escaped(t.strLabel + ": x " + Fixed(t.tPoint.dX, 3) + " px, y " + Fixed(t.tPoint.dY, 3) + " px") +
@@ -107,8 +108,10 @@ std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasureme
                   const StageView& tView) {
     const std::string strCamera = NameOf(tCamera);
     std::string strCentre, strCorners;
+    // Corners are not measured without a centre.
+    const Point tCentre = tMeasured.oCentre.value_or(Point{});
     for (const Mark& t : MarksOf(tMeasured))
-        (t.strKey == "centre" ? strCentre : strCorners) += MarkShape(strCamera, t, tPicture);
+        (t.strKey == "centre" ? strCentre : strCorners) += MarkShape(strCamera, t, tCentre);
     return "<svg" + Attribute("id", strCamera + "-svg") + " role=\"img\"" +
            Attribute("aria-label", strCamera + " camera's picture with what was measured in it") +
            Attribute("viewBox", "-0.5 -0.5 " + std::to_string(tPicture.nColumns) + " " +
