@@ -51,8 +51,8 @@ button:hover { border-color: var(--soft); }
 .legend i { display: inline-block; width: 18px; height: 4px; margin: 0 4px 3px; border-radius: 2px; }
 rect, line, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scaling-stroke; }
 .screen { transform: scale(var(--u, 2)); }
-.screen text { font: 600 13px system-ui, sans-serif; stroke: #fff; stroke-width: 3px; paint-order: stroke;
-  stroke-linejoin: round; vector-effect: none; }
+.screen { filter: drop-shadow(0 0 0.8px #fff) drop-shadow(0 0 0.8px #fff); }
+.screen text { font: 600 13px system-ui, sans-serif; text-rendering: geometricPrecision; }
 .window { --c: #0a58ca; } .frame { --c: #c2410c; } .cross { --c: #d6007f; } .side { --c: #0a8f3c; }
 rect, line, .screen path, .screen circle { stroke: var(--c); }
 .screen text { fill: var(--c); }

@@ -13,8 +13,9 @@ constexpr double dLeastStep = 10.0;
 // Lines across the side, one every so many px along it.
 constexpr double dStep = 4.0;
 
-// A line reaches so far to each side: three times half the frame's line, which is 2 % of a short side.
-constexpr double dReachShare = 0.03;
+// A line reaches so far to each side, so that it is paper for the most part: the frame's line takes 2 % of a
+// short side.
+constexpr double dReachShare = 0.05;
 constexpr double dLeastReach = 8.0;
 
 // Grey values on a line across the side, one px apart; those outside the picture are left out.

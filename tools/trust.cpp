@@ -7,8 +7,8 @@
 namespace tools {
 namespace {
 
-// px RMS. A corner off by this much turns a tilt by nearly 0.1 degrees; a sharp, flat chart stays below a
-// tenth of it.
+// px RMS. A corner off by this much turns a tilt by 0.07 degrees; a sharp, flat chart stays below a tenth of
+// it.
 constexpr double dLargeResidual = 0.5;
 
 // Grey levels from dark to bright. Below, usual noise of 2 levels moves an edge that is 3 px wide by more
@@ -46,18 +46,49 @@ Quantity OfSide(const std::string& strKind, const char* szUnitInKey, const SideN
             std::string(tSide.szKey) + " side, " + szWords, szUnit, nDecimals, oValue};
 }
 
-void WarnOfSide(const std::string& strSide, const SideReading& t, std::vector<std::string>& a) {
-    if (t.nRead < dLeastReadShare * t.nLines)
-        a.push_back(strSide + ": only " + std::to_string(t.nRead) + " of " + std::to_string(t.nLines) +
-                    " lines across it show the frame. Remove what covers it, and check light and aim.");
-    if (t.oDark && *t.oBright - *t.oDark < dLowContrast)
-        a.push_back(strSide + ": low contrast, dark " + Fixed(*t.oDark, 0) + " and bright " +
-                    Fixed(*t.oBright, 0) + " differ by less than " + Fixed(dLowContrast, 0) +
-                    " grey levels. Check light and exposure.");
-    if (t.oResidual && *t.oResidual > dLargeResidual)
-        a.push_back(strSide + ": large residual, " + Fixed(*t.oResidual, 3) +
-                    " px RMS from a straight line, " + "more than " + Fixed(dLargeResidual, 1) +
-                    " px. Check that the chart is flat and sharp and that nothing touches its frame.");
+// One reason to warn of sides. Excess tells by how much a side is worse than allowed.
+struct SideCheck {
+    double (*Excess)(const SideReading&);
+    std::string (*Words)(const SideReading&);
+};
+
+constexpr std::array<SideCheck, 3> aSideChecks = {{
+    {[](const SideReading& t) { return dLeastReadShare * t.nLines - t.nRead; },
+     [](const SideReading& t) {
+         return "only " + std::to_string(t.nRead) + " of " + std::to_string(t.nLines) +
+                " lines across it show the frame. Remove what covers it, and check light and aim.";
+     }},
+    {[](const SideReading& t) { return t.oDark ? dLowContrast - (*t.oBright - *t.oDark) : 0; },
+     [](const SideReading& t) {
+         return "low contrast, dark " + Fixed(*t.oDark, 0) + " and bright " + Fixed(*t.oBright, 0) +
+                " differ by less than " + Fixed(dLowContrast, 0) + " grey levels. Check light and exposure.";
+     }},
+    {[](const SideReading& t) { return t.oResidual ? *t.oResidual - dLargeResidual : 0; },
+     [](const SideReading& t) {
+         return "large residual, " + Fixed(*t.oResidual, 3) + " px RMS from a straight line, more than " +
+                Fixed(dLargeResidual, 1) +
+                " px. Check that the chart is flat and sharp and that nothing touches its frame.";
+     }},
+}};
+
+// One warning for all sides that a check finds, with the worst one's numbers.
+void WarnOfSides(const std::string& strCamera, const CameraTrust& t, const SideCheck& tCheck,
+                 std::vector<std::string>& a) {
+    std::vector<std::string> aSides;
+    const SideReading* pWorst = nullptr;
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        if (t.aoSides[i] && tCheck.Excess(*t.aoSides[i]) > 0) {
+            aSides.push_back(kSides[i].szKey);
+            if (pWorst == nullptr || tCheck.Excess(*t.aoSides[i]) > tCheck.Excess(*pWorst))
+                pWorst = &*t.aoSides[i];
+        }
+    if (pWorst == nullptr)
+        return;
+    std::string strSides;
+    for (const std::string& str : aSides)
+        strSides += ", " + str;
+    a.push_back(strCamera + strSides + (aSides.size() == 1 ? " side: " : " sides: at worst ") +
+                tCheck.Words(*pWorst));
 }
 
 } // namespace
@@ -98,9 +129,8 @@ Quantities QuantitiesOf(const CameraTrust& t) {
 std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t) {
     std::vector<std::string> a;
     const std::string strCamera = NameOf(tCamera) + std::string(" camera");
-    for (std::size_t i = 0; i < kSides.size(); ++i)
-        if (t.aoSides[i])
-            WarnOfSide(strCamera + ", " + kSides[i].szKey + " side", *t.aoSides[i], a);
+    for (const SideCheck& tCheck : aSideChecks)
+        WarnOfSides(strCamera, t, tCheck, a);
     if (t.oBorderDistance && *t.oBorderDistance < dNearBorder)
         a.push_back(strCamera + ": the frame " +
                     (*t.oBorderDistance <= 0
