@@ -16,7 +16,6 @@ addEventListener('load', () => {
   for (const e of document.querySelectorAll('svg [id]'))
     seen.shapes[e.id] = place(e);
   seen.captions = [...document.querySelectorAll('figcaption')].map(e => e.textContent);
-  seen.cells = [...document.querySelectorAll('td')].map(e => e.textContent);
   seen.overflow = document.documentElement.scrollWidth - innerWidth;
   for (const figure of document.querySelectorAll('figure')) {
     const svg = figure.querySelector('svg');
@@ -33,9 +32,6 @@ addEventListener('load', () => {
     loaded.src = image.getAttribute('href');
     seen.pictures[image.id] = [loaded.naturalWidth, loaded.naturalHeight];
   }
-  document.querySelector('.legend input').click();
-  seen.hidden = getComputedStyle(document.querySelector('svg > .window')).display;
-  document.querySelector('.legend input').click();
   const out = document.createElement('script');
   out.type = 'application/json';
   out.id = 'seen';
