@@ -4,7 +4,7 @@ PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev
   nlohmann-json3-dev libpng-dev libturbojpeg0-dev
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan install bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser install bench setup clean
 
 all: build-release
 
@@ -12,7 +12,7 @@ setup:
 	@./cmake/install-packages.sh $(PACKAGES)
 
 build-%: setup
-	@cmake --preset $* --log-level=NOTICE
+	@cmake --preset $* --log-level=NOTICE $(CONFIGURE)
 	@cmake --build --preset $* -j $(JOBS) --target $(or $(TARGET),all)
 
 demo: TARGET = orvex-align
@@ -20,7 +20,8 @@ demo: build-release
 	@build/release/tools/orvex-align render --out demo --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
 	  --rx 0.62 --ry -0.45 --rz 0.81 --blur 0.8 --noise 2 --seed 7
 	@build/release/tools/orvex-align measure demo/master.pgm demo/slave.pgm \
-	  --calibration demo/calibration.bin --truth demo/truth.json
+	  --calibration demo/calibration.bin --truth demo/truth.json --report demo/report.html
+	@echo; echo "Open this in a browser: $(CURDIR)/demo/report.html"
 
 test: build-release
 	@ctest --preset release -j $(JOBS)
@@ -32,6 +33,13 @@ test-clang:
 
 test-asan: build-asan
 	@ctest --preset asan -j $(JOBS)
+
+# Loads reports into a real browser; leaves screenshots in build/browser.
+test-browser: CONFIGURE = -DORVEX_BROWSER_TESTS=ON
+test-browser: build-release
+	@./cmake/install-packages.sh chromium
+	@ctest --preset release -L browser
+	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
 
 # PREFIX: where to, /usr/local if not given.
 install: build-release

@@ -4,16 +4,17 @@
 #include "console.h"
 #include "files.h"
 #include "option_checks.h"
-#include "report.h"
+#include "report_html.h"
 #include "tool_error.h"
 
+#include <filesystem>
 #include <memory>
 
 namespace tools {
 namespace {
 
 struct Options {
-    std::string strMaster, strSlave, strCalibration, strTruth, strRaw, strSlaveRaw, strRecord;
+    std::string strMaster, strSlave, strCalibration, strTruth, strRaw, strSlaveRaw, strRecord, strReport;
     bool bJson = false;
 };
 
@@ -32,7 +33,18 @@ void WriteRecord(const std::string& strFile, const std::string& strRecord) {
     WriteFiles({{strFile, strRecord}});
 }
 
+// A report in the place of one of its own sources would destroy it.
+void RefuseToReplaceSource(const Options& t) {
+    std::error_code tIgnored; // a file that is missing is not the same one
+    for (const std::string& str : {t.strMaster, t.strSlave, t.strCalibration, t.strTruth})
+        if (std::filesystem::equivalent(str, t.strReport, tIgnored))
+            throw ToolError(t.strReport, "is an input of this measurement and is not replaced by the report",
+                            "Name another file for the report, such as report.html");
+}
+
 Report Run(const Options& t) {
+    if (!t.strReport.empty())
+        RefuseToReplaceSource(t);
     const std::optional<PictureSize> oRaw = SizeGiven("--raw", t.strRaw),
                                      oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
     const Picture tMaster = ReadPicture(t.strMaster, oRaw),
@@ -41,11 +53,23 @@ Report Run(const Options& t) {
     std::optional<Truth> oTruth;
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
-    const Measurement tMeasurement = Measure(tMaster, tSlave, strCalibration);
+    const Measurement m = Measure(tMaster, tSlave, strCalibration);
     if (!t.strRecord.empty())
-        WriteRecord(t.strRecord, tMeasurement.strRecord);
-    return {NoteOf(tMaster),         NoteOf(tSlave), t.strCalibration, t.strRecord, tMeasurement,
-            VerdictOf(tMeasurement), oTruth};
+        WriteRecord(t.strRecord, m.strRecord);
+    const Report tReport = {
+        NoteOf(tMaster),
+        NoteOf(tSlave),
+        t.strCalibration,
+        t.strRecord,
+        m,
+        VerdictOf(m),
+        oTruth,
+        TrustOf(tMaster, m.tMaster),
+        TrustOf(tSlave, m.tSlave),
+    };
+    if (!t.strReport.empty())
+        WriteFiles({{t.strReport, HtmlOf(tReport, tMaster, tSlave)}});
+    return tReport;
 }
 
 ExitCode Show(const Options& t) {
@@ -60,13 +84,19 @@ constexpr char szDescription[] =
     "PGM with 8 bits, or raw planes with --raw. Colour becomes grey by its luminance; pixels are taken as "
     "they "
     "lie in the file. Angles come raw, as measured, and rescaled, as the station receives them; the rescaled "
-    "ones decide.";
+    "ones decide.\n"
+    "Trust numbers: on lines across every side of the frame, 4 px apart, the tool itself reads the dark "
+    "line's "
+    "centre, dark and bright level from the picture. The residual is the centres' RMS distance in px from "
+    "the "
+    "straight line between the two measured corners. Warnings tell value and limit.";
 
 constexpr char szExamples[] =
     "EXAMPLES\n"
     "  orvex-align measure master.png slave.png --calibration calibration.bin\n"
     "  orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --calibration calibration.bin --json\n"
-    "  orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record AFProtect.txt\n\n";
+    "  orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record AFProtect.txt\n"
+    "  orvex-align measure master.png slave.png --calibration calibration.bin --report report.html\n\n";
 
 } // namespace
 
@@ -105,6 +135,10 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
             "--record", pOptions->strRecord,
             "Also write the autofocus record file, encrypted for this module; all zeros inside if the "
             "chart could not be measured")
+        ->type_name("FILE");
+    tCommand
+        .add_option("--report", pOptions->strReport,
+                    "Also write one HTML page with both pictures, what was found in them, and every number")
         ->type_name("FILE");
     tCommand
         .add_option("--truth", pOptions->strTruth,

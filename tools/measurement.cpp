@@ -84,6 +84,10 @@ const char* NameOf(Camera tCamera) {
     return tCamera == Camera::kMaster ? "master" : "slave";
 }
 
+bool WasBegun(Camera tCamera, const Measurement& t) {
+    return StageReached(tCamera, t) > Stage::kEntry;
+}
+
 const CornerName* MissingCorner(const CameraMeasurement& t) {
     const auto p = std::ranges::find_if(kCorners, [&](const CornerName& n) { return !t.aoCorners[n.nSlot]; });
     return p != kCorners.end() ? &*p : nullptr;

@@ -35,6 +35,14 @@ constexpr std::array<CornerName, 4> kCorners = {{{0, "left_top", "left top"},
                                                  {1, "left_down", "left down"},
                                                  {3, "right_down", "right down"}}};
 
+// The frame's sides in the order of CameraMeasurement, each between two corners.
+struct SideName {
+    const char* szKey;
+    std::size_t nFrom, nTo; // slots of its corners
+};
+constexpr std::array<SideName, 4> kSides = {
+    {{"left", 0, 1}, {"top", 0, 2}, {"right", 2, 3}, {"bottom", 1, 3}}};
+
 enum class Camera { kMaster, kSlave };
 
 const char* NameOf(Camera tCamera);
@@ -64,6 +72,9 @@ struct Measurement {
     std::vector<std::string> aLog;         // lines of the log
     std::vector<std::string> aNotes;       // worth knowing, but no failure
 };
+
+// Whether the library came to this camera's picture.
+bool WasBegun(Camera tCamera, const Measurement& t);
 
 // Measures a pair. strCalibration holds at least ORVEX_CALIBRATION_SIZE bytes.
 Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration);

@@ -45,6 +45,10 @@ std::string JsonTextOf(const Report& tReport) {
                   {"rescaled_limit_deg", kRescaledLimit},
                   {"master", CameraJson(tReport.tMaster, t.tMaster)},
                   {"slave", CameraJson(tReport.tSlave, t.tSlave)},
+                  {"trust",
+                   {{"master", JsonOf(QuantitiesOf(tReport.tMasterTrust))},
+                    {"slave", JsonOf(QuantitiesOf(tReport.tSlaveTrust))}}},
+                  {"warnings", WarningsOf(tReport)},
                   {"calibration_file", tReport.strCalibrationFile}};
     if (!tReport.strRecordFile.empty())
         tJson["record_file"] = tReport.strRecordFile;

@@ -10,8 +10,6 @@ namespace {
 constexpr int nAngleDecimals = 4;
 constexpr int nPixelDecimals = 3;
 
-constexpr const char* aszSideKeys[4] = {"left", "top", "right", "bottom"};
-
 using Value = std::optional<double>;
 
 bool HasNumber(const Quantity& t) {
@@ -59,9 +57,9 @@ Quantities QuantitiesOf(const CameraMeasurement& t) {
     for (const CornerName& n : kCorners)
         AddPoint(a, std::string("corners_px/") + n.szKey, std::string("corner ") + n.szLabel,
                  t.aoCorners[n.nSlot]);
-    for (std::size_t i = 0; i < 4; ++i)
-        a.push_back(Pixels(std::string("side_lengths_px/") + aszSideKeys[i],
-                           std::string("side ") + aszSideKeys[i],
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        a.push_back(Pixels(std::string("side_lengths_px/") + kSides[i].szKey,
+                           std::string("side ") + kSides[i].szKey,
                            t.oSides ? Value((*t.oSides)[i]) : Value()));
     a.push_back(Angle("tilt_x_deg", "own tilt x", t.oTiltX));
     a.push_back(Angle("tilt_y_deg", "own tilt y", t.oTiltY));

@@ -1,6 +1,7 @@
 #ifndef ORVEX_TOOLS_REPORT_H
 #define ORVEX_TOOLS_REPORT_H
 
+#include "trust.h"
 #include "truth.h"
 #include "verdict.h"
 
@@ -21,7 +22,11 @@ struct Report {
     Measurement tMeasurement;
     Verdict tVerdict;
     std::optional<Truth> oTruth;
+    CameraTrust tMasterTrust, tSlaveTrust;
 };
+
+// Of both cameras.
+std::vector<std::string> WarningsOf(const Report& t);
 
 // For people.
 std::string TextOf(const Report& t);

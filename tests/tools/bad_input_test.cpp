@@ -41,6 +41,8 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
         {strPair + "/dev/zero", {"/dev/zero: holds more than 1048576 bytes"}},
         {strAll + " --truth broken.json", {"broken.json: is not JSON"}},
         {strAll + " --truth other.json", {"other.json: holds no number \"relative_deg/rx\""}},
+        {strAll + " --report missing/report.html", {"missing/report.html: cannot be written"}},
+        {strAll + " --report ./slave.pgm", {"./slave.pgm: is an input of this measurement"}},
         {strAll + " >/dev/full", {"standard output: the result could not be written"}},
     };
     for (const Refusal& t : aCases)

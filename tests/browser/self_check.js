@@ -1,0 +1,40 @@
+'use strict';
+// Where the page's shapes stand, in picture pixels, as the browser laid them out. Appended to a copy of a report.
+addEventListener('load', () => {
+  const seen = {shapes: {}, pictures: {}, zoomed: {}};
+  const place = e => {
+    const m = e.ownerSVGElement.getScreenCTM().inverse().multiply(e.getScreenCTM());
+    if (e.classList.contains('mark'))
+      return {x: m.e, y: m.f};
+    const b = e.getBBox(), p = new DOMPoint(b.x, b.y).matrixTransform(m);
+    return {x: p.x, y: p.y, width: b.width * m.a, height: b.height * m.d};
+  };
+  const middle = e => {
+    const b = e.getBoundingClientRect();
+    return [b.left + b.width / 2, b.top + b.height / 2];
+  };
+  for (const e of document.querySelectorAll('svg [id]'))
+    seen.shapes[e.id] = place(e);
+  seen.captions = [...document.querySelectorAll('figcaption')].map(e => e.textContent);
+  seen.overflow = document.documentElement.scrollWidth - innerWidth;
+  for (const figure of document.querySelectorAll('figure')) {
+    const svg = figure.querySelector('svg');
+    for (const button of figure.querySelectorAll('button[data-x]')) {
+      button.click();
+      const mark = [...svg.querySelectorAll('.mark')].find(
+        e => e.querySelector('text').textContent === button.textContent);
+      const ring = mark.querySelector('circle'), at = middle(ring), svgAt = middle(svg);
+      seen.zoomed[mark.id] = {off: Math.hypot(at[0] - svgAt[0], at[1] - svgAt[1]),
+        ring: ring.getBoundingClientRect().width, place: place(mark), view: svg.viewBox.baseVal.width};
+    }
+    [...figure.querySelectorAll('button')].find(b => b.textContent === 'whole picture').click();
+    const image = svg.querySelector('image'), loaded = new Image();
+    loaded.src = image.getAttribute('href');
+    seen.pictures[image.id] = [loaded.naturalWidth, loaded.naturalHeight];
+  }
+  const out = document.createElement('script');
+  out.type = 'application/json';
+  out.id = 'seen';
+  out.textContent = JSON.stringify(seen);
+  document.body.append(out);
+});

@@ -1,0 +1,17 @@
+#ifndef ORVEX_TOOLS_HTML_TEXT_H
+#define ORVEX_TOOLS_HTML_TEXT_H
+
+#include <string>
+#include <string_view>
+
+namespace tools {
+
+// Text for any place of a page, attributes in double quotes included.
+std::string Escaped(std::string_view str);
+
+// Bytes as a URL that carries them itself.
+std::string DataUrl(std::string_view strMediaType, std::string_view strBytes);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,147 @@
+#include "side_reading.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace tools {
+namespace {
+
+// Camera noise stays well below this step, print well above it.
+constexpr double dLeastStep = 10.0;
+
+// Lines across the side, one every so many px along it.
+constexpr double dStep = 4.0;
+
+// A line reaches so far to each side, so that it is paper for the most part: the frame's line takes 2 % of a
+// short side.
+constexpr double dReachShare = 0.05;
+constexpr double dLeastReach = 8.0;
+
+// Grey values on a line across the side, one px apart; those outside the picture are left out.
+struct Profile {
+    double dFirst; // first sample, px from the side
+    std::vector<double> adGrey;
+};
+
+double GreyAt(const Picture& t, double x, double y) {
+    const auto nX = static_cast<int>(x), nY = static_cast<int>(y);
+    const auto PixelAt = [&](int nColumn, int nRow) {
+        const auto nPlace =
+            static_cast<std::size_t>(std::min(nRow, t.nRows - 1)) * static_cast<std::size_t>(t.nColumns) +
+            static_cast<std::size_t>(std::min(nColumn, t.nColumns - 1));
+        return static_cast<double>(static_cast<unsigned char>(t.strGrey[nPlace]));
+    };
+    const double dUpper = std::lerp(PixelAt(nX, nY), PixelAt(nX + 1, nY), x - nX);
+    const double dLower = std::lerp(PixelAt(nX, nY + 1), PixelAt(nX + 1, nY + 1), x - nX);
+    return std::lerp(dUpper, dLower, y - nY);
+}
+
+bool Holds(const Picture& t, double x, double y) {
+    return x >= 0 && y >= 0 && x <= t.nColumns - 1 && y <= t.nRows - 1;
+}
+
+Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, double dReach) {
+    Profile tProfile = {};
+    for (double d = -dReach; d <= dReach; d += 1.0) {
+        const double x = tMiddle.dX + d * tNormal.dX, y = tMiddle.dY + d * tNormal.dY;
+        if (!Holds(t, x, y))
+            continue;
+        if (tProfile.adGrey.empty())
+            tProfile.dFirst = d;
+        tProfile.adGrey.push_back(GreyAt(t, x, y));
+    }
+    return tProfile;
+}
+
+double Median(std::vector<double> ad) {
+    const auto pMiddle = ad.begin() + static_cast<std::ptrdiff_t>(ad.size() / 2);
+    std::ranges::nth_element(ad, pMiddle);
+    return *pMiddle;
+}
+
+// Distance from the run's darkest sample to where the grey value passes the threshold.
+std::optional<double> EdgeBeyond(std::span<const double> adGrey, std::size_t nDarkest, int nDirection,
+                                 double dThreshold) {
+    double dInside = adGrey[nDarkest];
+    const std::size_t nSamples = nDirection > 0 ? adGrey.size() - 1 - nDarkest : nDarkest;
+    for (std::size_t n = 1; n <= nSamples; ++n) {
+        const double dNext = adGrey[nDirection > 0 ? nDarkest + n : nDarkest - n];
+        if (dNext > dThreshold)
+            return static_cast<double>(n - 1) + (dThreshold - dInside) / (dNext - dInside);
+        dInside = dNext;
+    }
+    return std::nullopt;
+}
+
+// Mean of the run's inner half, clear of its edges; a run too narrow for it has its darkest sample.
+double InnerLevel(std::span<const double> adGrey, double dCentre, double dWidth, double dDarkest) {
+    double dSum = 0;
+    int nCount = 0;
+    for (double d = std::ceil(dCentre - dWidth / 4); d <= dCentre + dWidth / 4; d += 1.0, ++nCount)
+        dSum += adGrey[static_cast<std::size_t>(d)];
+    return nCount != 0 ? dSum / nCount : dDarkest;
+}
+
+SideReading Summary(int nLines, const std::vector<DarkRun>& aRuns) {
+    SideReading t = {nLines, static_cast<int>(aRuns.size()), {}, {}, {}, {}};
+    if (aRuns.empty())
+        return t;
+    const auto MedianOf = [&](double DarkRun::*pMember) {
+        std::vector<double> ad;
+        for (const DarkRun& tRun : aRuns)
+            ad.push_back(tRun.*pMember);
+        return Median(ad);
+    };
+    double dSquares = 0;
+    for (const DarkRun& tRun : aRuns)
+        dSquares += tRun.dCentre * tRun.dCentre;
+    t.oResidual = std::sqrt(dSquares / static_cast<double>(aRuns.size()));
+    t.oDark = MedianOf(&DarkRun::dDark);
+    t.oBright = MedianOf(&DarkRun::dBright);
+    t.oWidth = MedianOf(&DarkRun::dWidth);
+    return t;
+}
+
+} // namespace
+
+std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
+    if (adGrey.empty())
+        return std::nullopt;
+    const auto pDarkest = std::ranges::min_element(adGrey);
+    const double dBright = Median({adGrey.begin(), adGrey.end()}); // the run takes less than half
+    if (dBright - *pDarkest < dLeastStep)
+        return std::nullopt;
+    const auto nDarkest = static_cast<std::size_t>(pDarkest - adGrey.begin());
+    const double dThreshold = std::midpoint(*pDarkest, dBright);
+    const std::optional<double> oBefore = EdgeBeyond(adGrey, nDarkest, -1, dThreshold),
+                                oAfter = EdgeBeyond(adGrey, nDarkest, 1, dThreshold);
+    if (!oBefore || !oAfter)
+        return std::nullopt;
+    const double dWidth = *oBefore + *oAfter;
+    const double dCentre = static_cast<double>(nDarkest) + (*oAfter - *oBefore) / 2;
+    return DarkRun{dCentre, dWidth, InnerLevel(adGrey, dCentre, dWidth, *pDarkest), dBright};
+}
+
+SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo) {
+    const double dLength = std::hypot(tTo.dX - tFrom.dX, tTo.dY - tFrom.dY);
+    const double dReach = std::max(dLeastReach, std::floor(dLength * dReachShare));
+    // A side longer than the picture's sides together is none; negated, because a corner may be NaN.
+    if (!(dLength > 2 * dReach && dLength <= 1.0 * tPicture.nColumns + tPicture.nRows))
+        return {};
+    const Point tAlong = {(tTo.dX - tFrom.dX) / dLength, (tTo.dY - tFrom.dY) / dLength};
+    int nLines = 0;
+    std::vector<DarkRun> aRuns;
+    // Next to a corner the other side's line would be read too.
+    for (double d = dReach; d <= dLength - dReach; d += dStep, ++nLines) {
+        const Point tMiddle = {tFrom.dX + d * tAlong.dX, tFrom.dY + d * tAlong.dY};
+        const Profile tProfile = ProfileAcross(tPicture, tMiddle, {-tAlong.dY, tAlong.dX}, dReach);
+        if (std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
+            oRun->dCentre += tProfile.dFirst;
+            aRuns.push_back(*oRun);
+        }
+    }
+    return Summary(nLines, aRuns);
+}
+
+} // namespace tools
