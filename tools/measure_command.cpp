@@ -1,5 +1,6 @@
 #include "measure_command.h"
 
+#include "Orvex_Alignment_Stages.h"
 #include "calibration.h"
 #include "console.h"
 #include "files.h"
@@ -33,6 +34,20 @@ void WriteRecord(const std::string& strFile, const std::string& strRecord) {
     WriteFiles({{strFile, strRecord}});
 }
 
+// The frame is searched outward from fixed distances to the cross; a smaller picture cannot hold it.
+void RefuseTooSmall(const char* szCamera, const Picture& t) {
+    constexpr int nBorder = 3; // px that a search starts before the picture's border
+    const DualCamAlignParam& tParam = *DualCamAlign_LoadParameters_ForAndroid();
+    const PictureSize tLeast = {2 * (tParam.nFrameOffsetX_Master + nBorder),
+                                2 * (tParam.nFrameOffsetY_Master + nBorder)};
+    if (t.nColumns < tLeast.nColumns || t.nRows < tLeast.nRows)
+        throw ToolError(t.strFile,
+                        "is " + SizeText({t.nColumns, t.nRows}) + ", but the " + szCamera +
+                            " must be at least " + SizeText(tLeast) +
+                            " to show the whole frame around the cross",
+                        "Name the picture as the camera took it, not a reduced copy or a part of it");
+}
+
 // A report in the place of one of its own sources would destroy it.
 void RefuseToReplaceSource(const Options& t) {
     std::error_code tIgnored; // a file that is missing is not the same one
@@ -49,6 +64,8 @@ Report Run(const Options& t) {
                                      oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
     const Picture tMaster = ReadPicture(t.strMaster, oRaw),
                   tSlave = ReadPicture(t.strSlave, oSlaveRaw ? oSlaveRaw : oRaw);
+    RefuseTooSmall("master", tMaster);
+    RefuseTooSmall("slave", tSlave);
     const std::string strCalibration = ReadCalibration(t.strCalibration);
     std::optional<Truth> oTruth;
     if (!t.strTruth.empty())
@@ -84,7 +101,7 @@ constexpr char szDescription[] =
     "PGM with 8 bits, or raw planes with --raw. Colour becomes grey by its luminance; pixels are taken as "
     "they "
     "lie in the file. Angles come raw, as measured, and rescaled, as the station receives them; the rescaled "
-    "ones decide.\n"
+    "ones decide. A picture that shows the whole frame has at least 906 x 406 px.\n"
     "Trust numbers: on lines across every side of the frame, 4 px apart, the tool itself reads the dark "
     "line's "
     "centre, dark and bright level from the picture. The residual is the centres' RMS distance in px from "

@@ -20,6 +20,7 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
         {"P5 1728 0 255\n", {"height \"0\"", "1 to 65535"}},
         {"P5 18446744073709551617 1 255\n1", {"width \"18446744073709551617\"", "65535"}},
         {"P5 65535 65535 255\n1", {"65535 x 65535", "2147483647"}},
+        {"P5 640 480 255\n" + std::string(640 * 480, 'x'), {"640 x 480 px, but the master must be at least"}},
     };
     for (const auto& [strBytes, aTold] : aPictures) {
         Write("bad.pgm", strBytes);

@@ -70,13 +70,13 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
 TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
     Render("--rx 0.5", "sub/good");
     Render("--ry -3.2", "sub/far");
-    Write("sub/tiny.pgm", "P5 2 2 255\n1234");
+    Write("sub/blank.pgm", "P5 1000 500 255\n" + std::string(500000, '\xC8'));
     const std::string strHead = "\xEF\xBB\xBF"
                                 "calibration,\"extra\",slave,master\r\n",
                       strGood =
                           "good/calibration.bin,\"a, \"\"b\"\"\r\n\",good/slave.pgm,good/master.pgm\r\n",
                       strFar = "far/calibration.bin,,far/slave.pgm,far/master.pgm\r\n",
-                      strTiny = "good/calibration.bin,,good/slave.pgm,tiny.pgm\r\n",
+                      strTiny = "good/calibration.bin,,good/slave.pgm,blank.pgm\r\n",
                       strGone = "good/calibration.bin,,\"a, \"\"b\"\".pgm\",-x\r\n",
                       strHeld = "good/calibration.bin,,good/slave.pgm,../gate.pgm";
     Write("sub/L", strHead + strGood);

@@ -81,7 +81,6 @@ TEST_F(MeasureCommand, FailureTellsCameraStageAndWhatWasMissing) {
         {"0x1010006", "", "centre cross", "blank picture", Paper(), 2},
         {"0x1010012", "", "centre cross", "above or below", CentreAboveRows(), 3},
         {"0x101001D", "", "frame location", "lower", UprightChart().Fill(1300, 700, 1727, 971, ubPaper), 6},
-        {"0x101001E", "", "frame binarisation", "surroundings", CentreAtFramesTop(), 6},
         {"0x101001F", ", left top corner", "corner points", "interrupted", WithoutLeftTop(), 6},
         {"0x1010022", ", right down corner", "corner points", "not found", WithoutRightDown(), 12},
     };

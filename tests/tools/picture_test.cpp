@@ -104,10 +104,10 @@ TEST_F(Pictures, OfEveryFormatMeasureAsTheSamePlaneDoes) {
     const std::string strColour(nColumns * nRows / 2, '\x80');
     Write("master.nv21", GreyOf("master.pgm") + strColour);
     Write("slave.nv21", m_strGrey + strColour);
-    Write("small.yuv", std::string(800 * 600, '\xC0'));
+    Write("small.yuv", std::string(1000 * 600, '\xC0'));
     EXPECT_EQ(MeasureAsJson("master.nv21 slave.nv21", "--raw 1728x972")["slave"]["corners_px"],
               tPlain["corners_px"]);
-    EXPECT_EQ(MeasureAsJson("slave.nv21 small.yuv", "--raw 1728x972 --raw-slave 800x600")["status"]["where"],
+    EXPECT_EQ(MeasureAsJson("slave.nv21 small.yuv", "--raw 1728x972 --raw-slave 1000x600")["status"]["where"],
               "slave camera");
 }
 
