@@ -62,6 +62,13 @@ void CheckList(const Options& t, const BatchList& tList) {
     std::error_code tIgnored; // a file that is not there is no list
     if (std::filesystem::equivalent(t.strOut, t.strList, tIgnored))
         throw ToolError(t.strOut, "is the list itself", "Name another file for the results");
+    if (std::filesystem::exists(t.strOut, tIgnored))
+        for (const BatchItem& tItem : tList.aItems)
+            for (const std::string& str : {tItem.strMaster, tItem.strSlave, tItem.strCalibration})
+                if (std::filesystem::equivalent(std::filesystem::path(tList.strFolder) / str, t.strOut,
+                                                tIgnored))
+                    throw ToolError(t.strOut, "is an input that the list names",
+                                    "Name another file for the results");
     if (t.bRepeatability && !tList.bHasIds)
         throw ToolError(t.strList, "has no column \"id\", by which --repeatability groups the rows",
                         "Add a column id, with the same id for pictures of the same module");

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <deque>
@@ -33,11 +34,20 @@ ToolError NotWritten(const std::string& strFile, const std::string& strReason) {
             "Choose a folder that you may write to and that has space left; no file is left half-written"};
 }
 
+// A link stays a link: the file that it leads to is the one that is written.
+std::string BehindLinks(const std::string& strTarget) {
+    std::error_code tError;
+    const std::filesystem::path t =
+        std::filesystem::weakly_canonical(std::filesystem::absolute(strTarget, tError), tError);
+    return tError ? strTarget : t.string();
+}
+
 // A file under its temporary name; gone again unless it took its place.
 class StagedFile {
 public:
     explicit StagedFile(const std::string& strTarget)
-        : m_strTarget(strTarget), m_strTemporary(strTarget + ".new-" + std::to_string(getpid())) {}
+        : m_strTarget(strTarget), m_strPlace(BehindLinks(strTarget)),
+          m_strTemporary(m_strPlace + ".new-" + std::to_string(getpid())) {}
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
 
@@ -57,23 +67,45 @@ public:
     }
 
     void TakePlace() {
-        m_bInPlace = std::rename(m_strTemporary.c_str(), m_strTarget.c_str()) == 0;
+        m_bInPlace = std::rename(m_strTemporary.c_str(), m_strPlace.c_str()) == 0;
         if (!m_bInPlace)
             throw NotWritten(m_strTarget, Reason());
     }
 
 private:
-    std::string m_strTarget;
+    std::string m_strTarget; // as named
+    std::string m_strPlace;
     std::string m_strTemporary;
     bool m_bInPlace = false;
 };
 
-// The one obstacle to taking a place that would show only after the first files took theirs.
-void RefuseFolder(const std::string& strTarget) {
+// What a rename would replace, or fail on, only after the first files took their places: a folder, a device.
+void RefuseNoFile(const std::string& strTarget) {
     std::error_code tIgnored; // whatever else is wrong with the name shows on writing
-    if (std::filesystem::is_directory(strTarget, tIgnored))
+    const std::filesystem::file_status t = std::filesystem::status(strTarget, tIgnored);
+    if (std::filesystem::is_directory(t))
         throw NotWritten(strTarget, "a folder of this name is in the way");
+    if (std::filesystem::exists(t) && !std::filesystem::is_regular_file(t))
+        throw NotWritten(strTarget, "what has this name is no file");
 }
+
+// Puts a wish to stop off until the files are in place or their temporary names are gone.
+class StopsHeld {
+public:
+    StopsHeld() {
+        sigset_t tStops;
+        sigemptyset(&tStops);
+        for (const int nSignal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&tStops, nSignal);
+        sigprocmask(SIG_BLOCK, &tStops, &m_tBefore);
+    }
+    ~StopsHeld() { sigprocmask(SIG_SETMASK, &m_tBefore, nullptr); }
+    StopsHeld(const StopsHeld&) = delete;
+    StopsHeld& operator=(const StopsHeld&) = delete;
+
+private:
+    sigset_t m_tBefore;
+};
 
 } // namespace
 
@@ -103,13 +135,18 @@ std::string ReadFile(const std::string& strFile, std::size_t nLimit) {
 }
 
 void WriteFiles(const std::vector<NewFile>& aFiles) {
+    const StopsHeld tHeld;
     std::deque<StagedFile> aStaged;
     for (const NewFile& t : aFiles) {
-        RefuseFolder(t.strFile);
+        RefuseNoFile(t.strFile);
         aStaged.emplace_back(t.strFile).Write(t.strBytes);
     }
     for (StagedFile& t : aStaged)
         t.TakePlace();
+}
+
+bool IsSameFile(const std::string& strOne, const std::string& strOther) {
+    return !strOne.empty() && !strOther.empty() && BehindLinks(strOne) == BehindLinks(strOther);
 }
 
 void CreateFolder(const std::string& strFolder) {

@@ -23,6 +23,9 @@ struct NewFile {
 // or a mixed set. Throws ToolError.
 void WriteFiles(const std::vector<NewFile>& aFiles);
 
+// Whether two names, links followed, lead to one file, there or not yet; an empty name leads to none.
+bool IsSameFile(const std::string& strOne, const std::string& strOther);
+
 // Creates the folder and its parents where they are missing. Throws ToolError.
 void CreateFolder(const std::string& strFolder);
 

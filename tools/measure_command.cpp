@@ -8,7 +8,6 @@
 #include "report_html.h"
 #include "tool_error.h"
 
-#include <filesystem>
 #include <memory>
 
 namespace tools {
@@ -27,11 +26,11 @@ std::optional<PictureSize> SizeGiven(const char* szOption, const std::string& st
     return str.empty() ? std::nullopt : std::optional(ParsedSize(szOption, str));
 }
 
-void WriteRecord(const std::string& strFile, const std::string& strRecord) {
+NewFile RecordFile(const std::string& strFile, const std::string& strRecord) {
     if (strRecord.empty())
         throw ToolError(strFile, "is not written, because the record could not be encrypted",
                         "Measure again, and tell the maker if it stays so");
-    WriteFiles({{strFile, strRecord}});
+    return {strFile, strRecord};
 }
 
 // The frame is searched outward from fixed distances to the cross; a smaller picture cannot hold it.
@@ -48,18 +47,20 @@ void RefuseTooSmall(const char* szCamera, const Picture& t) {
                         "Name the picture as the camera took it, not a reduced copy or a part of it");
 }
 
-// A report in the place of one of its own sources would destroy it.
+// An output in the place of one of the sources would destroy it, and one of two outputs in one place the
+// other.
 void RefuseToReplaceSource(const Options& t) {
-    std::error_code tIgnored; // a file that is missing is not the same one
-    for (const std::string& str : {t.strMaster, t.strSlave, t.strCalibration, t.strTruth})
-        if (std::filesystem::equivalent(str, t.strReport, tIgnored))
-            throw ToolError(t.strReport, "is an input of this measurement and is not replaced by the report",
-                            "Name another file for the report, such as report.html");
+    for (const std::string& strOutput : {t.strRecord, t.strReport})
+        for (const std::string& str : {t.strMaster, t.strSlave, t.strCalibration, t.strTruth})
+            if (IsSameFile(str, strOutput))
+                throw ToolError(strOutput, "is an input of this measurement and is not replaced",
+                                "Name another file for the output");
+    if (IsSameFile(t.strRecord, t.strReport))
+        throw ToolError(t.strReport, "is named for the record and for the report", "Name two files");
 }
 
 Report Run(const Options& t) {
-    if (!t.strReport.empty())
-        RefuseToReplaceSource(t);
+    RefuseToReplaceSource(t);
     const std::optional<PictureSize> oRaw = SizeGiven("--raw", t.strRaw),
                                      oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
     const Picture tMaster = ReadPicture(t.strMaster, oRaw),
@@ -71,8 +72,6 @@ Report Run(const Options& t) {
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
     const Measurement m = Measure(tMaster, tSlave, strCalibration);
-    if (!t.strRecord.empty())
-        WriteRecord(t.strRecord, m.strRecord);
     const Report tReport = {
         NoteOf(tMaster),
         NoteOf(tSlave),
@@ -84,8 +83,12 @@ Report Run(const Options& t) {
         TrustOf(tMaster, m.tMaster),
         TrustOf(tSlave, m.tSlave),
     };
+    std::vector<NewFile> aOutputs;
+    if (!t.strRecord.empty())
+        aOutputs.push_back(RecordFile(t.strRecord, m.strRecord));
     if (!t.strReport.empty())
-        WriteFiles({{t.strReport, HtmlOf(tReport, tMaster, tSlave)}});
+        aOutputs.push_back({t.strReport, HtmlOf(tReport, tMaster, tSlave)});
+    WriteFiles(aOutputs);
     return tReport;
 }
 

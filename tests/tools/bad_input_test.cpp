@@ -44,6 +44,9 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
         {strAll + " --truth other.json", {"other.json: holds no number \"relative_deg/rx\""}},
         {strAll + " --report missing/report.html", {"missing/report.html: cannot be written"}},
         {strAll + " --report ./slave.pgm", {"./slave.pgm: is an input of this measurement"}},
+        {strAll + " --record calibration.bin", {"calibration.bin: is an input of this measurement"}},
+        {strAll + " --record x --report ./x", {"./x: is named for the record and for the report"}},
+        {strAll + " --record new --report missing/report.html", {"missing/report.html: cannot be written"}},
         {strAll + " >/dev/full", {"standard output: the result could not be written"}},
     };
     for (const Refusal& t : aCases)
