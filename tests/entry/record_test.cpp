@@ -188,7 +188,9 @@ TEST(RecordReader, AcceptsItsOwnAndNamesWhatDiffers) {
     };
     Bytes aOther = aCalibration;
     aOther[0] ^= 1;
-    ExpectRefused(RecordFile(aOther, aPlain), 0x3010001, "another module's key");
+    // Noise ends like padding once in 256 times; then the checksum or the floats refuse it.
+    const int nOther = Read(aCalibration, RecordFile(aOther, aPlain)).nStatus;
+    EXPECT_TRUE(nOther >= 0x3010001 && nOther <= 0x3010003) << "another module's key: " << nOther;
     ExpectRefused({}, 0x3010001, "empty");
     ExpectRefused({1, 0}, 0x3010001, "version only");
     ExpectRefused(RecordFile(aCalibration, Bytes(aPlain.begin(), aPlain.end() - 1)), 0x3010001,

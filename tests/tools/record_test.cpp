@@ -26,7 +26,7 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
         const char* szWords; // a part
     } aCases[] = {
         {"record.bin --calibration calibration.bin", 0, "0x0", "belongs to this module"},
-        {"record.bin --calibration other/calibration.bin", 2, "0x301000", "another module's"},
+        {"record.bin --calibration other/calibration.bin", 2, "0x301000", "another module"},
         {"short.bin --calibration calibration.bin", 2, "0x3010001", "178 bytes, a whole one 194"},
         {"slave.pgm --calibration calibration.bin", 3, "", ""},
         {"other/truth.json --calibration calibration.bin", 2, "0x3010001", "does not begin as"},
