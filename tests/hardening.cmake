@@ -1,0 +1,12 @@
+# The release build's defences, as they stand in the built file (library or program).
+execute_process(COMMAND ${READELF} --wide --program-headers --dynamic --dyn-syms ${FILE}
+  OUTPUT_VARIABLE elf COMMAND_ERROR_IS_FATAL ANY)
+set(wanted "GNU_RELRO" "GNU_STACK[^\n]* RW " "BIND_NOW" "UND __stack_chk_fail@" "file type is DYN")
+if(COMPILER STREQUAL "GNU") # clang knows the sizes at fewer places
+  list(APPEND wanted "UND __[a-z]*printf_chk@")
+endif()
+foreach(pattern IN LISTS wanted)
+  if(NOT elf MATCHES "${pattern}")
+    message(SEND_ERROR "${FILE}: nothing matches \"${pattern}\"")
+  endif()
+endforeach()
