@@ -1,12 +1,16 @@
 #include "Orvex_Alignment_Stages.h"
 #include "support/failing_charts.h"
+#include "support/failing_cryptography.h"
 #include "support/get_align.h"
+#include "support/record_folder.h"
 
 #include <android/log.h>
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
 
 using namespace support;
 namespace fs = std::filesystem;
@@ -25,30 +29,14 @@ void Keep(const __android_logger_data* p, const char* szText) {
     g_aLog.push_back({p->priority, p->tag, szText});
 }
 
-const fs::path tFolder = "/sdcard";
-const fs::path tRecordFile = tFolder / "AFProtect.txt";
-
 class RecordFile : public testing::Test {
 protected:
     void SetUp() override {
         __android_log_set_logger(Keep);
         g_aLog.clear();
-        std::error_code tError;
-        m_bCreated = fs::create_directory(tFolder, tError);
-        if (!fs::is_directory(tFolder) || !std::ofstream(tRecordFile, std::ios::app))
+        if (!m_tFolder.IsWritable())
             GTEST_SKIP() << "this user may not write " << tRecordFile
                          << "; run as root to test the record file";
-    }
-    void TearDown() override {
-        std::error_code tError;
-        fs::remove_all(tRecordFile, tError);
-        if (m_bCreated)
-            fs::remove(tFolder, tError);
-    }
-
-    static std::vector<unsigned char> FileBytes() {
-        std::ifstream t(tRecordFile, std::ios::binary);
-        return {std::istreambuf_iterator<char>(t), {}};
     }
 
     // Status of the reader for the file under the calibration memory; pRecord receives the record.
@@ -67,7 +55,7 @@ protected:
         return nStatus;
     }
 
-    bool m_bCreated = false;
+    RecordFolder m_tFolder;
 };
 
 } // namespace
@@ -78,7 +66,7 @@ TEST_F(RecordFile, HoldsTheCallersBytesAndReadsBack) {
     const chart::Pair tPair = chart::RenderPair(tSetup);
     const AlignResult t = Align(tPair.tMaster, tPair.tSlave);
     ASSERT_EQ(t.nStatus, 0u);
-    const std::vector<unsigned char> aFile = FileBytes();
+    const std::vector<unsigned char> aFile = RecordBytes();
     ASSERT_EQ(aFile.size(), 194u);
     EXPECT_EQ(std::memcmp(aFile.data(), t.aFile.data(), aFile.size()), 0);
 
@@ -112,7 +100,7 @@ TEST_F(RecordFile, IsRewrittenWithZerosWhenTheMeasurementFails) {
     const AlignResult t = Align(Paper(), Paper());
     ASSERT_EQ(t.nStatus, 0x1010006u);
     _AFPROTECT tRecord;
-    const std::vector<unsigned char> aFile = FileBytes();
+    const std::vector<unsigned char> aFile = RecordBytes();
     ASSERT_EQ(aFile.size(), 194u);
     EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0x3010003) << "no module has zero floats";
     const _AFPROTECT tZero = {};
@@ -128,18 +116,107 @@ TEST_F(RecordFile, IsWrittenOnEntryErrorsWithCalibrationOnly) {
     EXPECT_EQ(getAlign(nullptr, nullptr, &d, &d, &d, nullptr, nullptr), 0x1020001u);
     EXPECT_FALSE(fs::exists(tRecordFile));
     EXPECT_EQ(getAlign(nullptr, nullptr, &d, &d, &d, aCalibration.data(), nullptr), 0x1020001u);
-    EXPECT_EQ(FileBytes().size(), 194u);
+    EXPECT_EQ(RecordBytes().size(), 194u);
 }
 
+namespace {
+
+// Somewhere the record file cannot go.
+struct Place {
+    const char* szName;
+    int nError;
+    bool (*Arrange)(); // false: not on this machine
+    void (*Undo)() = [] {};
+};
+
+bool MountAtFolder(unsigned long nFlags, const char* szOptions) {
+    return unshare(CLONE_NEWNS) == 0 && mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           mount("", tFolder.c_str(), "tmpfs", nFlags, szOptions) == 0;
+}
+
+void Unmount() {
+    umount(tFolder.c_str());
+}
+
+bool LinkTo(const char* szTarget) {
+    fs::create_symlink(szTarget, tRecordFile);
+    return true;
+}
+
+bool LimitFileSize(rlim_t nBytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit t = {};
+    getrlimit(RLIMIT_FSIZE, &t);
+    t.rlim_cur = nBytes;
+    return setrlimit(RLIMIT_FSIZE, &t) == 0;
+}
+
+const Place atPlaces[] = {
+    {"a folder in its place", EISDIR, [] { return fs::create_directory(tRecordFile); }},
+    {"a missing folder", ENOENT, [] { return LinkTo("/sdcard/missing/AFProtect.txt"); }},
+    {"a full device", ENOSPC, [] { return LinkTo("/dev/full"); }},
+    {"a full disk", ENOSPC,
+     [] {
+         return MountAtFolder(0, "size=4k") &&
+                !(std::ofstream(tFolder / "filler") << std::string(4096, 'x')).flush().fail();
+     },
+     Unmount},
+    {"a read-only disk", EROFS, [] { return MountAtFolder(MS_RDONLY, nullptr); }, Unmount},
+    {"a limit in the middle of the record", EFBIG, [] { return LimitFileSize(100); },
+     [] { LimitFileSize(RLIM_INFINITY); }},
+};
+
+} // namespace
+
+// That the pictures are freed all the same is for the leak checkers that this runs under.
 TEST_F(RecordFile, ThatCannotBeWrittenOnlyWarns) {
-    fs::remove(tRecordFile);
-    fs::create_directory(tRecordFile); // a folder in its place
-    const AlignResult t = Align(UprightChart(), UprightChart());
-    EXPECT_EQ(t.nStatus, 0u);
-    EXPECT_NE(t.aFile[0], 0) << "the caller has the bytes all the same";
-    ASSERT_EQ(g_aLog.size(), 2u);
-    EXPECT_EQ(g_aLog[1].nPriority, ANDROID_LOG_WARN);
-    EXPECT_EQ(g_aLog[1].strTag, "Test");
-    EXPECT_EQ(g_aLog[1].strText,
-              "/sdcard/AFProtect.txt was not written: " + std::string(std::strerror(EISDIR)));
+    for (const Place& t : atPlaces) {
+        SCOPED_TRACE(t.szName);
+        fs::remove_all(tRecordFile);
+        if (!t.Arrange()) {
+            std::printf("cannot be arranged by this user: %s\n", t.szName);
+            t.Undo();
+            continue;
+        }
+        for (const bool bPassing : {true, false}) {
+            g_aLog.clear();
+            const AlignResult tResult = Align(UprightChart(), bPassing ? UprightChart() : Paper());
+            EXPECT_EQ(tResult.nStatus, bPassing ? 0u : 0x1010006u);
+            std::vector<unsigned char> aFile(194);
+            std::memcpy(aFile.data(), tResult.aFile.data(), aFile.size());
+            _AFPROTECT tRecord;
+            EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), bPassing ? 0 : 0x3010003)
+                << "the caller has the bytes all the same";
+            ASSERT_EQ(g_aLog.size(), 2u);
+            EXPECT_EQ(g_aLog[1].nPriority, ANDROID_LOG_WARN);
+            EXPECT_EQ(g_aLog[1].strTag, "Test");
+            EXPECT_EQ(g_aLog[1].strText,
+                      "/sdcard/AFProtect.txt was not written: " + std::string(std::strerror(t.nError)));
+        }
+        t.Undo();
+    }
+}
+
+TEST_F(RecordFile, HoldsNothingWhenCryptographyFails) {
+    for (const char* const szCall : {"psa_crypto_init", "psa_generate_random", "psa_hash_compute",
+                                     "psa_import_key", "psa_cipher_encrypt"}) {
+        SCOPED_TRACE(szCall);
+        std::ofstream(tRecordFile) << "an older record";
+        for (const bool bPassing : {true, false}) {
+            g_aLog.clear();
+            g_nFailedCalls = 0;
+            g_strFailingCall = szCall;
+            const AlignResult t = Align(UprightChart(), bPassing ? UprightChart() : Paper());
+            g_strFailingCall.clear();
+            EXPECT_GT(g_nFailedCalls, 0);
+            EXPECT_EQ(t.nStatus, bPassing ? 0u : 0x1010006u);
+            EXPECT_TRUE(RecordBytes().empty());
+            EXPECT_EQ(t.aFile, AlignResult{}.aFile) << "nor do the caller's bytes";
+            ASSERT_EQ(g_aLog.size(), 2u);
+            EXPECT_EQ(g_aLog[1].strText,
+                      "/sdcard/AFProtect.txt was not written: the record could not be encrypted");
+        }
+    }
+    Align(UprightChart(), UprightChart());
+    EXPECT_EQ(RecordBytes().size(), 194u) << "written again as soon as it works again";
 }

@@ -1,0 +1,14 @@
+#ifndef ORVEX_TESTS_SUPPORT_FAILING_CRYPTOGRAPHY_H
+#define ORVEX_TESTS_SUPPORT_FAILING_CRYPTOGRAPHY_H
+
+#include <string>
+
+namespace support {
+
+// The call into the cryptography library that fails from now on ("psa_import_key"); empty: none.
+extern std::string g_strFailingCall;
+extern int g_nFailedCalls;
+
+} // namespace support
+
+#endif
