@@ -3,9 +3,7 @@
 #include "support/get_align.h"
 
 #include <cstring>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 using namespace support;
 
@@ -34,12 +32,6 @@ Trace Measure(const Picture& tMaster, const Picture& tSlave) {
     return t;
 }
 
-long ResidentPages() {
-    long nSize = 0, nResident = 0;
-    std::ifstream("/proc/self/statm") >> nSize >> nResident;
-    return nResident;
-}
-
 } // namespace
 
 TEST(State, AfterAnotherPairTheSamePairGivesTheSameBits) {
@@ -63,21 +55,4 @@ TEST(State, WorkingBufferCanBeReadAfterTheRun) {
     EXPECT_EQ(std::memcmp(m_pCMainView.pGreenBuffer, tChart.aPixels.data(), tChart.aPixels.size()), 0);
     EXPECT_EQ(m_pCMainView.pGreenBuffer[tChart.aPixels.size() + 486 * 1728 + 864], 0) << "binary plane";
     EXPECT_EQ(m_tDualCamAlignData.nCrossSpanX_Slave, 669) << "the bar ends inside the search window";
-}
-
-TEST(State, AThousandCallsDoNotGrowTheMemory) {
-#ifdef ORVEX_SANITIZE
-    GTEST_SKIP() << "the sanitizer keeps freed memory back; it reports leaks itself";
-#endif
-    const Picture tChart = UprightChart(), tPaper = Paper();
-    const auto Round = [&](int nCalls) {
-        for (int i = 0; i < nCalls; ++i)
-            Align(tChart, i % 10 == 9 ? tPaper : tChart);
-        malloc_trim(0);
-        return ResidentPages();
-    };
-    const long nBefore = Round(20);
-    const long nAfter = Round(1000);
-    std::printf("resident pages before %ld, after 1000 calls %ld\n", nBefore, nAfter);
-    EXPECT_LT(nAfter - nBefore, 256) << "a megabyte; one picture of a leak per call would be 400,000 pages";
 }
