@@ -60,7 +60,7 @@ void Measure(benchmark::State& tState, Body&& Run) {
 
 void WholePair(benchmark::State& tState) {
     std::vector<unsigned char> aCalibration(ORVEX_CALIBRATION_SIZE);
-    double dRx, dRy, dRz;
+    double dRx = 0, dRy = 0, dRz = 0;
     _AFPROTECT tRecord;
     Measure(tState, [&] {
         if (Orvex_Alignment_ForAndroid(g_tPair.tMaster.aGrey.data(), g_tPair.tSlave.aGrey.data(), 1728, 972,
@@ -75,9 +75,9 @@ void CrossPass(benchmark::State& tState) {
     unsigned char* const pGrey = g_tPair.tMaster.aGrey.data();
     unsigned short uwCenter[2] = {864, 486};
     const bool bRefine = tState.range(0) != 0;
-    double dAngle;
+    double dAngle = 0;
     float afCentre[2];
-    int nSpan;
+    int nSpan = 0;
     DualCamAlign_LoadParameters_ForAndroid();
     Measure(tState, [&] {
         DualCamAlign_BinaryImage(pGrey, 1728, 972, 0.6, nullptr, aBinary.data(), 0.45, 0.45, true, uwCenter,
@@ -94,7 +94,8 @@ BENCHMARK(CrossPass)->ArgName("refine")->Arg(0)->Arg(1)->Unit(benchmark::kMillis
 } // namespace
 
 int main(int nArguments, char** apszArguments) {
-    std::freopen("/dev/null", "w", stdout); // the library's lines; the table goes to standard error
+    static_cast<void>(
+        std::freopen("/dev/null", "w", stdout)); // the library's lines; the table goes to standard error
     benchmark::Initialize(&nArguments, apszArguments);
     benchmark::AddCustomContext("build type", BUILD_TYPE);
     benchmark::ConsoleReporter tReporter(benchmark::ConsoleReporter::OO_Tabular);

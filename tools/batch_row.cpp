@@ -38,7 +38,7 @@ std::vector<std::string> NumberKeys() {
 std::string ColumnOf(std::string strKey) {
     for (const std::string strUnit : {"_deg", "_px"})
         if (const std::size_t n = strKey.find(strUnit + "/"); n != strKey.npos)
-            strKey = strKey.erase(n, strUnit.size()) + strUnit;
+            strKey.erase(n, strUnit.size()).append(strUnit);
     std::ranges::replace(strKey, '/', '_');
     return strKey;
 }
@@ -99,7 +99,7 @@ const std::vector<std::string>& BatchColumns() {
     static const std::vector<std::string> aColumns = [] {
         std::vector<std::string> a(aszIdentity.begin(), aszIdentity.end());
         for (const TextColumn& t : aTextColumns)
-            a.push_back(t.szColumn);
+            a.emplace_back(t.szColumn);
         for (const std::string& strKey : NumberKeys())
             a.push_back(ColumnOf(strKey));
         return a;

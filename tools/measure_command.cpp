@@ -72,7 +72,7 @@ Report Run(const Options& t) {
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
     const Measurement m = Measure(tMaster, tSlave, strCalibration);
-    const Report tReport = {
+    Report tReport = {
         NoteOf(tMaster),
         NoteOf(tSlave),
         t.strCalibration,

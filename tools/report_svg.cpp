@@ -52,7 +52,7 @@ std::string MarkShape(const std::string& strCamera, const Mark& t, Point tCentre
                bRight = !bCentre && t.tPoint.dX > tCentre.dX;
     return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + t.strKey) +
            Attribute("transform", "translate(" + Number(t.tPoint.dX) + " " + Number(t.tPoint.dY) + ")") +
-           "><g class=\"screen\"><path d=\"M-12 0h8M4 0h8M0-12v8M0 4v8\"/><circle r=\"8\"/>" + "<text" +
+           R"(><g class="screen"><path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/><text)" +
            Attribute("x", bRight || bCentre ? "12" : "-12") + Attribute("y", bLower ? "24" : "-16") +
            Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(t.strLabel) +
            "</text></g><title>" +
@@ -87,7 +87,7 @@ std::string Sides(const std::string& strCamera, const CameraMeasurement& t) {
 }
 
 std::string Image(const std::string& strCamera, const Picture& t) {
-    return "<image x=\"-0.5\" y=\"-0.5\"" + Attribute("id", strCamera + "-picture") +
+    return R"(<image x="-0.5" y="-0.5")" + Attribute("id", strCamera + "-picture") +
            Attribute("width", std::to_string(t.nColumns)) + Attribute("height", std::to_string(t.nRows)) +
            Attribute("href", DataUrl("image/png", EncodePng(t))) + "/>\n";
 }

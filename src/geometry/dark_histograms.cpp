@@ -40,7 +40,7 @@ std::optional<DarkHistograms> CountDark(PlaneView tBinary, Rect tRect) {
         t.pRows[static_cast<std::size_t>(y)] = nDarkInRow;
     }
     return t;
-}
+} // NOLINT(clang-analyzer-unix.Malloc): both arrays have moved into the result
 
 std::optional<int> FirstOfDenseRun(std::span<const double> adHistogram) {
     const auto nSize = static_cast<int>(adHistogram.size());

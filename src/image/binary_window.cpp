@@ -39,7 +39,8 @@ double CornerPatchThreshold(PlaneView tGrey, CentreWindow t, double dRatio) {
     for (const Range& tRows : atRows)
         for (const Range& tColumns : atColumns)
             nSum += SumOfGrey(tGrey, {tColumns, tRows});
-    return static_cast<double>(nSum / (4 * nPatchX * nPatchY)) * dRatio;
+    const int nMean = nSum / (4 * nPatchX * nPatchY);
+    return nMean * dRatio;
 }
 
 void BinariseWindow(PlaneView tGrey, CentreWindow tWindow, double dThreshold, unsigned char* pBinary) {
