@@ -197,7 +197,7 @@ TEST_F(RecordFile, ThatCannotBeWrittenOnlyWarns) {
     }
 }
 
-TEST_F(RecordFile, HoldsNothingWhenCryptographyFails) {
+TEST_F(RecordFile, HoldsNothingAndIsNotReadWhenCryptographyFails) {
     for (const char* const szCall : {"psa_crypto_init", "psa_generate_random", "psa_hash_compute",
                                      "psa_import_key", "psa_cipher_encrypt"}) {
         SCOPED_TRACE(szCall);
@@ -218,5 +218,12 @@ TEST_F(RecordFile, HoldsNothingWhenCryptographyFails) {
         }
     }
     Align(UprightChart(), UprightChart());
-    EXPECT_EQ(RecordBytes().size(), 194u) << "written again as soon as it works again";
+    const std::vector<unsigned char> aFile = RecordBytes();
+    ASSERT_EQ(aFile.size(), 194u) << "written again as soon as it works again";
+    for (const char* const szCall : {"psa_hash_compute", "psa_import_key", "psa_cipher_decrypt"}) {
+        g_strFailingCall = szCall;
+        _AFPROTECT tRecord;
+        EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0x3010001) << szCall;
+        g_strFailingCall.clear();
+    }
 }

@@ -34,3 +34,7 @@ ORVEX_STAND_BEFORE(psa_cipher_encrypt,
                    (mbedtls_svc_key_id_t nKey, psa_algorithm_t nAlgorithm, const uint8_t* pIn,
                     std::size_t nIn, uint8_t* pOut, std::size_t nOut, std::size_t* pnWritten),
                    nKey, nAlgorithm, pIn, nIn, pOut, nOut, pnWritten)
+ORVEX_STAND_BEFORE(psa_cipher_decrypt,
+                   (mbedtls_svc_key_id_t nKey, psa_algorithm_t nAlgorithm, const uint8_t* pIn,
+                    std::size_t nIn, uint8_t* pOut, std::size_t nOut, std::size_t* pnWritten),
+                   nKey, nAlgorithm, pIn, nIn, pOut, nOut, pnWritten)

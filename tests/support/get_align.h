@@ -59,7 +59,7 @@ inline AlignResult Align(const Picture& tMaster, const Picture& tSlave) {
 }
 
 // A pair with the given relative rotation, blur 0.8 px, noise of 2 grey levels.
-inline chart::Pair NoisyPair(chart::Pose tMaster, chart::Pose tRelative, std::uint64_t nSeed) {
+inline chart::Pair NoisyPair(const chart::Pose& tMaster, const chart::Pose& tRelative, std::uint64_t nSeed) {
     chart::PairSetup t;
     t.tMasterPose = tMaster;
     t.tRelativePose = tRelative;
