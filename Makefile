@@ -4,7 +4,7 @@ PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev
   nlohmann-json3-dev libpng-dev libturbojpeg0-dev
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan test-browser install bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser lint valgrind coverage install bench setup clean
 
 all: build-release
 
@@ -40,6 +40,27 @@ test-browser: build-release
 	@./cmake/install-packages.sh chromium
 	@ctest --preset release -L browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
+
+# Format, shell scripts, cppcheck and clang-tidy.
+lint:
+	@./cmake/install-packages.sh $(PACKAGES) libbenchmark-dev clang clang-format clang-tidy cppcheck git shellcheck
+	@cmake --preset lint --log-level=NOTICE
+	@./cmake/lint.sh $(JOBS)
+
+# Memcheck over the short form of the tests: without the long ones, and without the tool as a program.
+valgrind:
+	@./cmake/install-packages.sh valgrind
+	@$(MAKE) --no-print-directory build-valgrind
+	@ctest --preset valgrind -j $(JOBS)
+
+# Lines and branches of the library that its tests run; fails below 97 and 90 %.
+coverage:
+	@./cmake/install-packages.sh gcovr
+	@$(MAKE) --no-print-directory build-coverage
+	@find build/coverage -name '*.gcda' -delete
+	@ctest --preset coverage -j $(JOBS)
+	@for metric in "" --branches; do gcovr --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
+	  --fail-under-line 97 --fail-under-branch 90 $$metric build/coverage || exit 1; done
 
 # PREFIX: where to, /usr/local if not given.
 install: build-release

@@ -1,0 +1,22 @@
+#!/bin/sh
+# Format and static checks of the whole project; clang-tidy's share is what build/lint compiles: library, tool and
+# benchmark. Takes the number of jobs.
+set -eu
+cd "$(dirname "$0")/.."
+jobs=${1:-1}
+
+echo "clang-format"
+git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
+echo "shellcheck"
+shellcheck .ci/run cmake/*.sh
+echo "cppcheck"
+cppcheck -j "$jobs" --quiet --error-exitcode=1 --std=c++20 --language=c++ --library=googletest --inconclusive \
+    --enable=warning,performance,portability --suppressions-list=.cppcheck-suppressions --template=gcc \
+    -I include -I src -I tools -I tests src tools bench tests
+echo "clang-tidy, some minutes"
+findings=build/lint/clang-tidy.txt
+run-clang-tidy -quiet -p build/lint -j "$jobs" >"$findings" 2>&1 || {
+    grep -A 4 -E ': .*(error|warning): ' "$findings" | head -200
+    echo "clang-tidy found faults: mend them, or see all in $findings" >&2
+    exit 1
+}
