@@ -3,6 +3,7 @@
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
   nlohmann-json3-dev libpng-dev libturbojpeg0-dev
 JOBS := $(shell nproc)
+LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
 
 .PHONY: all demo test test-clang test-asan test-browser lint valgrind coverage install bench setup clean
 
@@ -47,16 +48,16 @@ lint:
 	@cmake --preset lint --log-level=NOTICE
 	@./cmake/lint.sh $(JOBS)
 
-# Memcheck over the short form of the tests: without the long ones, and without the tool as a program.
+# Memcheck over the tests' short form: without the long ones, and without the tool as a program.
 valgrind:
 	@./cmake/install-packages.sh valgrind
-	@$(MAKE) --no-print-directory build-valgrind
+	@$(MAKE) --no-print-directory build-valgrind TARGET="$(LIBRARY_TESTS) chart_tests trust_tests"
 	@ctest --preset valgrind -j $(JOBS)
 
 # Lines and branches of the library that its tests run; fails below 97 and 90 %.
 coverage:
 	@./cmake/install-packages.sh gcovr
-	@$(MAKE) --no-print-directory build-coverage
+	@$(MAKE) --no-print-directory build-coverage TARGET="$(LIBRARY_TESTS) memory_fault_tests"
 	@find build/coverage -name '*.gcda' -delete
 	@ctest --preset coverage -j $(JOBS)
 	@for metric in "" --branches; do gcovr --filter src/ --exclude-throw-branches --exclude-unreachable-branches \

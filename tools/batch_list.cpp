@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -20,8 +21,8 @@ constexpr char szForm[] =
 // The place of each column in the records; none if the list lacks it.
 class Columns {
 public:
-    Columns(const std::string& strFile, const CsvRecord& tHead)
-        : m_strFile(strFile), m_aNames(tHead.aCells) {}
+    Columns(std::string strFile, const CsvRecord& tHead)
+        : m_strFile(std::move(strFile)), m_aNames(tHead.aCells) {}
 
     bool Has(const char* szName) const { return std::ranges::find(m_aNames, szName) != m_aNames.end(); }
     std::size_t Count() const { return m_aNames.size(); }

@@ -35,16 +35,16 @@ std::string ReadFromStart(int nFile) {
     std::array<char, 4096> aChunk;
     std::string str;
     lseek(nFile, 0, SEEK_SET);
-    for (ssize_t n; (n = read(nFile, aChunk.data(), aChunk.size())) > 0;)
+    for (ssize_t n = 0; (n = read(nFile, aChunk.data(), aChunk.size())) > 0;)
         str.append(aChunk.data(), static_cast<std::size_t>(n));
     return str;
 }
 
 } // namespace
 
-CapturedOutput::CapturedOutput(int nDescriptor) : m_nDescriptor(nDescriptor), m_nCapture(OpenNameless()) {
+CapturedOutput::CapturedOutput(int nDescriptor)
+    : m_nDescriptor(nDescriptor), m_nOriginal(Opened(dup(nDescriptor))), m_nCapture(OpenNameless()) {
     std::fflush(nullptr);
-    m_nOriginal = Opened(dup(nDescriptor));
     dup2(m_nCapture, nDescriptor);
 }
 

@@ -47,6 +47,7 @@ private:
 
 std::vector<char*> Pointers(std::vector<std::string>& aWords) {
     std::vector<char*> a;
+    a.reserve(aWords.size() + 1);
     for (std::string& str : aWords)
         a.push_back(str.data());
     a.push_back(nullptr);

@@ -21,7 +21,7 @@ CLI::Validator Within(double dLowest, double dHighest) {
         const bool bWithin = CLI::detail::lexical_cast(str, d) && d >= dLowest && d <= dHighest;
         return bWithin ? std::string() : "\"" + str + "\" is not a number from " + strRange;
     };
-    return CLI::Validator(Check, "", "");
+    return {Check, "", ""};
 }
 
 CLI::Validator WholeNumber() {
@@ -30,14 +30,15 @@ CLI::Validator WholeNumber() {
             !str.empty() && str.size() <= 18 && str.find_first_not_of("0123456789") == str.npos;
         return bWhole ? std::string() : "\"" + str + "\" is not a whole number from 0, of at most 18 digits";
     };
-    return CLI::Validator(Check, "", "");
+    return {Check, "", ""};
 }
 
 PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     PictureSize t = {};
     char cRest = 0;
     const bool bRead =
-        str.size() < 20 && std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
+        str.size() < 20 && // NOLINTNEXTLINE(cert-err34-c): nine digits cannot overflow
+        std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
     if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
         PixelsOf(t) > nMaxPixels)
         throw CLI::ValidationError(

@@ -130,7 +130,7 @@ struct Place {
 };
 
 bool MountAtFolder(unsigned long nFlags, const char* szOptions) {
-    return unshare(CLONE_NEWNS) == 0 && mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+    return unshare(CLONE_NEWNS) == 0 && mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) == 0 &&
            mount("", tFolder.c_str(), "tmpfs", nFlags, szOptions) == 0;
 }
 

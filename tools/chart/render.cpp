@@ -65,6 +65,7 @@ void AddNoise(Plane& tPlane, double dSigma, std::uint64_t nSeed) {
 std::uint8_t ToByte(float fGrey) {
     if (!(fGrey > 0))
         return 0;
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): at most 255, where the sum is exact enough
     return static_cast<std::uint8_t>(std::min(fGrey, 255.0f) + 0.5f);
 }
 
