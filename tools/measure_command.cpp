@@ -106,10 +106,9 @@ constexpr char szDescription[] =
     "lie in the file. Angles come raw, as measured, and rescaled, as the station receives them; the rescaled "
     "ones decide. A picture that shows the whole frame has at least 906 x 406 px.\n"
     "Trust numbers: on lines across every side of the frame, 4 px apart, the tool itself reads the dark "
-    "line's "
-    "centre, dark and bright level from the picture. The residual is the centres' RMS distance in px from "
-    "the "
-    "straight line between the two measured corners. Warnings tell value and limit.";
+    "line's centre, dark and bright level from the picture, and fits a straight line to the centres by least "
+    "squares. The residual is the centres' RMS distance in px from that line; told apart from it is how far "
+    "the farther of the side's two measured corners lies from the line. Warnings tell value and limit.";
 
 constexpr char szExamples[] =
     "EXAMPLES\n"

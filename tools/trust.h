@@ -9,12 +9,17 @@ namespace tools {
 // How far one camera's measurement can be trusted; nothing where there was nothing to read.
 struct CameraTrust {
     std::array<std::optional<SideReading>, 4> aoSides; // left, top, right, bottom
-    std::optional<double> oBorderDistance;             // smallest from the frame's outer edge, px
+    // From each side's fitted line to the farther of its two measured corners, px.
+    std::array<std::optional<double>, 4> aoCornerDistances;
+    std::optional<double> oBorderDistance; // smallest from the frame's outer edge, px
     std::optional<int> oCrossSpan;
 };
 
 // From the picture's pixels and the measured corners.
 CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured);
+
+// Percent of the lines across a side that show the frame; nothing if there is no line.
+std::optional<double> ReadShareOf(const SideReading& t);
 
 Quantities QuantitiesOf(const CameraTrust& t);
 

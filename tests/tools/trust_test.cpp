@@ -47,15 +47,16 @@ Frame FrameAt(int nLeft, int nTop, unsigned char ubInk) {
 
 } // namespace
 
-TEST(SideReading, ResidualIsTheRmsDistanceFromTheStraightLine) {
+TEST(SideReading, ResidualIsTheRmsDistanceFromTheFittedLine) {
     const struct {
         const char* szWhat;
         std::function<double(double)> Shift;
-        double dResidual;
+        double dResidual, dFirst, dLast; // the line's distance from the corners
     } aCases[] = {
-        {"straight", [](double) { return 0.0; }, 0},
-        {"beside its corners", [](double) { return -0.7; }, 0.7},
-        {"waves", [](double d) { return std::sin(20 * d); }, std::sqrt(0.5)},
+        {"straight", [](double) { return 0.0; }, 0, 0, 0},
+        {"beside its corners", [](double) { return -0.7; }, 0, 0.7, 0.7},
+        {"slanted", [](double d) { return 3 * d; }, 0, 0, 3},
+        {"waves", [](double d) { return std::sin(60 * d); }, std::sqrt(0.5), 0, 0},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
@@ -64,6 +65,8 @@ TEST(SideReading, ResidualIsTheRmsDistanceFromTheStraightLine) {
         EXPECT_EQ(r.nRead, r.nLines);
         ASSERT_TRUE(r.oResidual);
         EXPECT_NEAR(*r.oResidual, t.dResidual, 0.02 + 0.03 * t.dResidual);
+        EXPECT_NEAR(Distance((*r.oEnds)[0], tFrom), t.dFirst, 0.05 + 0.1 * t.dResidual);
+        EXPECT_NEAR(Distance((*r.oEnds)[1], tTo), t.dLast, 0.05 + 0.1 * t.dResidual);
         EXPECT_NEAR(*r.oWidth, 2 * dHalfLine, 0.1);
         EXPECT_NEAR(*r.oDark, dDark, 1);
         EXPECT_NEAR(*r.oBright, dBright, 1);
@@ -102,7 +105,7 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
         {"cut", FrameAt(-4, 50, support::ubInk), {{", left side", "show the frame"}, {"touches"}}, -4},
         {"pale",
          FrameAt(90, 40, 165),
-         {{", left, top, right, bottom sides: at worst low contrast", "dark 165", "bright 200", "40"}},
+         {{", left, top, right, bottom sides: at worst low contrast", "dark 165", "bright 200", "70"}},
          40},
     };
     for (const auto& t : aCases) {
@@ -120,5 +123,5 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
     tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
     const std::vector<std::string> a = WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured));
     ASSERT_EQ(a.size(), 1u);
-    EXPECT_TRUE(a[0].starts_with("master camera, bottom side: large residual, 1.7")) << a[0];
+    EXPECT_TRUE(a[0].starts_with("master camera, bottom side: a measured corner lies 3.0")) << a[0];
 }

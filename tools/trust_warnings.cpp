@@ -1,0 +1,88 @@
+#include "text_table.h"
+#include "trust.h"
+#include "trust_limits.h"
+
+namespace tools {
+namespace {
+
+// One side as the checks see it.
+struct CheckedSide {
+    SideReading tReading;
+    std::optional<double> oCornerDistance;
+};
+
+// One reason to warn of sides. Excess tells by how much a side is worse than allowed.
+struct SideCheck {
+    double (*Excess)(const CheckedSide&);
+    std::string (*Words)(const CheckedSide&);
+};
+
+constexpr std::array<SideCheck, 4> aSideChecks = {{
+    {[](const CheckedSide& t) { return kLeastRead - ReadShareOf(t.tReading).value_or(kLeastRead); },
+     [](const CheckedSide& t) {
+         return "only " + std::to_string(t.tReading.nRead) + " of " + std::to_string(t.tReading.nLines) +
+                " lines across it show the frame, less than " + Fixed(kLeastRead, 0) +
+                " %. Remove what covers it, and check light and aim.";
+     }},
+    {[](const CheckedSide& t) {
+         return t.tReading.oDark ? kLowContrast - (*t.tReading.oBright - *t.tReading.oDark) : 0;
+     },
+     [](const CheckedSide& t) {
+         return "low contrast, dark " + Fixed(*t.tReading.oDark, 0) + " and bright " +
+                Fixed(*t.tReading.oBright, 0) + " differ by less than " + Fixed(kLowContrast, 0) +
+                " grey levels. Check light and exposure.";
+     }},
+    {[](const CheckedSide& t) { return t.tReading.oResidual.value_or(0) - kLargeResidual; },
+     [](const CheckedSide& t) {
+         return "large residual, " + Fixed(*t.tReading.oResidual, 3) +
+                " px RMS from the fitted line, more than " + Fixed(kLargeResidual, 1) +
+                " px. Check that the chart is flat and sharp and that nothing touches its frame.";
+     }},
+    {[](const CheckedSide& t) { return t.oCornerDistance.value_or(0) - kLargeCornerDistance; },
+     [](const CheckedSide& t) {
+         return "a measured corner lies " + Fixed(*t.oCornerDistance, 3) +
+                " px beside the fitted line, more than " + Fixed(kLargeCornerDistance, 1) +
+                " px. Check the corner in the report for dirt, shadow or a bent chart.";
+     }},
+}};
+
+// One warning for all sides that a check finds, with the worst one's numbers.
+void WarnOfSides(const std::string& strCamera, const CameraTrust& t, const SideCheck& tCheck,
+                 std::vector<std::string>& a) {
+    std::string strSides;
+    int nSides = 0;
+    std::optional<CheckedSide> oWorst;
+    for (std::size_t i = 0; i < kSides.size(); ++i) {
+        if (!t.aoSides[i])
+            continue;
+        const CheckedSide tSide = {*t.aoSides[i], t.aoCornerDistances[i]};
+        if (!(tCheck.Excess(tSide) > 0))
+            continue;
+        strSides += std::string(", ") + kSides[i].szKey;
+        ++nSides;
+        if (!oWorst || tCheck.Excess(tSide) > tCheck.Excess(*oWorst))
+            oWorst = tSide;
+    }
+    if (oWorst)
+        a.push_back(strCamera + strSides + (nSides == 1 ? " side: " : " sides: at worst ") +
+                    tCheck.Words(*oWorst));
+}
+
+} // namespace
+
+std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t) {
+    std::vector<std::string> a;
+    const std::string strCamera = NameOf(tCamera) + std::string(" camera");
+    for (const SideCheck& tCheck : aSideChecks)
+        WarnOfSides(strCamera, t, tCheck, a);
+    if (t.oBorderDistance && *t.oBorderDistance < kNearBorder)
+        a.push_back(strCamera + ": the frame " +
+                    (*t.oBorderDistance <= 0
+                         ? "touches the picture's border"
+                         : "is only " + Fixed(*t.oBorderDistance, 1) +
+                               " px from the picture's border, less than " + Fixed(kNearBorder, 0) + " px") +
+                    ". Aim at the chart's middle or move it away.");
+    return a;
+}
+
+} // namespace tools
