@@ -72,6 +72,7 @@ Report Run(const Options& t) {
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
     const Measurement m = Measure(tMaster, tSlave, strCalibration);
+    const StageViews tViews = ViewsOf(tMaster, tSlave, m);
     const Report tReport = {
         NoteOf(tMaster),
         NoteOf(tSlave),
@@ -80,8 +81,9 @@ Report Run(const Options& t) {
         m,
         VerdictOf(m),
         oTruth,
-        TrustOf(tMaster, m.tMaster),
-        TrustOf(tSlave, m.tSlave),
+        tViews,
+        TrustOf(tMaster, m.tMaster, tViews.tMaster),
+        TrustOf(tSlave, m.tSlave, tViews.tSlave),
     };
     std::vector<NewFile> aOutputs;
     if (!t.strRecord.empty())

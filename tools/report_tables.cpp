@@ -76,7 +76,7 @@ std::vector<ReportTable> TablesOf(const Report& t) {
     const Measurement& m = t.tMeasurement;
     const std::string strRest = m.oRaw ? "" : ", as far as the measurement came";
     std::vector<ReportTable> a = {Rotation(m),
-                                  SideBySide("Trust: the tool's own reading of each frame" + strRest,
+                                  SideBySide("Trust: the tool's own reading of each picture" + strRest,
                                              QuantitiesOf(t.tMasterTrust), QuantitiesOf(t.tSlaveTrust))};
     if (t.oTruth)
         a.push_back(AgainstTruth(m, *t.oTruth));

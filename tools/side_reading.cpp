@@ -15,6 +15,12 @@ constexpr double dLeastStep = 10.0;
 constexpr double dReachShare = 0.05;
 constexpr double dLeastReach = 8.0;
 
+// From and to, px along or beside a side.
+struct Span {
+    double dFirst;
+    double dLast;
+};
+
 // Grey values on a line across the side, one px apart; those outside the picture are left out.
 struct Profile {
     double dFirst; // first sample, px from the side
@@ -38,9 +44,9 @@ bool Holds(const Picture& t, double x, double y) {
     return x >= 0 && y >= 0 && x <= t.nColumns - 1 && y <= t.nRows - 1;
 }
 
-Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, double dReach) {
+Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, Span tAcross) {
     Profile tProfile = {};
-    for (double d = -dReach; d <= dReach; d += 1.0) {
+    for (double d = tAcross.dFirst; d <= tAcross.dLast; d += 1.0) {
         const double x = tMiddle.dX + d * tNormal.dX, y = tMiddle.dY + d * tNormal.dY;
         if (!Holds(t, x, y))
             continue;
@@ -156,6 +162,29 @@ void AddLevels(SideReading& t, const std::vector<DarkRun>& aRuns) {
     t.oWidth = MedianOf(&DarkRun::dWidth);
 }
 
+// On lines across the way.
+SideReading ReadLines(const Picture& tPicture, const Way& tWay, Span tAlong, Span tAcross) {
+    SideReading t;
+    std::vector<DarkRun> aRuns;
+    std::vector<Place> aPlaces;
+    for (double d = tAlong.dFirst; d <= tAlong.dLast; d += kLineStep, ++t.nLines) {
+        const Profile tProfile = ProfileAcross(tPicture, tWay.At(d, 0), tWay.tNormal, tAcross);
+        if (const std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
+            aRuns.push_back(*oRun);
+            aPlaces.push_back({d, tProfile.dFirst + oRun->dCentre});
+        }
+    }
+    t.nRead = static_cast<int>(aRuns.size());
+    AddLevels(t, aRuns);
+    AddLine(t, tWay, aPlaces);
+    return t;
+}
+
+// No way in the picture is longer than its sides together; false for a NaN.
+bool IsWayIn(const Picture& tPicture, double dLength) {
+    return dLength > 0 && dLength <= 1.0 * tPicture.nColumns + tPicture.nRows;
+}
+
 } // namespace
 
 double Distance(Point a, Point b) {
@@ -183,24 +212,17 @@ std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
 SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo) {
     const Way tWay(tFrom, tTo);
     const double dReach = std::max(dLeastReach, std::floor(tWay.dLength * dReachShare));
-    // A side longer than the picture's sides together is none; negated, because a corner may be NaN.
-    if (!(tWay.dLength > 2 * dReach && tWay.dLength <= 1.0 * tPicture.nColumns + tPicture.nRows))
+    if (!IsWayIn(tPicture, tWay.dLength) || tWay.dLength <= 2 * dReach)
         return {};
-    SideReading t;
-    std::vector<DarkRun> aRuns;
-    std::vector<Place> aPlaces;
     // Next to a corner the other side's line would be read too.
-    for (double d = dReach; d <= tWay.dLength - dReach; d += kLineStep, ++t.nLines) {
-        const Profile tProfile = ProfileAcross(tPicture, tWay.At(d, 0), tWay.tNormal, dReach);
-        if (const std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
-            aRuns.push_back(*oRun);
-            aPlaces.push_back({d, tProfile.dFirst + oRun->dCentre});
-        }
-    }
-    t.nRead = static_cast<int>(aRuns.size());
-    AddLevels(t, aRuns);
-    AddLine(t, tWay, aPlaces);
-    return t;
+    return ReadLines(tPicture, tWay, {dReach, tWay.dLength - dReach}, {-dReach, dReach});
+}
+
+SideReading SearchSide(const Picture& tPicture, Point tFrom, Point tTo, double dReach) {
+    const Way tWay(tFrom, tTo);
+    if (!IsWayIn(tPicture, tWay.dLength) || !IsWayIn(tPicture, dReach))
+        return {};
+    return ReadLines(tPicture, tWay, {0, tWay.dLength}, {0, dReach});
 }
 
 } // namespace tools

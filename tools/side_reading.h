@@ -36,8 +36,12 @@ struct SideReading {
     std::optional<double> oDark, oBright, oWidth; // medians; nothing if no line was read
 };
 
-// Reads the side between two corners.
+// Reads the side between two corners, measured ones or near them.
 SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo);
+
+// Reads a side whose place is not known: on lines that begin on the way between two points and reach so far
+// to its right, as one sees it going.
+SideReading SearchSide(const Picture& tPicture, Point tFrom, Point tTo, double dReach);
 
 } // namespace tools
 

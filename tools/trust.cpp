@@ -1,47 +1,104 @@
 #include "trust.h"
 
+#include "trust_limits.h"
+
 #include <algorithm>
 
 namespace tools {
 namespace {
 
-// The frame's outer edge lies half a line beyond the corners.
-std::optional<double> BorderDistance(const Picture& tPicture, const CameraMeasurement& tMeasured,
-                                     const CameraTrust& tTrust) {
-    double dHalfLine = 0;
-    for (const std::optional<SideReading>& o : tTrust.aoSides)
-        if (o && o->oWidth)
-            dHalfLine = std::max(dHalfLine, *o->oWidth / 2);
-    std::optional<double> oLeast;
-    for (const std::optional<Point>& o : tMeasured.aoCorners)
-        if (o) {
-            const double d = std::min({o->dX + 0.5, tPicture.nColumns - 0.5 - o->dX, o->dY + 0.5,
-                                       tPicture.nRows - 0.5 - o->dY}) -
-                             dHalfLine;
-            oLeast = std::min(d, oLeast.value_or(d));
-        }
-    return oLeast;
+using Ends = std::array<Point, 2>;
+
+Ends EndsOf(const SideName& n, const std::array<Point, 4>& aCorners) {
+    return {aCorners[n.nFrom], aCorners[n.nTo]};
 }
 
-void AddSide(const Picture& tPicture, Point tFrom, Point tTo, std::size_t nSide, CameraTrust& t) {
-    const SideReading& tReading = t.aoSides[nSide].emplace(ReadSide(tPicture, tFrom, tTo));
-    if (tReading.oEnds)
+// In the order of the slots.
+std::array<Point, 4> CornersOf(const Rectangle& t) {
+    return {{{t.dLeft, t.dTop}, {t.dLeft, t.dBottom}, {t.dRight, t.dTop}, {t.dRight, t.dBottom}}};
+}
+
+// Where a side's line must lie, as far as that is known.
+std::optional<Ends> KnownEnds(const SideName& n, const CameraMeasurement& tMeasured, const StageView& tView) {
+    std::array<std::optional<Point>, 4> aoCorners = tMeasured.aoCorners;
+    for (std::size_t i = 0; i < aoCorners.size(); ++i)
+        if (!aoCorners[i] && tView.oFrameEdge)
+            aoCorners[i] = CornersOf(*tView.oFrameEdge)[i];
+    if (!aoCorners[n.nFrom] || !aoCorners[n.nTo])
+        return std::nullopt;
+    return Ends{*aoCorners[n.nFrom], *aoCorners[n.nTo]};
+}
+
+// From a point to the picture's border beyond a side, px. Left, top, right, bottom.
+double BorderBeyond(std::size_t nSide, const Picture& tPicture, Point t) {
+    return std::array{t.dX + 0.5, t.dY + 0.5, tPicture.nColumns - 0.5 - t.dX,
+                      tPicture.nRows - 0.5 - t.dY}[nSide];
+}
+
+// From where the stages began to search for it to the border.
+SideReading SearchedSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart) {
+    const auto [tFrom, tTo] = EndsOf(kSides[nSide], CornersOf(tStart));
+    const double dReach = BorderBeyond(nSide, tPicture, tFrom);
+    const bool bOutwardIsRight = nSide == 0 || nSide == 3;
+    return bOutwardIsRight ? SearchSide(tPicture, tFrom, tTo, dReach)
+                           : SearchSide(tPicture, tTo, tFrom, dReach);
+}
+
+bool WereMeasured(const SideName& n, const CameraMeasurement& t) {
+    return t.aoCorners[n.nFrom] && t.aoCorners[n.nTo];
+}
+
+void AddBorder(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, CameraTrust& t) {
+    for (const Point& tEnd : tEnds) {
+        const double d = BorderBeyond(nSide, tPicture, tEnd);
+        t.oBorderDistance = std::min(d, t.oBorderDistance.value_or(d));
+    }
+}
+
+// Other things than the frame may be met on the way to the border; they do not stand in a straight line.
+void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart, CameraTrust& t) {
+    const SideReading& tReading = t.aoSides[nSide].emplace(SearchedSide(nSide, tPicture, tStart));
+    if (tReading.oEnds && *tReading.oResidual < kLargeResidual)
+        AddBorder(nSide, tPicture, *tReading.oEnds, t);
+}
+
+void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured, CameraTrust& t) {
+    const SideReading& tReading = t.aoSides[nSide].emplace(ReadSide(tPicture, tEnds[0], tEnds[1]));
+    if (tReading.oEnds && bMeasured)
         t.aoCornerDistances[nSide] =
-            std::max(Distance(tFrom, (*tReading.oEnds)[0]), Distance(tTo, (*tReading.oEnds)[1]));
+            std::max(Distance(tEnds[0], (*tReading.oEnds)[0]), Distance(tEnds[1], (*tReading.oEnds)[1]));
+    AddBorder(nSide, tPicture, tReading.oEnds.value_or(tEnds), t);
+}
+
+void AddSide(std::size_t nSide, const Picture& tPicture, const CameraMeasurement& tMeasured,
+             const StageView& tView, CameraTrust& t) {
+    if (const std::optional<Ends> oEnds = KnownEnds(kSides[nSide], tMeasured, tView))
+        ReadSide(nSide, tPicture, *oEnds, WereMeasured(kSides[nSide], tMeasured), t);
+    else if (tView.oFrameStart)
+        SearchSide(nSide, tPicture, *tView.oFrameStart, t);
+}
+
+// The frame's outer edge lies half a line beyond its sides' middle lines.
+double HalfLine(const CameraTrust& t) {
+    double dHalf = 0;
+    for (const std::optional<SideReading>& o : t.aoSides)
+        if (o && o->oWidth)
+            dHalf = std::max(dHalf, *o->oWidth / 2);
+    return dHalf;
 }
 
 } // namespace
 
-CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured) {
+CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured, const StageView& tView) {
     CameraTrust t;
-    for (std::size_t i = 0; i < kSides.size(); ++i) {
-        const std::optional<Point>&oFrom = tMeasured.aoCorners[kSides[i].nFrom],
-              &oTo = tMeasured.aoCorners[kSides[i].nTo];
-        if (oFrom && oTo)
-            AddSide(tPicture, *oFrom, *oTo, i, t);
-    }
-    t.oBorderDistance = BorderDistance(tPicture, tMeasured, t);
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        AddSide(i, tPicture, tMeasured, tView, t);
+    if (t.oBorderDistance)
+        *t.oBorderDistance -= HalfLine(t);
     t.oCrossSpan = tMeasured.oBarSpan;
+    if (tView.oSearchWindow)
+        t.oCross = ReadCrossLevels(tPicture, *tView.oSearchWindow);
+    t.oCrossThreshold = tView.oCrossThreshold;
     return t;
 }
 

@@ -45,6 +45,12 @@ Quantities QuantitiesOf(const CameraTrust& t) {
                          std::string(kSides[i].szKey) + " side, " + tKind.szWords, tKind.szUnit,
                          tKind.nDecimals, tKind.ValueOf(t, i)});
     a.push_back({"border_distance_px", "frame to picture's border", "px", 1, t.oBorderDistance});
+    const auto OfCross = [&](const char* szKey, const char* szWords, Value oValue) {
+        a.push_back({szKey, std::string("cross, ") + szWords, "grey levels", 1, oValue});
+    };
+    OfCross("cross_dark_grey", "dark level", t.oCross ? Value(t.oCross->dDark) : Value());
+    OfCross("cross_bright_grey", "bright level", t.oCross ? Value(t.oCross->dBright) : Value());
+    OfCross("cross_threshold_grey", "threshold of its search", t.oCrossThreshold);
     a.push_back({"cross_span_px", "cross span", "px", 0, t.oCrossSpan});
     return a;
 }

@@ -5,6 +5,11 @@
 namespace tools {
 namespace {
 
+std::string OfLowContrast(double dDark, double dBright) {
+    return "low contrast, dark " + Fixed(dDark, 0) + " and bright " + Fixed(dBright, 0) +
+           " differ by less than " + Fixed(kLowContrast, 0) + " grey levels. Check light and exposure";
+}
+
 // One side as the checks see it.
 struct CheckedSide {
     SideReading tReading;
@@ -27,11 +32,7 @@ constexpr std::array<SideCheck, 4> aSideChecks = {{
     {[](const CheckedSide& t) {
          return t.tReading.oDark ? kLowContrast - (*t.tReading.oBright - *t.tReading.oDark) : 0;
      },
-     [](const CheckedSide& t) {
-         return "low contrast, dark " + Fixed(*t.tReading.oDark, 0) + " and bright " +
-                Fixed(*t.tReading.oBright, 0) + " differ by less than " + Fixed(kLowContrast, 0) +
-                " grey levels. Check light and exposure.";
-     }},
+     [](const CheckedSide& t) { return OfLowContrast(*t.tReading.oDark, *t.tReading.oBright) + "."; }},
     {[](const CheckedSide& t) { return t.tReading.oResidual.value_or(0) - kLargeResidual; },
      [](const CheckedSide& t) {
          return "large residual, " + Fixed(*t.tReading.oResidual, 3) +
@@ -68,6 +69,26 @@ void WarnOfSides(const std::string& strCamera, const CameraTrust& t, const SideC
                     tCheck.Words(*oWorst));
 }
 
+// Nothing if nothing speaks against the cross.
+std::string OfCross(const CameraTrust& t) {
+    if (!t.oCross)
+        return "";
+    const auto [dDark, dBright] = *t.oCross;
+    if (dBright - dDark < kLowContrast)
+        return OfLowContrast(dDark, dBright) + ", and that the cross is in view";
+    if (t.oCrossThreshold && dDark > *t.oCrossThreshold)
+        return "too pale, its dark level " + Fixed(dDark, 0) + " is above " + Fixed(*t.oCrossThreshold, 0) +
+               ", up to which its search takes pixels as ink. Check for reflections and overexposure";
+    return "";
+}
+
+std::string OfBorder(double dDistance) {
+    return (dDistance <= 0 ? "touches the picture's border"
+                           : "is only " + Fixed(dDistance, 1) + " px from the picture's border, less than " +
+                                 Fixed(kNearBorder, 0) + " px") +
+           std::string(". Aim at the chart's middle or move it away.");
+}
+
 } // namespace
 
 std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t) {
@@ -76,12 +97,9 @@ std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t) {
     for (const SideCheck& tCheck : aSideChecks)
         WarnOfSides(strCamera, t, tCheck, a);
     if (t.oBorderDistance && *t.oBorderDistance < kNearBorder)
-        a.push_back(strCamera + ": the frame " +
-                    (*t.oBorderDistance <= 0
-                         ? "touches the picture's border"
-                         : "is only " + Fixed(*t.oBorderDistance, 1) +
-                               " px from the picture's border, less than " + Fixed(kNearBorder, 0) + " px") +
-                    ". Aim at the chart's middle or move it away.");
+        a.push_back(strCamera + ": the frame " + OfBorder(*t.oBorderDistance));
+    if (const std::string str = OfCross(t); !str.empty())
+        a.push_back(strCamera + ", cross: " + str + ".");
     return a;
 }
 

@@ -110,7 +110,7 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured);
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, {});
         EXPECT_NEAR(*tTrust.oBorderDistance, *t.oBorder, 0.1);
         const std::vector<std::string> a = WarningsOf(Camera::kSlave, tTrust);
         ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
@@ -121,7 +121,40 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
     Frame tBent = FrameAt(90, 40, support::ubInk);
     tBent.tMeasured.aoCorners[3]->dY += 3; // right down: its two sides no longer follow the picture's
     tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
-    const std::vector<std::string> a = WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured));
+    const std::vector<std::string> a =
+        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured, {}));
     ASSERT_EQ(a.size(), 1u);
     EXPECT_TRUE(a[0].starts_with("master camera, bottom side: a measured corner lies 3.0")) << a[0];
+}
+
+TEST(Trust, IsToldAsFarAsTheStagesCame) {
+    const Rectangle tWindow = {200, 100, 600, 400}, tStart = {150, 100, 650, 400};
+    Frame tFrame = FrameAt(170, 50, 165), tPale = FrameAt(90, 40, support::ubInk);
+    tFrame.tMeasured.aoCorners = {};
+    const struct {
+        const char* szWhat;
+        const Frame& tFrame;
+        StageView tView;
+        std::vector<std::string> aWarnings; // how each begins, behind the camera
+    } aCases[] = {
+        {"nothing", tFrame, {}, {}},
+        {"no cross", tFrame, {tWindow, 120.0, {}, {}, {}, {}}, {", cross: low contrast, dark 200"}},
+        {"no frame",
+         tFrame,
+         {{}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
+         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
+        {"no corners",
+         tFrame,
+         {{}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
+         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
+        {"pale cross", tPale, {Rectangle{60, 100, 150, 400}, 20.0, {}, {}, {}, {}}, {", cross: too pale"}},
+    };
+    for (const auto& t : aCases) {
+        SCOPED_TRACE(t.szWhat);
+        const std::vector<std::string> a =
+            WarningsOf(Camera::kMaster, TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, t.tView));
+        ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
+        for (std::size_t i = 0; i < a.size(); ++i)
+            EXPECT_TRUE(a[i].starts_with("master camera" + t.aWarnings[i])) << a[i];
+    }
 }
