@@ -87,14 +87,26 @@ double HalfLine(const CameraTrust& t) {
     return dHalf;
 }
 
+// A side that no line shows may be nearest to the border, or beyond it.
+bool IsSideUnseen(const CameraTrust& t) {
+    return std::ranges::any_of(t.aoSides, [](const auto& o) { return !o || o->nRead == 0; });
+}
+
+void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& t) {
+    if (!t.oBorderDistance)
+        return;
+    *t.oBorderDistance -= HalfLine(t);
+    if (MissingCorner(tMeasured) != nullptr && IsSideUnseen(t) && *t.oBorderDistance >= kNearBorder)
+        t.oBorderDistance.reset();
+}
+
 } // namespace
 
 CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured, const StageView& tView) {
     CameraTrust t;
     for (std::size_t i = 0; i < kSides.size(); ++i)
         AddSide(i, tPicture, tMeasured, tView, t);
-    if (t.oBorderDistance)
-        *t.oBorderDistance -= HalfLine(t);
+    FinishBorder(tMeasured, t);
     t.oCrossSpan = tMeasured.oBarSpan;
     if (tView.oSearchWindow)
         t.oCross = ReadCrossLevels(tPicture, *tView.oSearchWindow);
