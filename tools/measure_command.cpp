@@ -1,9 +1,9 @@
 #include "measure_command.h"
 
-#include "Orvex_Alignment_Stages.h"
 #include "calibration.h"
 #include "console.h"
 #include "files.h"
+#include "frame_search.h"
 #include "option_checks.h"
 #include "report_html.h"
 #include "tool_error.h"
@@ -33,15 +33,11 @@ NewFile RecordFile(const std::string& strFile, const std::string& strRecord) {
     return {strFile, strRecord};
 }
 
-// The frame is searched outward from fixed distances to the cross; a smaller picture cannot hold it.
-void RefuseTooSmall(const char* szCamera, const Picture& t) {
-    constexpr int nBorder = 3; // px that a search starts before the picture's border
-    const DualCamAlignParam& tParam = *DualCamAlign_LoadParameters_ForAndroid();
-    const PictureSize tLeast = {2 * (tParam.nFrameOffsetX_Master + nBorder),
-                                2 * (tParam.nFrameOffsetY_Master + nBorder)};
+void RefuseTooSmall(Camera tCamera, const Picture& t) {
+    const PictureSize tLeast = LeastSizeOf(tCamera);
     if (t.nColumns < tLeast.nColumns || t.nRows < tLeast.nRows)
         throw ToolError(t.strFile,
-                        "is " + SizeText({t.nColumns, t.nRows}) + ", but the " + szCamera +
+                        "is " + SizeText({t.nColumns, t.nRows}) + ", but the " + NameOf(tCamera) +
                             " must be at least " + SizeText(tLeast) +
                             " to show the whole frame around the cross",
                         "Name the picture as the camera took it, not a reduced copy or a part of it");
@@ -65,8 +61,8 @@ Report Run(const Options& t) {
                                      oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
     const Picture tMaster = ReadPicture(t.strMaster, oRaw),
                   tSlave = ReadPicture(t.strSlave, oSlaveRaw ? oSlaveRaw : oRaw);
-    RefuseTooSmall("master", tMaster);
-    RefuseTooSmall("slave", tSlave);
+    RefuseTooSmall(Camera::kMaster, tMaster);
+    RefuseTooSmall(Camera::kSlave, tSlave);
     const std::string strCalibration = ReadCalibration(t.strCalibration);
     std::optional<Truth> oTruth;
     if (!t.strTruth.empty())

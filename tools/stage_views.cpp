@@ -1,6 +1,7 @@
 #include "stage_views.h"
 
 #include "Orvex_Alignment_Stages.h"
+#include "frame_search.h"
 
 #include <algorithm>
 #include <array>
@@ -68,17 +69,6 @@ Rectangle WindowAround(Point tCentre, const Picture& tPicture, Camera tCamera) {
 Rectangle RectangleOf(_POINTPOSITION ptLT, _POINTPOSITION ptRD) {
     return {static_cast<double>(ptLT.x), static_cast<double>(ptLT.y), static_cast<double>(ptRD.x),
             static_cast<double>(ptRD.y)};
-}
-
-struct FrameSearch {
-    int nMargin, nOffsetX, nOffsetY;
-};
-
-FrameSearch FrameSearchOf(Camera tCamera) {
-    const DualCamAlignParam& t = m_tDualCamAlignParam;
-    return tCamera == Camera::kMaster
-               ? FrameSearch{t.nFrameMargin_Master, t.nFrameOffsetX_Master, t.nFrameOffsetY_Master}
-               : FrameSearch{t.nFrameMargin_Slave, t.nFrameOffsetX_Slave, t.nFrameOffsetY_Slave};
 }
 
 // The margin lies on both sides of the edges that were met; the picture's border may cut the outer one.
