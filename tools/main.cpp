@@ -7,6 +7,7 @@
 #include "tool_error.h"
 #include "versions.h"
 
+#include <array>
 #include <cstdio>
 #include <fcntl.h>
 #include <memory>
@@ -52,20 +53,36 @@ ExitCode Fail(const std::string& strMessage) {
     return kUnfitFile;
 }
 
+constexpr std::array<ExitMeaning, 7> aExits = {{
+    {kDone, "done; of a measurement: within range; of a record: accepted"},
+    {kOutOfRange, "measured, an angle out of range"},
+    {kNotMeasured, "the chart could not be measured, or the record was refused"},
+    {kUnfitFile, "a file could not be read or written, or does not fit"},
+    {kWrongUsage, "wrong usage"},
+    kInterrupted,
+    kTerminated,
+}};
+
+std::string Footer() {
+    return ExamplesHelp(
+               {"orvex-align render --out demo --rx 0.8",
+                "orvex-align measure demo/master.pgm demo/slave.pgm --calibration demo/calibration.bin"}) +
+           ExitCodesHelp(aExits) + "\nEach command has its own --help.\n";
+}
+
 ExitCode Run(int nArguments, const char* const* aszArguments) {
     ExitCode tExit = kWrongUsage;
-    CLI::App tApp(
-        "measures pictures of the alignment chart\n"
-        "The chart, a dark cross inside a dark frame, is photographed by the master and the slave camera "
-        "of a module. The commands measure such a pair, read the record that a measurement leaves, and "
-        "render pairs with known rotation.",
-        "orvex-align");
+    CLI::App tApp("Measures pictures of the alignment chart.\n"
+                  "The chart, a dark cross inside a dark frame, is photographed by the master and the slave "
+                  "camera of a module. The commands measure such a pair or a list of them, read the record "
+                  "that a measurement leaves, and render pairs with known rotation.",
+                  "orvex-align");
     tApp.set_version_flag("--version", [] {
         return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
     });
     tApp.formatter(std::make_shared<ManPage>());
     tApp.failure_message(UsageMessage);
-    tApp.footer("Each command has its own --help with options, examples and exit codes.\n");
+    tApp.footer(Footer());
     tApp.require_subcommand(1);
     AddMeasureCommand(tApp, tExit);
     AddRecordCommand(tApp, tExit);
