@@ -4,6 +4,7 @@
 #include "measure_command.h"
 #include "record_command.h"
 #include "render_command.h"
+#include "text_table.h"
 #include "tool_error.h"
 #include "versions.h"
 
@@ -26,10 +27,10 @@ void OccupyStandardStreams() {
 }
 
 std::string Commands(const CLI::App& tApp) {
-    std::string str;
+    std::vector<std::string> a;
     for (const CLI::App* const p : tApp.get_subcommands({}))
-        str += (str.empty() ? "" : ", ") + p->get_name();
-    return str;
+        a.push_back(p->get_name());
+    return Listed(a);
 }
 
 // What the parser could not place comes first: it is often the cause of what is then missing.

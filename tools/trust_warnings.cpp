@@ -50,8 +50,7 @@ constexpr std::array<SideCheck, 4> aSideChecks = {{
 // One warning for all sides that a check finds, with the worst one's numbers.
 void WarnOfSides(const std::string& strCamera, const CameraTrust& t, const SideCheck& tCheck,
                  std::vector<std::string>& a) {
-    std::string strSides;
-    int nSides = 0;
+    std::vector<std::string> aSides;
     std::optional<CheckedSide> oWorst;
     for (std::size_t i = 0; i < kSides.size(); ++i) {
         if (!t.aoSides[i])
@@ -59,14 +58,13 @@ void WarnOfSides(const std::string& strCamera, const CameraTrust& t, const SideC
         const CheckedSide tSide = {*t.aoSides[i], t.aoCornerDistances[i]};
         if (!(tCheck.Excess(tSide) > 0))
             continue;
-        strSides += std::string(", ") + kSides[i].szKey;
-        ++nSides;
+        aSides.push_back(kSides[i].szKey);
         if (!oWorst || tCheck.Excess(tSide) > tCheck.Excess(*oWorst))
             oWorst = tSide;
     }
     if (oWorst)
-        a.push_back(strCamera + strSides + (nSides == 1 ? " side: " : " sides: at worst ") +
-                    tCheck.Words(*oWorst));
+        a.push_back(strCamera + ", " + Listed(aSides) +
+                    (aSides.size() == 1 ? " side: " : " sides: at worst ") + tCheck.Words(*oWorst));
 }
 
 // Nothing if nothing speaks against the cross.
