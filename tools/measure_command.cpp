@@ -144,13 +144,16 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("MASTER", pOptions->strMaster,
                     "The master camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
+        ->check(FileName())
         ->type_name("");
     tCommand
         .add_option("SLAVE", pOptions->strSlave, "The slave camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
+        ->check(FileName())
         ->type_name("");
     tCommand.add_option("--calibration", pOptions->strCalibration, CalibrationHelp())
         ->required()
+        ->check(FileName())
         ->type_name("FILE");
     CLI::Option* const pRaw =
         tCommand
@@ -168,14 +171,17 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("--record", pOptions->strRecord,
                     "Also write the autofocus record file, encrypted for this module; all zeros inside if "
                     "the chart could not be measured")
+        ->check(FileName())
         ->type_name("FILE");
     tCommand
         .add_option("--report", pOptions->strReport,
                     "Also write one HTML page with both pictures, what was found in them, and every number")
+        ->check(FileName())
         ->type_name("FILE");
     tCommand
         .add_option("--truth", pOptions->strTruth,
                     "Also compare with the truth.json of a rendered pair: differences in degrees and px")
+        ->check(FileName())
         ->type_name("FILE");
     tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });

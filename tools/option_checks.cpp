@@ -27,6 +27,13 @@ CLI::Validator WholeNumber() {
     return CLI::Validator(Check, "", "");
 }
 
+CLI::Validator FileName() {
+    const auto Check = [](const std::string& str) {
+        return str.empty() ? std::string("the name is empty, as an unset variable leaves it") : std::string();
+    };
+    return CLI::Validator(Check, "", "");
+}
+
 PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     PictureSize t = {};
     char cRest = 0;

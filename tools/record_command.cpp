@@ -3,6 +3,7 @@
 #include "calibration.h"
 #include "console.h"
 #include "man_page.h"
+#include "option_checks.h"
 #include "record_output.h"
 
 #include <memory>
@@ -43,11 +44,13 @@ void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("FILE", pOptions->strFile,
                     "The record file: AFProtect.txt of a phone, or measure --record's")
         ->required()
+        ->check(FileName())
         ->type_name("");
     tCommand
         .add_option("--calibration", pOptions->strCalibration,
                     CalibrationHelp() + "; the key is made from it")
         ->required()
+        ->check(FileName())
         ->type_name("FILE");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
     tCommand.footer(Footer());

@@ -203,6 +203,7 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("--out", pOptions->strFolder,
                     "Folder for the pair's files or the study; created if missing")
         ->required()
+        ->check(FileName())
         ->type_name("DIR");
     AddPose(tCommand, *pOptions);
     tCommand
