@@ -11,7 +11,8 @@ struct CrossLevels {
     double dBright; // the middle one
 };
 
-// From the search window, whether or not the cross is found in it. Nothing if the window misses the picture.
+// From the first search window, whether or not the cross is found in it. Nothing if the window misses the
+// picture.
 std::optional<CrossLevels> ReadCrossLevels(const Picture& tPicture, const Rectangle& tWindow);
 
 } // namespace tools

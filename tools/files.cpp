@@ -29,8 +29,13 @@ ToolError NotRead(const std::string& strFile) {
             Advice("Check the name and the permissions of the file")};
 }
 
-constexpr char szChoose[] =
-    "Choose a folder that you may write to and that has space left; no file is left half-written";
+// A staged file's.
+ToolError NotStaged(const std::string& strFile) {
+    return NotWritten(
+        strFile, errno == ENOENT ? "Create its folder first, or name a file in another one"
+                                 : Advice("Choose a folder that you may write to and that has space left; no "
+                                          "file is left half-written"));
+}
 
 // A link stays a link: the file that it leads to is the one that is written.
 std::string BehindLinks(const std::string& strTarget) {
@@ -61,13 +66,13 @@ public:
             std::fflush(pFile.get()) == 0 && fsync(fileno(pFile.get())) == 0 &&
             std::fclose(pFile.release()) == 0;
         if (!bWritten)
-            throw NotWritten(m_strTarget, Advice(szChoose));
+            throw NotStaged(m_strTarget);
     }
 
     void TakePlace() {
         m_bInPlace = std::rename(m_strTemporary.c_str(), m_strPlace.c_str()) == 0;
         if (!m_bInPlace)
-            throw NotWritten(m_strTarget, Advice(szChoose));
+            throw NotStaged(m_strTarget);
     }
 
 private:

@@ -111,6 +111,7 @@ StageView ViewOf(const Picture& tPicture, Camera tCamera, const Measurement& tMe
     const Point tCentre = FindCoarseCentre(tPicture, tCamera, tPlanes, auwCentre)
                               ? Point{1.0 * auwCentre[0], 1.0 * auwCentre[1]}
                               : FirstCentre(tPicture, tCamera);
+    t.oFirstWindow = WindowAround(FirstCentre(tPicture, tCamera), tPicture, tCamera);
     t.oSearchWindow = WindowAround(tCentre, tPicture, tCamera);
     t.oCrossThreshold = tCamera == Camera::kMaster ? m_tDualCamAlignData.dBinaryThreshold_Master
                                                    : m_tDualCamAlignData.dBinaryThreshold_Slave;

@@ -108,8 +108,8 @@ CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured,
         AddSide(i, tPicture, tMeasured, tView, t);
     FinishBorder(tMeasured, t);
     t.oCrossSpan = tMeasured.oBarSpan;
-    if (tView.oSearchWindow)
-        t.oCross = ReadCrossLevels(tPicture, *tView.oSearchWindow);
+    if (tView.oFirstWindow)
+        t.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);
     t.oCrossThreshold = tView.oCrossThreshold;
     return t;
 }

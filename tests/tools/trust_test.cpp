@@ -138,16 +138,19 @@ TEST(Trust, IsToldAsFarAsTheStagesCame) {
         std::vector<std::string> aWarnings; // how each begins, behind the camera
     } aCases[] = {
         {"nothing", tFrame, {}, {}},
-        {"no cross", tFrame, {tWindow, 120.0, {}, {}, {}, {}}, {", cross: low contrast, dark 200"}},
+        {"no cross", tFrame, {tWindow, {}, 120.0, {}, {}, {}, {}}, {", cross: low contrast, dark 200"}},
         {"no frame",
          tFrame,
-         {{}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
+         {{}, {}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
          {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
         {"no corners",
          tFrame,
-         {{}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
+         {{}, {}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
          {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
-        {"pale cross", tPale, {Rectangle{60, 100, 150, 400}, 20.0, {}, {}, {}, {}}, {", cross: too pale"}},
+        {"pale cross",
+         tPale,
+         {Rectangle{60, 100, 150, 400}, {}, 20.0, {}, {}, {}, {}},
+         {", cross: too pale"}},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
