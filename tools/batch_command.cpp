@@ -1,18 +1,13 @@
 #include "batch_command.h"
 
-#include "batch_results.h"
-#include "batch_summary.h"
-#include "child_pool.h"
+#include "batch_measuring.h"
 #include "console.h"
 #include "files.h"
 #include "option_checks.h"
-#include "progress.h"
-#include "result_sink.h"
 #include "tool_error.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <thread>
 #include <unistd.h>
 
@@ -32,27 +27,6 @@ struct Options {
     }
 };
 
-// Rows in the list's order, written as soon as all before them are.
-class OrderedRows {
-public:
-    OrderedRows(ResultSink& tSink, std::size_t nFirst) : m_tSink(tSink), m_nNext(nFirst) {}
-
-    void Add(std::size_t nRow, const std::string& strLine) {
-        m_tWaiting[nRow] = strLine;
-        for (auto p = m_tWaiting.find(m_nNext); p != m_tWaiting.end(); p = m_tWaiting.find(++m_nNext)) {
-            m_tSink.Write(p->second);
-            m_tWaiting.erase(p);
-        }
-    }
-
-    std::size_t Written() const { return m_nNext; }
-
-private:
-    ResultSink& m_tSink;
-    std::size_t m_nNext;
-    std::map<std::size_t, std::string> m_tWaiting;
-};
-
 void CheckOptions(const Options& t) {
     if (t.bResume && t.strOut.empty())
         throw CLI::ValidationError("--resume", "needs --out, the file to go on with");
@@ -65,8 +39,8 @@ void CheckList(const Options& t, const BatchList& tList) {
     if (std::filesystem::exists(t.strOut, tIgnored))
         for (const BatchItem& tItem : tList.aItems)
             for (const std::string& str : {tItem.strMaster, tItem.strSlave, tItem.strCalibration})
-                if (std::filesystem::equivalent(std::filesystem::path(tList.strFolder) / str, t.strOut,
-                                                tIgnored))
+                if (!str.empty() && std::filesystem::equivalent(std::filesystem::path(tList.strFolder) / str,
+                                                                t.strOut, tIgnored))
                     throw ToolError(t.strOut, "is an input that the list names",
                                     "Name another file for the results");
     if (t.bRepeatability && !tList.bHasIds)
@@ -86,13 +60,6 @@ StoredRows EarlierRows(const Options& t, const BatchList& tList) {
                 "belongs to another list: its row " + std::to_string(i + 1) + " is not that of " + t.strList,
                 "Name the list and the results that belong together, or a new file; nothing was changed");
     return tRows;
-}
-
-std::unique_ptr<Child> StartMeasuring(const BatchList& tList, const BatchItem& t) {
-    return std::make_unique<Child>(std::vector<std::string>{"measure", "--json",
-                                                            "--calibration=" + t.strCalibration, "--",
-                                                            t.strMaster, t.strSlave},
-                                   tList.strFolder);
 }
 
 std::string ResumeCommand(const Options& t) {
@@ -130,24 +97,12 @@ ExitCode Run(const Options& t) {
     tSink.KeepOnly(tEarlier.nBytes);
     if (tEarlier.nBytes == 0)
         tSink.Write(HeadOf(t.Format()));
-    OrderedRows tRows(tSink, nFirst);
-    const auto Measured = [&](Progress& tProgress, std::size_t nRow, const ChildOutcome& tOutcome) {
-        const BatchRow tRow = RowOf(tList.aItems[nRow], tOutcome);
-        tSummary.Add(tList.aItems[nRow], tRow);
-        tRows.Add(nRow, LineOf(t.Format(), tRow));
-        tProgress.Step();
-    };
-    int nSignal = 0;
-    {
-        Progress tProgress(nFirst, nTotal, !t.strOut.empty() || isatty(STDOUT_FILENO) == 0);
-        nSignal = RunChildren(
-            {nFirst, nTotal, t.nJobs,
-             [&](std::size_t nRow) { return StartMeasuring(tList, tList.aItems[nRow]); },
-             [&](std::size_t nRow, const ChildOutcome& tOutcome) { Measured(tProgress, nRow, tOutcome); }});
-    }
-    if (nSignal != 0) {
-        TellStop(t, tRows.Written(), nTotal);
-        return static_cast<ExitCode>(kSignal + nSignal);
+    const bool bProgress = !t.strOut.empty() || isatty(STDOUT_FILENO) == 0;
+    const MeasuredRows tMeasured =
+        MeasureRows({tList, nFirst, t.Format(), t.nJobs, bProgress}, tSink, tSummary);
+    if (tMeasured.nSignal != 0) {
+        TellStop(t, tMeasured.nWritten, nTotal);
+        return static_cast<ExitCode>(kSignal + tMeasured.nSignal);
     }
     TellSummary(t, tSummary);
     return tSummary.Exit();

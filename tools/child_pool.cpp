@@ -21,7 +21,7 @@ struct Running {
 
 class Pool {
 public:
-    explicit Pool(const ChildWork& tWork) : m_tWork(tWork), m_nNext(tWork.nFirst) {}
+    explicit Pool(const ChildWork& tWork) : m_tWork(tWork) {}
 
     int Run() {
         for (StartMore(); !m_aRunning.empty(); StartMore()) {
@@ -35,7 +35,7 @@ public:
 
 private:
     void StartMore() {
-        for (; m_nSignal == 0 && m_nNext < m_tWork.nEnd && m_aRunning.size() < m_tWork.nAtOnce; ++m_nNext)
+        for (; m_nSignal == 0 && m_nNext < m_tWork.nJobs && m_aRunning.size() < m_tWork.nAtOnce; ++m_nNext)
             m_aRunning.push_back({m_nNext, m_tWork.Start(m_nNext)});
     }
 
@@ -68,7 +68,7 @@ private:
 
     StopSignals m_tStop;
     const ChildWork& m_tWork;
-    std::size_t m_nNext;
+    std::size_t m_nNext = 0;
     std::list<Running> m_aRunning;
     int m_nSignal = 0;
     Clock::time_point m_tPatienceEnds;

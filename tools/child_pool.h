@@ -10,7 +10,7 @@
 namespace tools {
 
 struct ChildWork {
-    std::size_t nFirst, nEnd; // jobs are numbered from nFirst, below nEnd
+    std::size_t nJobs; // numbered from 0
     std::size_t nAtOnce;
     std::function<std::unique_ptr<Child>(std::size_t)> Start;
     std::function<void(std::size_t, const ChildOutcome&)> Done; // in the order in which they end

@@ -78,6 +78,7 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                       strFar = "far/calibration.bin,,far/slave.pgm,far/master.pgm\r\n",
                       strTiny = "good/calibration.bin,,good/slave.pgm,blank.pgm\r\n",
                       strGone = "good/calibration.bin,,\"a, \"\"b\"\".pgm\",-x\r\n",
+                      strHole = "good/calibration.bin,,,good/master.pgm\r\n", strShort = ",,x\r\n",
                       strHeld = "good/calibration.bin,,good/slave.pgm,../gate.pgm";
     Write("sub/L", strHead + strGood);
     EXPECT_EQ(Rows(0, "sub/L").size(), 1u);
@@ -85,9 +86,9 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
     EXPECT_EQ(Rows(1, "sub/L").size(), 2u);
     Write("sub/L", strHead + strTiny + strFar);
     EXPECT_EQ(Rows(2, "sub/L").size(), 2u);
-    Write("sub/L", strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHeld);
+    Write("sub/L", strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHole + strShort + strHeld);
     const Outcome t = Run("batch sub/L --resume --out r --format jsonl",
-                          strGate + StartBatch("sub/L --out r --format jsonl", 4) +
+                          strGate + StartBatch("sub/L --out r --format jsonl", 6) +
                               "kill -9 $(cat /proc/$p/task/$p/children); wait $p");
     EXPECT_EQ(t.nExit, 3);
     const std::vector<Row> aRows = RowsOf(Read("r"));
@@ -99,6 +100,8 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                   {1, "out_of_range", "out of range"},
                   {2, "not_measured", "no "},
                   {3, "unfit_input", "-x: cannot be read"},
+                  {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
+                  {3, "unfit_input", "line 9 of the list: it has 3 columns, but the first line names 4"},
                   {2, "no_answer", "ended by signal 9"}};
     ASSERT_EQ(aRows.size(), std::size(aCases));
     for (std::size_t i = 0; i < aRows.size(); ++i) {
@@ -176,8 +179,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead, "--out r", "no pair to measure"},
         {"master;slave;calibration\na;b;c\n", "--out r",
          "no column \"master\"; its columns are \"master;slave"},
-        {strHead + "a,b,c\na,b\n", "--out r", "in line 3 there are 2 columns"},
-        {strHead + "a,,c\n", "--out r", "in line 2 the column \"slave\" is empty"},
+        {"master,slave,id,slave,calibration\na,b,c,d,e\n", "--out r", "more than one column \"slave\""},
         {strHead + "a,b,\"c\n", "--out r", "never closed"},
         {std::string("\x7F"
                      "ELF\0\1\2,",
