@@ -86,11 +86,15 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
     EXPECT_EQ(Rows(1, "sub/L").size(), 2u);
     Write("sub/L", strHead + strTiny + strFar);
     EXPECT_EQ(Rows(2, "sub/L").size(), 2u);
-    Write("sub/L", strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHole + strShort + strHeld);
+    Write("sub/L",
+          strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHole + strHole + strShort + strHeld);
     const Outcome t = Run("batch sub/L --resume --out r --format jsonl",
-                          strGate + StartBatch("sub/L --out r --format jsonl", 6) +
+                          strGate + StartBatch("sub/L --out r --format jsonl", 7) +
                               "kill -9 $(cat /proc/$p/task/$p/children); wait $p");
     EXPECT_EQ(t.nExit, 3);
+    for (const char* const szReason :
+         {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"})
+        EXPECT_NE(t.strOut.find(szReason), std::string::npos) << t.strOut;
     const std::vector<Row> aRows = RowsOf(Read("r"));
     const struct {
         int nExit;
@@ -101,7 +105,8 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                   {2, "not_measured", "no "},
                   {3, "unfit_input", "-x: cannot be read"},
                   {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
-                  {3, "unfit_input", "line 9 of the list: it has 3 columns, but the first line names 4"},
+                  {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
+                  {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
                   {2, "no_answer", "ended by signal 9"}};
     ASSERT_EQ(aRows.size(), std::size(aCases));
     for (std::size_t i = 0; i < aRows.size(); ++i) {
