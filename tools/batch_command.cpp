@@ -16,9 +16,13 @@ namespace {
 
 constexpr std::size_t nResultsLimit = std::size_t{1} << 31;
 
+// Seconds. The largest pictures take a few.
+constexpr std::size_t nDefaultTimeout = 60;
+
 struct Options {
     std::string strList, strOut, strFormat = "csv";
     std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
+    std::size_t nTimeout = nDefaultTimeout;
     bool bResume = false, bOverwrite = false, bRepeatability = false;
 
     RowFormat Format() const { return strFormat == "csv" ? RowFormat::kCsv : RowFormat::kJsonLines; }
@@ -64,8 +68,9 @@ StoredRows EarlierRows(const Options& t, const BatchList& tList) {
 
 std::string ResumeCommand(const Options& t) {
     return "orvex-align batch " + ShellWord(t.strList) + " --out " + ShellWord(t.strOut) + " --format " +
-           t.strFormat + " --jobs " + std::to_string(t.nJobs) + (t.bRepeatability ? " --repeatability" : "") +
-           " --resume";
+           t.strFormat + " --jobs " + std::to_string(t.nJobs) +
+           (t.nTimeout == nDefaultTimeout ? "" : " --timeout " + std::to_string(t.nTimeout)) +
+           (t.bRepeatability ? " --repeatability" : "") + " --resume";
 }
 
 void TellStop(const Options& t, std::size_t nWritten, std::size_t nTotal) {
@@ -98,8 +103,8 @@ ExitCode Run(const Options& t) {
     if (tEarlier.nBytes == 0)
         tSink.Write(HeadOf(t.Format()));
     const bool bProgress = !t.strOut.empty() || isatty(STDOUT_FILENO) == 0;
-    const MeasuredRows tMeasured =
-        MeasureRows({tList, nFirst, t.Format(), t.nJobs, bProgress}, tSink, tSummary);
+    const MeasuredRows tMeasured = MeasureRows(
+        {tList, nFirst, t.Format(), t.nJobs, std::chrono::seconds(t.nTimeout), bProgress}, tSink, tSummary);
     if (tMeasured.nSignal != 0) {
         TellStop(t, tMeasured.nWritten, nTotal);
         return static_cast<ExitCode>(kSignal + tMeasured.nSignal);
@@ -113,18 +118,18 @@ constexpr char szDescription[] =
     "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master, slave "
     "and calibration are the files of a pair, relative to the list's folder; id names the module (the row's "
     "number where there is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation "
-    "of "
-    "rendered pairs, against which the summary then compares. Other columns are ignored.\n"
-    "Every pair is measured in a process of its own. A pair that cannot be read or measured, or whose "
-    "process "
-    "crashes, is a row that says so, and the batch goes on. Rows come in the list's order and as soon as all "
-    "before them are there, so that an interrupted run keeps what it has and --resume goes on behind it. A "
-    "summary follows: counts, failures by status and the spread of the raw angles. It goes to standard "
-    "output "
-    "with --out, to standard error without. A progress bar shows on a terminal.\n"
+    "of rendered pairs, against which the summary then compares. Other columns are ignored.\n"
+    "Every pair is measured in a process of its own. A pair that cannot be read or measured, whose line in "
+    "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
+    "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
+    "an interrupted run keeps what it has and --resume goes on behind it. A summary follows: counts, "
+    "failures "
+    "by status or reason and the spread of the raw angles. It goes to standard output with --out, to "
+    "standard "
+    "error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
-    "measure tells them (verdict also unfit_input, and no_answer for a process that crashed); then every "
-    "measurement, with its unit (deg, px) at the end of its name.";
+    "measure tells them (verdict also unfit_input, and no_answer for a process that crashed or took too "
+    "long); then every measurement, with its unit (deg, px) at the end of its name.";
 
 constexpr char szExamples[] =
     "EXAMPLES\n"
@@ -154,6 +159,14 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
         ->check(Within(1, 1024))
         ->check(WholeNumber())
         ->type_name("N")
+        ->capture_default_str();
+    tCommand
+        .add_option("--timeout", pOptions->nTimeout,
+                    "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its "
+                    "row says so")
+        ->check(Within(1, 86400))
+        ->check(WholeNumber())
+        ->type_name("SECONDS")
         ->capture_default_str();
     tCommand
         .add_option("--out", pOptions->strOut,

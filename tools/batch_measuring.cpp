@@ -50,7 +50,7 @@ MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary
             tRows.Add(i, FaultyRow(aItems[i]));
     Progress tProgress(aItems.size() - anFit.size(), aItems.size(), tWork.bProgress);
     const int nSignal =
-        RunChildren({anFit.size(), tWork.nAtOnce,
+        RunChildren({anFit.size(), tWork.nAtOnce, tWork.tTimeLimit,
                      [&](std::size_t n) { return StartMeasuring(tWork.tList, aItems[anFit[n]]); },
                      [&](std::size_t n, const ChildOutcome& tOutcome) {
                          tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));

@@ -5,6 +5,8 @@
 #include "batch_summary.h"
 #include "result_sink.h"
 
+#include <chrono>
+
 namespace tools {
 
 struct BatchWork {
@@ -12,7 +14,8 @@ struct BatchWork {
     std::size_t nFirst; // rows before it are there
     RowFormat tFormat;
     std::size_t nAtOnce;
-    bool bProgress; // wanted, if there is a terminal for it
+    std::chrono::seconds tTimeLimit; // for each pair
+    bool bProgress;                  // wanted, if there is a terminal for it
 };
 
 struct MeasuredRows {

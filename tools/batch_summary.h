@@ -19,7 +19,8 @@ public:
     // The gravest of all rows.
     ExitCode Exit() const { return m_tExit; }
 
-    // Counts, failures by status or reason, spread of the raw angles and of their deviations from a known truth.
+    // Counts, failures by status or reason, spread of the raw angles and of their deviations from a known
+    // truth.
     std::string Text() const;
 
     // The gauge study over rows of the same id.

@@ -117,6 +117,10 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
             << aRows[i];
     }
     EXPECT_EQ(aRows[3]["slave"], "a, \"b\".pgm");
+    Write("sub/L", strHead + strHeld);
+    const Row tOverdue = Rows(2, "sub/L --timeout 1").at(0);
+    EXPECT_NE(tOverdue["words"].get<std::string>().find("no answer within 1 s"), std::string::npos)
+        << tOverdue;
 }
 
 TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
