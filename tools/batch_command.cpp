@@ -20,7 +20,7 @@ constexpr std::size_t nResultsLimit = std::size_t{1} << 31;
 constexpr std::size_t nDefaultTimeout = 60;
 
 struct Options {
-    std::string strList, strOut, strFormat = "csv";
+    std::string strList, strRaw, strSlaveRaw, strOut, strFormat = "csv";
     std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
     std::size_t nTimeout = nDefaultTimeout;
     bool bResume = false, bOverwrite = false, bRepeatability = false;
@@ -34,6 +34,20 @@ struct Options {
 void CheckOptions(const Options& t) {
     if (t.bResume && t.strOut.empty())
         throw CLI::ValidationError("--resume", "needs --out, the file to go on with");
+    if (!t.strRaw.empty())
+        ParsedSize("--raw", t.strRaw);
+    if (!t.strSlaveRaw.empty())
+        ParsedSize("--raw-slave", t.strSlaveRaw);
+}
+
+// As this command and measure both have them.
+std::vector<std::string> PictureOptions(const Options& t) {
+    std::vector<std::string> a;
+    if (!t.strRaw.empty())
+        a.push_back("--raw=" + t.strRaw);
+    if (!t.strSlaveRaw.empty())
+        a.push_back("--raw-slave=" + t.strSlaveRaw);
+    return a;
 }
 
 void CheckList(const Options& t, const BatchList& tList) {
@@ -67,8 +81,11 @@ StoredRows EarlierRows(const Options& t, const BatchList& tList) {
 }
 
 std::string ResumeCommand(const Options& t) {
-    return "orvex-align batch " + ShellWord(t.strList) + " --out " + ShellWord(t.strOut) + " --format " +
-           t.strFormat + " --jobs " + std::to_string(t.nJobs) +
+    std::string strPictures;
+    for (const std::string& str : PictureOptions(t))
+        strPictures += " " + str;
+    return "orvex-align batch " + ShellWord(t.strList) + strPictures + " --out " + ShellWord(t.strOut) +
+           " --format " + t.strFormat + " --jobs " + std::to_string(t.nJobs) +
            (t.nTimeout == nDefaultTimeout ? "" : " --timeout " + std::to_string(t.nTimeout)) +
            (t.bRepeatability ? " --repeatability" : "") + " --resume";
 }
@@ -104,7 +121,8 @@ ExitCode Run(const Options& t) {
         tSink.Write(HeadOf(t.Format()));
     const bool bProgress = !t.strOut.empty() || isatty(STDOUT_FILENO) == 0;
     const MeasuredRows tMeasured = MeasureRows(
-        {tList, nFirst, t.Format(), t.nJobs, std::chrono::seconds(t.nTimeout), bProgress}, tSink, tSummary);
+        {tList, nFirst, PictureOptions(t), t.Format(), t.nJobs, std::chrono::seconds(t.nTimeout), bProgress},
+        tSink, tSummary);
     if (tMeasured.nSignal != 0) {
         TellStop(t, tMeasured.nWritten, nTotal);
         return static_cast<ExitCode>(kSignal + tMeasured.nSignal);
@@ -136,6 +154,7 @@ constexpr char szExamples[] =
     "    orvex-align batch LIST.csv --out results.csv\n"
     "    orvex-align batch LIST.csv --out results.csv --resume\n"
     "    orvex-align batch gauge.csv --out gauge.jsonl --format jsonl --repeatability\n"
+    "    orvex-align batch frames.csv --raw 1728x972 --out results.csv\n"
     "    orvex-align batch LIST.csv --jobs 1 > results.csv\n\n";
 
 constexpr std::array<ExitMeaning, 7> aExits = {{
@@ -160,6 +179,18 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
         ->check(WholeNumber())
         ->type_name("N")
         ->capture_default_str();
+    auto* const pRaw =
+        tCommand
+            .add_option(
+                "--raw", pOptions->strRaw,
+                "All pictures are raw, as for measure: the first width x height bytes of each are the "
+                "plane; size in px, such as 1728x972")
+            ->type_name("WxH");
+    tCommand
+        .add_option("--raw-slave", pOptions->strSlaveRaw,
+                    "With --raw: size of the slaves' planes in px, if it differs")
+        ->needs(pRaw)
+        ->type_name("WxH");
     tCommand
         .add_option("--timeout", pOptions->nTimeout,
                     "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its "

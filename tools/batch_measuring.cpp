@@ -30,11 +30,11 @@ private:
     std::map<std::size_t, std::string> m_tWaiting;
 };
 
-std::unique_ptr<Child> StartMeasuring(const BatchList& tList, const BatchItem& t) {
-    return std::make_unique<Child>(std::vector<std::string>{"measure", "--json",
-                                                            "--calibration=" + t.strCalibration, "--",
-                                                            t.strMaster, t.strSlave},
-                                   tList.strFolder);
+std::unique_ptr<Child> StartMeasuring(const BatchWork& tWork, const BatchItem& t) {
+    std::vector<std::string> a = {"measure", "--json"};
+    a.insert(a.end(), tWork.aOptions.begin(), tWork.aOptions.end());
+    a.insert(a.end(), {"--calibration=" + t.strCalibration, "--", t.strMaster, t.strSlave});
+    return std::make_unique<Child>(a, tWork.tList.strFolder);
 }
 
 } // namespace
@@ -49,13 +49,12 @@ MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary
         else
             tRows.Add(i, FaultyRow(aItems[i]));
     Progress tProgress(aItems.size() - anFit.size(), aItems.size(), tWork.bProgress);
-    const int nSignal =
-        RunChildren({anFit.size(), tWork.nAtOnce, tWork.tTimeLimit,
-                     [&](std::size_t n) { return StartMeasuring(tWork.tList, aItems[anFit[n]]); },
-                     [&](std::size_t n, const ChildOutcome& tOutcome) {
-                         tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
-                         tProgress.Step();
-                     }});
+    const int nSignal = RunChildren({anFit.size(), tWork.nAtOnce, tWork.tTimeLimit,
+                                     [&](std::size_t n) { return StartMeasuring(tWork, aItems[anFit[n]]); },
+                                     [&](std::size_t n, const ChildOutcome& tOutcome) {
+                                         tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
+                                         tProgress.Step();
+                                     }});
     return {tRows.Written(), nSignal};
 }
 

@@ -11,7 +11,8 @@ namespace tools {
 
 struct BatchWork {
     const BatchList& tList;
-    std::size_t nFirst; // rows before it are there
+    std::size_t nFirst;                // rows before it are there
+    std::vector<std::string> aOptions; // for measure, about the pictures
     RowFormat tFormat;
     std::size_t nAtOnce;
     std::chrono::seconds tTimeLimit; // for each pair

@@ -59,6 +59,14 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
     EXPECT_NE(aRows[0]["raw_rx_deg"], aRows[1]["raw_rx_deg"]) << "the noise is each picture's own";
     EXPECT_NE(Json::parse(Read("study/0001-0001/truth.json"))["relative_deg"],
               Json::parse(Read("study/0002-0001/truth.json"))["relative_deg"]);
+    for (const std::string strPair : {"0001-0001/", "0001-0002/", "0002-0001/", "0002-0002/"})
+        for (const std::string strFile : {strPair + "master.pgm", strPair + "slave.pgm"}) {
+            const std::string str = Read("study/" + strFile);
+            Write("again/" + strFile,
+                  str.substr(str.size() - 1728 * 972) + std::string(1728 * 972 / 2, '\x80'));
+        }
+    EXPECT_EQ(Rows(0, "again/LIST.csv --raw 1728x972"), aRows) << "as the phone's frames";
+    EXPECT_EQ(Rows(2, "again/LIST.csv --raw 1728x972 --raw-slave 1000x500")[0]["camera"], "slave");
     const std::string strCells = Run("batch study/LIST.csv").strOut;
     std::string strFirst;
     for (const Row& t : aRows[0])
