@@ -50,11 +50,16 @@ std::vector<std::string> PictureOptions(const Options& t) {
     return a;
 }
 
+bool IsThere(const std::string& strFile) {
+    std::error_code tIgnored; // what else is wrong with the name shows on opening
+    return std::filesystem::exists(strFile, tIgnored);
+}
+
 void CheckList(const Options& t, const BatchList& tList) {
     std::error_code tIgnored; // a file that is not there is no list
     if (std::filesystem::equivalent(t.strOut, t.strList, tIgnored))
         throw ToolError(t.strOut, "is the list itself", "Name another file for the results");
-    if (std::filesystem::exists(t.strOut, tIgnored))
+    if (IsThere(t.strOut))
         for (const BatchItem& tItem : tList.aItems)
             for (const std::string& str : {tItem.strMaster, tItem.strSlave, tItem.strCalibration})
                 if (!str.empty() && std::filesystem::equivalent(std::filesystem::path(tList.strFolder) / str,
@@ -90,6 +95,11 @@ std::string ResumeCommand(const Options& t) {
            (t.bRepeatability ? " --repeatability" : "") + " --resume";
 }
 
+void TellNothingToResume(const Options& t) {
+    std::fputs(("orvex-align: " + t.strOut + ": no such file yet; starting with the first row.\n").c_str(),
+               stderr);
+}
+
 void TellStop(const Options& t, std::size_t nWritten, std::size_t nTotal) {
     const std::string strRows = std::to_string(nWritten) + " of " + std::to_string(nTotal) + " rows";
     const std::string strRest = t.strOut.empty()
@@ -110,7 +120,10 @@ ExitCode Run(const Options& t) {
     CheckOptions(t);
     const BatchList tList = ReadBatchList(t.strList);
     CheckList(t, tList);
+    const bool bNothingToResume = t.bResume && !IsThere(t.strOut);
     ResultSink tSink(t.strOut, t.Mode());
+    if (bNothingToResume)
+        TellNothingToResume(t);
     const StoredRows tEarlier = EarlierRows(t, tList);
     const std::size_t nFirst = tEarlier.aRows.size(), nTotal = tList.aItems.size();
     BatchSummary tSummary;
@@ -132,7 +145,7 @@ ExitCode Run(const Options& t) {
 }
 
 constexpr char szDescription[] =
-    "Measures all pairs of a list, several at once, and writes a row for each.\n"
+    "measures all pairs of a list, several at once, and writes a row for each\n"
     "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master, slave "
     "and calibration are the files of a pair, relative to the list's folder; id names the module (the row's "
     "number where there is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation "
@@ -157,12 +170,13 @@ constexpr char szExamples[] =
     "    orvex-align batch frames.csv --raw 1728x972 --out results.csv\n"
     "    orvex-align batch LIST.csv --jobs 1 > results.csv\n\n";
 
-constexpr std::array<ExitMeaning, 7> aExits = {{
+constexpr std::array<ExitMeaning, 8> aExits = {{
     {kWithinRange, "every row measured and within range"},
     {kOutOfRange, "a row measured out of range"},
     {kNotMeasured, "a row could not be measured"},
     {kUnfitFile, "list or results unusable, or files of a row unreadable; the highest of 0 to 3 wins"},
     {kWrongUsage, "wrong usage"},
+    {kSignal + 1, "stopped by the terminal's end (SIGHUP); --resume goes on"},
     {kSignal + 2, "stopped by Ctrl-C (SIGINT); --resume goes on"},
     {kSignal + 15, "stopped by SIGTERM; --resume goes on"},
 }};
@@ -173,12 +187,11 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand("batch", szDescription);
     tCommand.add_option("LIST.csv", pOptions->strList, "The list of pairs")->required()->type_name("");
-    tCommand
-        .add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024; by default one per core")
+    tCommand.add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024")
         ->check(Within(1, 1024))
         ->check(WholeNumber())
         ->type_name("N")
-        ->capture_default_str();
+        ->default_str("one per core, here " + std::to_string(pOptions->nJobs));
     auto* const pRaw =
         tCommand
             .add_option(
@@ -211,7 +224,7 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand
         .add_option("--format", pOptions->strFormat,
                     "Form of the rows: csv, or jsonl for one JSON object a line")
-        ->check(CLI::IsMember({"csv", "jsonl"}).description(""))
+        ->check(OneOf({"csv", "jsonl"}))
         ->type_name("FORM")
         ->capture_default_str();
     tCommand.add_flag(

@@ -218,8 +218,11 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     }
     EXPECT_FALSE(std::filesystem::exists(m_tFolder / "r"));
     EXPECT_EQ(Read("done"), strDone);
-    EXPECT_EQ(Run("batch LIST.csv --out done --resume").nExit, 0);
+    EXPECT_EQ(Run("batch LIST.csv --out done --resume").strErr, "");
     EXPECT_EQ(Read("done"), strDone);
+    EXPECT_EQ(Run("batch LIST.csv --out new --resume").strErr,
+              "orvex-align: new: no such file yet; starting with the first row.\n");
+    EXPECT_EQ(Read("new"), strDone);
 }
 
 } // namespace program
