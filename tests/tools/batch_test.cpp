@@ -1,5 +1,6 @@
 #include "tools/program.h"
 
+#include <regex>
 #include <sstream>
 
 namespace program {
@@ -60,7 +61,7 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
     EXPECT_NE(Json::parse(Read("study/0001-0001/truth.json"))["relative_deg"],
               Json::parse(Read("study/0002-0001/truth.json"))["relative_deg"]);
     for (const std::string strPair : {"0001-0001/", "0001-0002/", "0002-0001/", "0002-0002/"})
-        for (const std::string strFile : {strPair + "master.pgm", strPair + "slave.pgm"}) {
+        for (const std::string& strFile : {strPair + "master.pgm", strPair + "slave.pgm"}) {
             const std::string str = Read("study/" + strFile);
             Write("again/" + strFile,
                   str.substr(str.size() - 1728 * 972) + std::string(1728 * 972 / 2, '\x80'));
@@ -166,6 +167,17 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
     }
 }
 
+TEST_F(BatchCommand, TerminalShowsCountRateAndTimeLeft) {
+    Render("--count 2");
+    // The first pair takes long enough for the bar to be drawn again.
+    const std::string strShown =
+        ShownOnTerminal("batch LIST.csv --jobs 1 --out r", "mv 0001/master.pgm kept; mkfifo 0001/master.pgm; "
+                                                           "{ sleep 0.3; cat kept >0001/master.pgm; } & :");
+    const std::regex tBars("\\r\\[-{40}\\] 0/2\\x1b\\[K\\r\\[#{20}-{20}\\] 1/2  [0-9]+\\.[0-9]/s  0:[0-9]{2} "
+                           "left(.|\\r)*\\r\\x1b\\[K");
+    EXPECT_TRUE(std::regex_match(strShown, tBars)) << strShown;
+}
+
 TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     Render("--count 1 --range 0");
     Row tRow = Rows(0, "LIST.csv")[0];
@@ -205,6 +217,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead + "a,b,c\n", "--out missing/r", "missing/r: cannot be written"},
         {strHead + "a,b,c\n", "--out /dev/full --overwrite", "No space left"},
         {strHead + "a,b,c\n", "--out L --overwrite", "is the list itself"},
+        {strHead + "a,0001/slave.pgm,c\n", "--out 0001/slave.pgm --overwrite", "is an input that the list"},
         {strHead + "a,b,c\n", "--out done", "exists already"},
         {strHead + "a,b,c\n", "--out done --resume", "belongs to another list"},
         {strHead + "a,b,c\n", "--out done --resume --format jsonl", "does not begin as a batch's results"},
