@@ -76,9 +76,9 @@ std::optional<Angles> TruthOf(const Columns& tColumns, const CsvRecord& tRecord)
 // A pair without known rotation is measured like any other; one whose rotation cannot be read has a slip in
 // its line.
 std::string FaultOf(const Columns& tColumns, const CsvRecord& tRecord) {
-    if (tRecord.aCells.size() != tColumns.Count())
-        return "it has " + std::to_string(tRecord.aCells.size()) + " columns, but the first line names " +
-               std::to_string(tColumns.Count());
+    if (const std::size_t n = tRecord.aCells.size(); n != tColumns.Count())
+        return "it has " + std::to_string(n) + (n == 1 ? " column" : " columns") +
+               ", but the first line names " + std::to_string(tColumns.Count());
     for (const char* const szName : {"id", "master", "slave", "calibration"})
         if (tColumns.Has(szName) && tColumns.In(tRecord, szName).empty())
             return std::string("the column \"") + szName + "\" is empty";
