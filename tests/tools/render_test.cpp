@@ -36,7 +36,8 @@ TEST_F(RenderCommand, SameSeedGivesTheSameFilesAndAnotherSeedOthers) {
 
 TEST_F(RenderCommand, ResumedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
     Render("--count 6 --noise 2", "whole");
-    const std::string strProgram = std::string("'") + ORVEX_ALIGN_PROGRAM + "' ";
+    // Nice, so that the kill comes before the last pair.
+    const std::string strProgram = std::string("nice -n 19 '") + ORVEX_ALIGN_PROGRAM + "' ";
     const Outcome tStopped =
         Run("--version",
             strProgram + "render --count 6 --noise 2 --out s & p=$!; until [ -e s/0002/calibration.bin ]; "
