@@ -1,5 +1,6 @@
 #include "option_checks.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <sstream>
@@ -30,6 +31,17 @@ CLI::Validator WholeNumber() {
 CLI::Validator FileName() {
     const auto Check = [](const std::string& str) {
         return str.empty() ? std::string("the name is empty, as an unset variable leaves it") : std::string();
+    };
+    return CLI::Validator(Check, "", "");
+}
+
+CLI::Validator OneOf(const std::vector<std::string>& aWords) {
+    std::string strWords;
+    for (const std::string& str : aWords)
+        strWords += (strWords.empty() ? "" : " or ") + str;
+    const auto Check = [=](const std::string& str) {
+        const bool bFound = std::ranges::find(aWords, str) != aWords.end();
+        return bFound ? std::string() : "\"" + str + "\" is not " + strWords;
     };
     return CLI::Validator(Check, "", "");
 }
