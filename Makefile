@@ -1,7 +1,7 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libpng-dev libturbojpeg0-dev
+  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
 JOBS := $(shell nproc)
 
 .PHONY: all demo test test-clang test-asan test-browser install bench setup clean
