@@ -5,6 +5,7 @@ function(orvex_mbedtls_from_source target folder)
       "(CMakeLists.txt or include/psa/crypto.h is missing). Unpack a release, 2.28 or 3.x, and name its folder: "
       "-DORVEX_MBEDTLS_SOURCE=/path/to/mbedtls")
   endif()
+  set(CMAKE_POLICY_DEFAULT_CMP0048 NEW) # its version is its own
   set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # the settings below are its options
   set(ENABLE_PROGRAMS OFF)
   set(ENABLE_TESTING OFF)
