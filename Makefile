@@ -4,7 +4,7 @@ PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev
   nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan test-browser install bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser install aar bench setup clean
 
 all: build-release
 
@@ -44,6 +44,11 @@ test-browser: build-release
 # PREFIX: where to, /usr/local if not given.
 install: build-release
 	@cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
+
+# What `make build-android-arm64` and `make build-android-x86_64` have built, into build/.
+aar:
+	@cmake "-DFOLDERS=$(CURDIR)/build/android-arm64;$(CURDIR)/build/android-x86_64" -DOUT=$(CURDIR)/build \
+	  -P cmake/aar/pack.cmake
 
 bench:
 	@./cmake/install-packages.sh libbenchmark-dev

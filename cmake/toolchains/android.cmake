@@ -1,9 +1,10 @@
-# The NDK's own toolchain, with what the library asks of it.
+# The NDK's own toolchain. The presets say what is asked of it.
 set(ndk "$ENV{ANDROID_NDK_HOME}")
-if(NOT EXISTS "${ndk}/build/cmake/android.toolchain.cmake")
+if(NOT EXISTS "${ndk}/build/cmake/android.toolchain.cmake" OR NOT EXISTS "${ndk}/source.properties")
   message(FATAL_ERROR "ANDROID_NDK_HOME is \"${ndk}\", which is no folder of an Android NDK "
-    "(build/cmake/android.toolchain.cmake is missing). Set it to an NDK's folder, r26 or newer.")
+    "(source.properties or build/cmake/android.toolchain.cmake is missing). Set it to an NDK's folder, r26 or newer.")
 endif()
-set(ANDROID_PLATFORM android-24)
-set(ANDROID_STL c++_static)
+file(STRINGS "${ndk}/source.properties" revision REGEX "^Pkg\\.Revision")
+string(REGEX MATCH "[0-9]+" revision "${revision}")
+set(ORVEX_NDK_VERSION "${revision}" CACHE INTERNAL "Major version of the NDK")
 include("${ndk}/build/cmake/android.toolchain.cmake")

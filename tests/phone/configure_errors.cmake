@@ -2,6 +2,7 @@
 cmake_minimum_required(VERSION 3.25)
 file(REMOVE_RECURSE ${WORK})
 file(WRITE ${WORK}/ndk/build/cmake/android.toolchain.cmake "set(ANDROID TRUE)\n")
+file(WRITE ${WORK}/ndk/source.properties "Pkg.Revision = 26.3.11579264\n")
 foreach(case
     "|${WORK}|ANDROID_NDK_HOME is \"\", which is no folder of an Android NDK"
     "${WORK}|${WORK}|ANDROID_NDK_HOME is \"${WORK}\", which is no folder of an Android NDK"
