@@ -13,7 +13,7 @@ std::string Told(const Outcome& t, const std::string& strName) {
 const std::string strLibrary = " '" ORVEX_LIBRARY "' ";
 
 const std::vector<std::string> aHosts = {
-    "'" ORVEX_HOST_IN_C "'",
+    ORVEX_HOST_IN_C,
 #ifdef ORVEX_HOST_IN_JAVA
     ORVEX_HOST_IN_JAVA,
 #endif
