@@ -47,8 +47,7 @@ install: build-release
 
 # What `make build-android-arm64` and `make build-android-x86_64` have built, into build/.
 aar:
-	@cmake "-DFOLDERS=$(CURDIR)/build/android-arm64;$(CURDIR)/build/android-x86_64" -DOUT=$(CURDIR)/build \
-	  -P cmake/aar/pack.cmake
+	@cmake -DBUILD=$(CURDIR)/build -P cmake/aar/pack.cmake
 
 bench:
 	@./cmake/install-packages.sh libbenchmark-dev

@@ -1,8 +1,8 @@
 # Packs the libraries that are built for Android, the public headers and their descriptions into an .aar.
-# FOLDERS: the build folders, those that exist are packed; OUT: where to.
+# BUILD: where the build folders android-* are and the archive goes to.
 cmake_minimum_required(VERSION 3.25)
 set(project ${CMAKE_CURRENT_LIST_DIR}/../..)
-set(stage ${OUT}/aar)
+set(stage ${BUILD}/aar)
 
 function(cache_value name folder result)
   file(STRINGS ${folder}/CMakeCache.txt line REGEX "^${name}:")
@@ -22,15 +22,18 @@ endfunction()
 function(zip folder archive)
   file(GLOB_RECURSE files LIST_DIRECTORIES false RELATIVE ${folder} ${folder}/*)
   execute_process(COMMAND ${CMAKE_COMMAND} -E env TZ=UTC ${CMAKE_COMMAND} -E tar cf ${archive} --format=zip
-    "--mtime=2000-01-01 00:00:00 UTC" -- ${files} WORKING_DIRECTORY ${folder} COMMAND_ERROR_IS_FATAL ANY)
+    "--mtime=2000-01-01 00:00:00 UTC" -- ${files} WORKING_DIRECTORY ${folder} RESULT_VARIABLE result
+    ERROR_VARIABLE told)
+  if(NOT result EQUAL 0)
+    file(REMOVE ${archive})
+    message(FATAL_ERROR "${archive} could not be written: ${told}Check the folder's permissions and free space.")
+  endif()
 endfunction()
 
 file(REMOVE_RECURSE ${stage})
 set(module prefab/modules/Orvex_Alignment)
-foreach(folder IN LISTS FOLDERS)
-  if(NOT EXISTS ${folder}/CMakeCache.txt)
-    continue()
-  endif()
+file(GLOB folders ${BUILD}/android-*)
+foreach(folder IN LISTS folders)
   set(library ${folder}/src/libOrvex_Alignment.so)
   if(NOT EXISTS ${library})
     message(FATAL_ERROR "${library} is missing: finish the build of ${folder} or remove the folder.")
@@ -51,8 +54,7 @@ endforeach()
 list(REMOVE_DUPLICATES versions)
 list(LENGTH versions count)
 if(count EQUAL 0)
-  list(JOIN FOLDERS ", " folders)
-  message(FATAL_ERROR "No library is built for Android, neither of these folders is configured: ${folders}. Run "
+  message(FATAL_ERROR "No library is built for Android: ${BUILD} holds no folder android-*. Run "
     "`make build-android-arm64`, for emulators `make build-android-x86_64`.")
 elseif(count GREATER 1)
   list(JOIN versions " and " versions)
@@ -65,12 +67,12 @@ add_description(prefab.json prefab)
 add_description(AndroidManifest.xml .)
 # The format demands the manifest alone; without these two some of its readers stop.
 file(WRITE ${stage}/R.txt "")
-file(WRITE ${OUT}/aar-classes/META-INF/MANIFEST.MF "Manifest-Version: 1.0\n")
-zip(${OUT}/aar-classes ${stage}/classes.jar)
+file(WRITE ${BUILD}/aar-classes/META-INF/MANIFEST.MF "Manifest-Version: 1.0\n")
+zip(${BUILD}/aar-classes ${stage}/classes.jar)
 
-set(archive ${OUT}/Orvex_Alignment-${version}.aar)
+set(archive ${BUILD}/Orvex_Alignment-${version}.aar)
 zip(${stage} ${archive}.part)
 file(RENAME ${archive}.part ${archive})
-file(REMOVE_RECURSE ${stage} ${OUT}/aar-classes)
+file(REMOVE_RECURSE ${stage} ${BUILD}/aar-classes)
 list(JOIN abis ", " abis)
 message(STATUS "Packed ${archive} (${abis})")

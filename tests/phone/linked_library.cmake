@@ -7,26 +7,20 @@ set(ENV{LC_ALL} C)
 execute_process(COMMAND ${READELF} --wide --dynamic --program-headers ${LIBRARY} OUTPUT_VARIABLE elf
   COMMAND_ERROR_IS_FATAL ANY)
 
-function(require what pattern)
-  if(NOT elf MATCHES "${pattern}")
-    message(SEND_ERROR "${what}: nothing matches ${pattern}")
-  endif()
-endfunction()
-function(refuse what pattern)
-  if(elf MATCHES "${pattern}")
-    message(SEND_ERROR "${what}: ${CMAKE_MATCH_0}")
-  endif()
-endfunction()
-
 string(REPLACE "[" "<" elf "${elf}")
 string(REPLACE "]" ">" elf "${elf}")
-require("name without a version" "\\(SONAME\\)[^\n]*<libOrvex_Alignment\\.so>")
-require("bound when loaded" "\\(FLAGS_1\\)[^\n]*NOW")
-require("relocations become read-only" "\n +GNU_RELRO ")
-require("stack" "\n +GNU_STACK +0x0+ +0x0+ +0x0+ +0x0+ +0x0+ +RW ")
-refuse("relocations in the code" "TEXTREL")
-refuse("search path" "\\((RPATH|RUNPATH)\\)[^\n]*")
-refuse("writable code" "\n +LOAD [^\n]* RWE [^\n]*")
+foreach(what
+    "\\(SONAME\\)[^\n]*<libOrvex_Alignment\\.so>" # a name without a version
+    "\\(FLAGS_1\\)[^\n]*NOW" # bound when loaded
+    "\n +GNU_RELRO " # relocations become read-only
+    "\n +GNU_STACK +(0x0+ +)+RW ")
+  if(NOT elf MATCHES "${what}")
+    message(SEND_ERROR "nothing matches ${what} in ${elf}")
+  endif()
+endforeach()
+if(elf MATCHES "\\(TEXTREL\\)|\\((RPATH|RUNPATH)\\)[^\n]*|\n +LOAD [^\n]* RWE [^\n]*")
+  message(SEND_ERROR "relocated code, search path or writable code: ${CMAKE_MATCH_0}")
+endif()
 
 # Here the libraries' names carry versions, and the C library's loader stands beside it.
 string(REGEX MATCHALL "\\(NEEDED\\)[^\n]*<[^>]+>" needed "${elf}")

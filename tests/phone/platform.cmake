@@ -1,6 +1,7 @@
 # The source includes and the linked library calls nothing but what the list of the phone's platform names.
 cmake_minimum_required(VERSION 3.25)
 file(STRINGS ${LIST} allowed REGEX "^[^#]")
+string(REPLACE " " ";" allowed "${allowed}")
 execute_process(COMMAND ${NM} --dynamic --undefined-only --format=posix ${LIBRARY} OUTPUT_VARIABLE called
   COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" called "${called}")
