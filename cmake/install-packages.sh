@@ -4,7 +4,8 @@
 set -eu
 
 own=$(dpkg --print-architecture)
-missing= foreign=
+missing=''
+foreign=''
 for package in "$@"; do
     case $package in
         *:*) architecture=${package#*:} ;;

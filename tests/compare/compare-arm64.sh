@@ -8,7 +8,7 @@ mkdir -p "$results"
 
 # measure NAME [EMULATOR]
 measure() {
-    name=$1 emulator=${2-} running=
+    name=$1 emulator=${2-} running=''
     for part in $(seq 0 $((jobs - 1))); do
         # shellcheck disable=SC2086 # no word if there is no emulator
         $emulator "$build/$name/tests/measured_bits" "$part" "$jobs" >"$results/$name.$part" &

@@ -161,7 +161,7 @@ int main(int nArguments, char** pszArguments) {
     const unsigned int nPart = nArguments == 3 ? static_cast<unsigned int>(std::atoi(pszArguments[1])) : 0;
     const unsigned int nParts = nArguments == 3 ? static_cast<unsigned int>(std::atoi(pszArguments[2])) : 1;
     const std::vector<FailingChart> aFailing = FailingCharts();
-    const unsigned int nVaried = 64, nFailing = static_cast<unsigned int>(aFailing.size());
+    const unsigned int nVaried = 80, nFailing = static_cast<unsigned int>(aFailing.size());
     for (unsigned int nPair = nPart; nPair < nVaried + 2 * nFailing; nPair += nParts) {
         if (nPair < nVaried) {
             const chart::Pair t = VariedPair(nPair);
