@@ -2,9 +2,11 @@
 
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
   nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
+  libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan test-browser install aar bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 install aar bench setup clean
 
 all: build-release
 
@@ -40,6 +42,18 @@ test-browser: build-release
 	@./cmake/install-packages.sh chromium
 	@ctest --preset release -L browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
+
+# The phone's processor, emulated.
+test-arm64:
+	@./cmake/install-packages.sh $(ARM64_PACKAGES)
+	@$(MAKE) --no-print-directory build-arm64
+	@ctest --preset arm64 -j $(JOBS)
+
+# Every bit of the same measurements on x86-64, with both compilers, and on arm64.
+compare-arm64:
+	@./cmake/install-packages.sh clang $(ARM64_PACKAGES)
+	@$(MAKE) --no-print-directory build-release build-clang build-arm64 TARGET="measured_bits compare_bits"
+	@./tests/compare/compare-arm64.sh build $(JOBS)
 
 # PREFIX: where to, /usr/local if not given.
 install: build-release
