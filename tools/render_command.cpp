@@ -187,11 +187,12 @@ constexpr char szDescription[] =
     "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. Angles, noise and calibration "
     "image of each module follow from --seed. A progress bar shows on a terminal.";
 
-constexpr std::array<ExitMeaning, 5> aExits = {{
+constexpr std::array<ExitMeaning, 6> aExits = {{
     {kDone, "all files written"},
     {kUnfitFile, "a file could not be written"},
     {kWrongUsage, "wrong usage"},
-    {kSignal + 2, "stopped by Ctrl-C (SIGINT); a study's pairs up to there are whole"},
+    {kSignal + 1, "stopped by the terminal's end (SIGHUP); a study goes on with --resume"},
+    {kSignal + 2, "stopped by Ctrl-C (SIGINT), likewise"},
     {kSignal + 15, "stopped by SIGTERM, likewise"},
 }};
 
