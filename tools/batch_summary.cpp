@@ -52,7 +52,7 @@ Cells CellsOf(const char* szLabel, const Spread& t) {
 } // namespace
 
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
-    const auto tExit = static_cast<ExitCode>(NumberIn(tRow, "exit_code").value_or(kNotMeasured));
+    const ExitCode tExit = ExitIn(tRow).value_or(kNotMeasured);
     m_tExit = std::max(m_tExit, tExit);
     ++m_tCounts[tExit];
     if (tExit == kNotMeasured)
