@@ -4,7 +4,7 @@ PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev
   nlohmann-json3-dev libpng-dev libturbojpeg0-dev
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan test-browser install bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser fuzz install bench setup clean
 
 all: build-release
 
@@ -40,6 +40,12 @@ test-browser: build-release
 	@./cmake/install-packages.sh chromium
 	@ctest --preset release -L browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
+
+# SECONDS: how long each target runs, 20 if not given. Starts from fuzz/corpus; what is new goes to build/fuzz.
+fuzz:
+	@./cmake/install-packages.sh clang libclang-rt-dev
+	@$(MAKE) --no-print-directory build-fuzz TARGET=fuzz_targets
+	@fuzz/run.sh build/fuzz $(or $(SECONDS),20)
 
 # PREFIX: where to, /usr/local if not given.
 install: build-release
