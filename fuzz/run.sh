@@ -7,6 +7,10 @@ set -euo pipefail
 build=$(realpath "$1")
 seconds=$2
 here=$(dirname "$(realpath "$0")")
+if ! [[ $seconds =~ ^[1-9][0-9]*$ ]]; then
+    echo "SECONDS=$seconds: give a whole number of seconds from 1" >&2
+    exit 64
+fi
 mkdir -p "$build"/{corpus,findings,log}
 
 # The targets with a dictionary read files; the others draw numbers and use up few bytes. Long inputs are tried
@@ -22,9 +26,9 @@ run_target() {
         >"$build/log/$target" 2>&1 || echo "ended with exit code $?" >>"$build/log/$target"
 }
 
-# The last number behind a word in the target's log.
+# The last number behind a word in the target's log, - for none.
 last() {
-    sed -n "s/.*$2 *\([0-9][0-9]*\).*/\1/p" "$build/log/$1" | tail -n 1
+    sed -n "s/.*$2 *\([0-9][0-9]*\).*/\1/p" "$build/log/$1" | tail -n 1 | grep . || echo -
 }
 
 # All edges of the program and the libraries that are built with it.
