@@ -1,5 +1,6 @@
 #include "option_checks.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <sstream>
@@ -29,6 +30,17 @@ CLI::Validator WholeNumber() {
         const bool bWhole =
             !str.empty() && str.size() <= 18 && str.find_first_not_of("0123456789") == str.npos;
         return bWhole ? std::string() : "\"" + str + "\" is not a whole number from 0, of at most 18 digits";
+    };
+    return CLI::Validator(Check, "", "");
+}
+
+CLI::Validator OneOf(const std::vector<std::string>& aWords) {
+    std::string strWords;
+    for (const std::string& str : aWords)
+        strWords += (strWords.empty() ? "" : " or ") + str;
+    const auto Check = [=](const std::string& str) {
+        const bool bFound = std::ranges::find(aWords, str) != aWords.end();
+        return bFound ? std::string() : "\"" + str + "\" is not " + strWords;
     };
     return CLI::Validator(Check, "", "");
 }

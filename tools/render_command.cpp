@@ -34,6 +34,7 @@ struct Options {
     std::size_t nCount = 0;                  // of a study; 0 for a single pair
     std::size_t nRepeats = 1;
     double dRange = 1.5, dMasterRange = 0;
+    bool bResume = false;
 };
 
 // dRange: how far a study's angles are drawn away.
@@ -88,11 +89,14 @@ void RenderOne(const Options& t) {
 
 ExitCode RenderMany(const Options& t) {
     const Study tStudy = {t.strFolder, SetupOf(t), t.tCapture.nSeed, t.nCount,
-                          t.nRepeats,  t.dRange,   t.dMasterRange};
+                          t.nRepeats,  t.dRange,   t.dMasterRange,   t.bResume};
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
-        std::fputs("orvex-align: stopped; the pairs up to here are whole, the list is not written.\n"
-                   "  Render again for the list.\n",
+        std::fputs(("orvex-align: stopped after " + std::to_string(tOutcome.nPairs) + " of " +
+                    std::to_string(t.nCount * t.nRepeats) +
+                    " pairs; these are whole, the list is not written.\n"
+                    "  Go on with the same command and --resume.\n")
+                       .c_str(),
                    stderr);
         return static_cast<ExitCode>(kSignal + tOutcome.nSignal);
     }
@@ -167,6 +171,10 @@ void AddStudy(CLI::App& tCommand, Options& t) {
             ->capture_default_str()
             ->needs(pCount);
     };
+    tCommand
+        .add_flag("--resume", t.bResume,
+                  "Keep the first pairs that an interrupted study of the same options left whole")
+        ->needs(pCount);
     AddRange("--range", t.dRange,
              "How far each module's angles are drawn to both sides of --rx, --ry, --rz, 0 to 45 degrees");
     AddRange("--master-range", t.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
