@@ -1,10 +1,12 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libpng-dev libturbojpeg0-dev
+  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
+  libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan test-browser fuzz install bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz install aar bench setup clean
 
 all: build-release
 
@@ -47,9 +49,25 @@ fuzz:
 	@$(MAKE) --no-print-directory build-fuzz TARGET=fuzz_targets
 	@fuzz/run.sh build/fuzz $(or $(SECONDS),20)
 
+# The phone's processor, emulated.
+test-arm64:
+	@./cmake/install-packages.sh $(ARM64_PACKAGES)
+	@$(MAKE) --no-print-directory build-arm64
+	@ctest --preset arm64 -j $(JOBS)
+
+# Every bit of the same measurements on x86-64, with both compilers, and on arm64.
+compare-arm64:
+	@./cmake/install-packages.sh clang $(ARM64_PACKAGES)
+	@$(MAKE) --no-print-directory build-release build-clang build-arm64 TARGET="measured_bits compare_bits"
+	@./tests/compare/compare-arm64.sh build $(JOBS)
+
 # PREFIX: where to, /usr/local if not given.
 install: build-release
 	@cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
+
+# What `make build-android-arm64` and `make build-android-x86_64` have built, into build/.
+aar:
+	@cmake -DBUILD=$(CURDIR)/build -P cmake/aar/pack.cmake
 
 bench:
 	@./cmake/install-packages.sh libbenchmark-dev

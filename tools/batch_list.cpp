@@ -3,6 +3,7 @@
 #include "csv.h"
 #include "files.h"
 #include "numbers.h"
+#include "text_table.h"
 #include "tool_error.h"
 
 #include <algorithm>
@@ -50,10 +51,10 @@ public:
 
 private:
     std::string Names() const {
-        std::string str;
+        std::vector<std::string> a;
         for (const std::string& strName : m_aNames)
-            str += (str.empty() ? "\"" : ", \"") + strName + "\"";
-        return str;
+            a.push_back("\"" + strName + "\"");
+        return Listed(a);
     }
 
     std::string m_strFile;

@@ -6,12 +6,6 @@
 #include <sstream>
 
 namespace tools {
-namespace {
-
-// More than any module's sensor has; larger pictures only fill the memory.
-constexpr std::size_t nMaxPixels = 100'000'000;
-
-} // namespace
 
 CLI::Validator Within(double dLowest, double dHighest) {
     std::ostringstream tRange;
@@ -34,6 +28,13 @@ CLI::Validator WholeNumber() {
     return CLI::Validator(Check, "", "");
 }
 
+CLI::Validator FileName() {
+    const auto Check = [](const std::string& str) {
+        return str.empty() ? std::string("the name is empty, as an unset variable leaves it") : std::string();
+    };
+    return CLI::Validator(Check, "", "");
+}
+
 CLI::Validator OneOf(const std::vector<std::string>& aWords) {
     std::string strWords;
     for (const std::string& str : aWords)
@@ -51,10 +52,10 @@ PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     const bool bRead =
         str.size() < 20 && std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
     if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
-        PixelsOf(t) > nMaxPixels)
+        PixelsOf(t) > kMaxGivenPixels)
         throw CLI::ValidationError(
             strOption, "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
-                           std::to_string(kMaxSide) + " px and at most " + std::to_string(nMaxPixels) +
+                           std::to_string(kMaxSide) + " px and at most " + std::to_string(kMaxGivenPixels) +
                            " px in all");
     return t;
 }

@@ -15,9 +15,12 @@ Program::Program() {
 }
 
 Outcome Program::Run(const std::string& strArguments, const std::string& strBefore) const {
-    const std::string strCommand = "cd '" + m_tFolder.string() + "'; exec >out 2>err; " + strBefore + "; '" +
-                                   ORVEX_ALIGN_PROGRAM + "' " + strArguments;
-    const int nStatus = std::system(strCommand.c_str());
+    return RunInShell(strBefore + "; '" + ORVEX_ALIGN_PROGRAM + "' " + strArguments);
+}
+
+Outcome Program::RunInShell(const std::string& strCommand) const {
+    const int nStatus =
+        std::system(("cd '" + m_tFolder.string() + "'; exec >out 2>err; " + strCommand).c_str());
     return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, Read("out"), Read("err")};
 }
 
