@@ -6,7 +6,7 @@ ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest
   libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
 
-.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 install aar bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz install aar bench setup clean
 
 all: build-release
 
@@ -42,6 +42,12 @@ test-browser: build-release
 	@./cmake/install-packages.sh chromium
 	@ctest --preset release -L browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
+
+# SECONDS: how long each target runs, 20 if not given. Starts from fuzz/corpus; what is new goes to build/fuzz.
+fuzz:
+	@./cmake/install-packages.sh clang libclang-rt-dev
+	@$(MAKE) --no-print-directory build-fuzz TARGET=fuzz_targets
+	@fuzz/run.sh build/fuzz $(or $(SECONDS),20)
 
 # The phone's processor, emulated.
 test-arm64:

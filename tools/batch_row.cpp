@@ -1,6 +1,5 @@
 #include "batch_row.h"
 
-#include "exit_codes.h"
 #include "quantities.h"
 
 #include <algorithm>
@@ -139,6 +138,14 @@ BatchRow FaultyRow(const BatchItem& t) {
     Fail(tRow, kUnfitFile, "unfit_input",
          PlaceInList(t) + t.strFault + ". Mend the line and measure the list again.");
     return tRow;
+}
+
+std::optional<ExitCode> ExitIn(const BatchRow& tRow) {
+    const Json& tCell = tRow.at("exit_code");
+    for (const ExitCode t : {kWithinRange, kOutOfRange, kNotMeasured, kUnfitFile})
+        if (tCell == static_cast<int>(t) || tCell == std::to_string(t))
+            return t;
+    return std::nullopt;
 }
 
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem) {

@@ -3,6 +3,7 @@
 
 #include "batch_list.h"
 #include "child.h"
+#include "exit_codes.h"
 #include "json.h"
 
 namespace tools {
@@ -21,6 +22,9 @@ BatchRow FaultyRow(const BatchItem& t);
 
 // With which such words begin: "line 3 of the list: "
 std::string PlaceInList(const BatchItem& t);
+
+// The row's exit code, as number or text; nothing if measure has no such answer.
+std::optional<ExitCode> ExitIn(const BatchRow& tRow);
 
 // Whether the row is this pair's.
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem);

@@ -73,7 +73,7 @@ std::string Reasons(const char* szHeading, const std::map<std::string, std::size
 } // namespace
 
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
-    const auto tExit = static_cast<ExitCode>(NumberIn(tRow, "exit_code").value_or(kNotMeasured));
+    const ExitCode tExit = ExitIn(tRow).value_or(kNotMeasured);
     m_tExit = std::max(m_tExit, tExit);
     ++m_tCounts[tExit];
     if (tExit == kNotMeasured)

@@ -62,6 +62,9 @@ Json Parsed(const std::string& strFile) {
     } catch (const Json::parse_error& t) {
         throw ToolError(strFile, "is not JSON (broken at byte " + std::to_string(t.byte) + ")",
                         "Name the truth.json that orvex-align render wrote");
+    } catch (const Json::out_of_range&) {
+        throw ToolError(strFile, "holds a number that is too large",
+                        "Name the truth.json that orvex-align render wrote");
     }
 }
 

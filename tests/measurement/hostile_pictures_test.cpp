@@ -1,4 +1,5 @@
 #include "Orvex_Alignment_Stages.h"
+#include "support/documented_status.h"
 #include "support/get_align.h"
 #include "support/random.h"
 #include "support/repetitions.h"
@@ -41,11 +42,6 @@ Picture Chart(Random& t, int nColumns, int nRows) {
 Picture Any(Random& t, int nMostColumns, int nMostRows) {
     const int nColumns = t.Int(1, nMostColumns), nRows = t.Int(1, nMostRows);
     return t.Int(0, 2) ? Chart(t, nColumns, nRows) : Rectangles(t, nColumns, nRows);
-}
-
-bool IsDocumented(unsigned int n) {
-    return n == 0 || (n >= 0x1010004 && n <= 0x1010016) || (n >= 0x101001A && n <= 0x1010022) ||
-           n == 0x1020015;
 }
 
 } // namespace

@@ -17,6 +17,7 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
         {"", {"is empty", "P5"}},
         {"P5\n# 1728 972", {"ends before its width"}},
         {"P5 -1728 972 255\n", {"width \"-1728\"", "not a number"}},
+        {std::string("P5 4\x1B\0\xFF 972 255\n", 16), {"width \"4???\" is not a number", "Record"}},
         {"P5 1728 0 255\n", {"height \"0\"", "1 to 65535"}},
         {"P5 18446744073709551617 1 255\n1", {"width \"18446744073709551617\"", "65535"}},
         {"P5 65535 65535 255\n1", {"65535 x 65535", "2147483647"}},
@@ -33,6 +34,7 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
     Write("short.bin", std::string(2914, 'x'));
     Write("broken.json", "{\"master\": ");
     Write("other.json", "{\"relative_deg\": {\"rx\": \"1\"}}");
+    Write("huge.json", "{\"relative_deg\": {\"rx\": 1e400}}");
     const std::string strPair = "measure master.pgm slave.pgm --calibration ",
                       strAll = strPair + "calibration.bin";
     const Refusal aCases[] = {
@@ -43,6 +45,7 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
         {strPair + "short.bin", {"short.bin: is too short"}},
         {strPair + "/dev/zero", {"/dev/zero: holds more than 1048576 bytes"}},
         {strAll + " --truth broken.json", {"broken.json: is not JSON"}},
+        {strAll + " --truth huge.json", {"huge.json: holds a number that is too large"}},
         {strAll + " --truth other.json", {"other.json: holds no number \"relative_deg/rx\""}},
         {strAll + " --report missing/report.html", {"missing/report.html: cannot be written"}},
         {strAll + " --report ./slave.pgm", {"./slave.pgm: is an input of this measurement"}},

@@ -201,6 +201,8 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     Render("--count 1");
     ASSERT_EQ(Run("batch LIST.csv --out done").nExit, 0);
     const std::string strDone = Read("done"), strHead = "master,slave,calibration\n";
+    const std::size_t nExitCode = strDone.find("calibration.bin,0,") + 16;
+    Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
     const struct {
         std::string strList, strArguments, strTold;
     } aCases[] = {
@@ -221,6 +223,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead + "a,b,c\n", "--out done", "exists already"},
         {strHead + "a,b,c\n", "--out done --resume", "belongs to another list"},
         {strHead + "a,b,c\n", "--out done --resume --format jsonl", "does not begin as a batch's results"},
+        {strHead + "a,b,c\n", "--out altered --resume", "does not hold a batch's results in row 1"},
         {strHead + "a,b,c\n", "--out 0001/master.pgm --resume", "does not begin as a batch's results"},
         {strHead + "a,b,c\n", "--repeatability", "no column \"id\""},
     };
