@@ -98,6 +98,9 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     } catch (const std::bad_alloc&) {
         return Fail(
             "not enough memory for pictures of this size.\n  Close other programs or use smaller pictures.");
+    } catch (const std::exception& t) { // a fault of ours: told, not aborted
+        return Fail(std::string("ended by a fault of the program: ") + t.what() +
+                    ".\n  Keep the files of this command and report them with this line.");
     }
     return tExit;
 }
