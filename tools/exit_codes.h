@@ -25,16 +25,18 @@ struct ExitMeaning {
     const char* szMeaning;
 };
 
-constexpr ExitMeaning kInterrupted = {kSignal + 2,
-                                      "stopped by Ctrl-C (SIGINT); no file is left half-written"};
+constexpr ExitMeaning kHungUp = {kSignal + 1,
+                                 "stopped by the terminal's end (SIGHUP); no file is left half-written"};
+constexpr ExitMeaning kInterrupted = {kSignal + 2, "stopped by Ctrl-C (SIGINT), likewise"};
 constexpr ExitMeaning kTerminated = {kSignal + 15, "stopped by SIGTERM, likewise"};
 
-constexpr std::array<ExitMeaning, 7> kMeasureExits = {{
+constexpr std::array<ExitMeaning, 8> kMeasureExits = {{
     {kWithinRange, "measured, all angles within range"},
     {kOutOfRange, "measured, an angle out of range"},
     {kNotMeasured, "the chart could not be measured"},
     {kUnfitFile, "a file could not be read or written, or does not fit"},
     {kWrongUsage, "wrong usage"},
+    kHungUp,
     kInterrupted,
     kTerminated,
 }};

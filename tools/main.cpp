@@ -54,12 +54,13 @@ ExitCode Fail(const std::string& strMessage) {
     return kUnfitFile;
 }
 
-constexpr std::array<ExitMeaning, 7> aExits = {{
+constexpr std::array<ExitMeaning, 8> aExits = {{
     {kDone, "done; of a measurement: within range; of a record: accepted"},
     {kOutOfRange, "measured, an angle out of range"},
     {kNotMeasured, "the chart could not be measured, or the record was refused"},
     {kUnfitFile, "a file could not be read or written, or does not fit"},
     {kWrongUsage, "wrong usage"},
+    kHungUp,
     kInterrupted,
     kTerminated,
 }};
