@@ -1,6 +1,6 @@
 package com.orvex.alignment.host;
 
-import com.sun.jna.Library;
+import com.sun.jna.*;
 import com.sun.jna.Pointer;
 import com.sun.jna.ptr.DoubleByReference;
 
