@@ -1,7 +1,6 @@
 package com.orvex.alignment.host;
 
 import com.sun.jna.*;
-import com.sun.jna.Pointer;
 import com.sun.jna.ptr.DoubleByReference;
 
 /** The functions of libOrvex_Alignment that are bound by name; Orvex_Alignment.h describes them. */
