@@ -1,11 +1,13 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libpng-dev libturbojpeg0-dev
+  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
+  libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
 LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
 
-.PHONY: all demo test test-clang test-asan test-browser lint valgrind coverage install bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench setup clean
 
 all: build-release
 
@@ -42,6 +44,24 @@ test-browser: build-release
 	@ctest --preset release -L browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
 
+# SECONDS: how long each target runs, 20 if not given. Starts from fuzz/corpus; what is new goes to build/fuzz.
+fuzz:
+	@./cmake/install-packages.sh clang libclang-rt-dev
+	@$(MAKE) --no-print-directory build-fuzz TARGET=fuzz_targets
+	@fuzz/run.sh build/fuzz $(or $(SECONDS),20)
+
+# The phone's processor, emulated.
+test-arm64:
+	@./cmake/install-packages.sh $(ARM64_PACKAGES)
+	@$(MAKE) --no-print-directory build-arm64
+	@ctest --preset arm64 -j $(JOBS)
+
+# Every bit of the same measurements on x86-64, with both compilers, and on arm64.
+compare-arm64:
+	@./cmake/install-packages.sh clang $(ARM64_PACKAGES)
+	@$(MAKE) --no-print-directory build-release build-clang build-arm64 TARGET="measured_bits compare_bits"
+	@./tests/compare/compare-arm64.sh build $(JOBS)
+
 # Format, shell scripts, cppcheck and clang-tidy.
 lint:
 	@./cmake/install-packages.sh $(PACKAGES) libbenchmark-dev clang clang-format clang-tidy cppcheck git shellcheck
@@ -66,6 +86,10 @@ coverage:
 # PREFIX: where to, /usr/local if not given.
 install: build-release
 	@cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
+
+# What `make build-android-arm64` and `make build-android-x86_64` have built, into build/.
+aar:
+	@cmake -DBUILD=$(CURDIR)/build -P cmake/aar/pack.cmake
 
 bench:
 	@./cmake/install-packages.sh libbenchmark-dev

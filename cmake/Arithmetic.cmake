@@ -8,6 +8,9 @@ target_compile_options(orvex_arithmetic INTERFACE
 if(ORVEX_SANITIZE)
   set(ORVEX_SANITIZERS -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
       -fno-omit-frame-pointer)
+  if(ORVEX_FUZZ)
+    list(APPEND ORVEX_SANITIZERS -fsanitize=fuzzer-no-link)
+  endif()
   target_compile_options(orvex_arithmetic INTERFACE ${ORVEX_SANITIZERS})
   target_link_options(orvex_arithmetic INTERFACE ${ORVEX_SANITIZERS})
 endif()

@@ -13,6 +13,18 @@ function(orvex_find target header library package)
 endfunction()
 
 # Android's logging interface: the NDK's on a phone, on Debian the real library too.
-orvex_find(android_log android/log.h log android-liblog-dev)
-# Mbed TLS's cryptography with its PSA interface.
-orvex_find(psa_crypto psa/crypto.h mbedcrypto libmbedtls-dev)
+if(ANDROID)
+  add_library(android_log INTERFACE IMPORTED GLOBAL)
+  target_link_libraries(android_log INTERFACE log)
+else()
+  orvex_find(android_log android/log.h log android-liblog-dev)
+endif()
+
+# Mbed TLS's cryptography with its PSA interface; psa_crypto_static to be linked in.
+if(ANDROID OR ORVEX_MBEDTLS_SOURCE)
+  orvex_mbedtls_from_source(psa_crypto "${ORVEX_MBEDTLS_SOURCE}")
+  add_library(psa_crypto_static ALIAS psa_crypto)
+else()
+  orvex_find(psa_crypto psa/crypto.h mbedcrypto libmbedtls-dev)
+  orvex_find(psa_crypto_static psa/crypto.h libmbedcrypto.a libmbedtls-dev)
+endif()

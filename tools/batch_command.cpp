@@ -1,18 +1,13 @@
 #include "batch_command.h"
 
-#include "batch_results.h"
-#include "batch_summary.h"
-#include "child_pool.h"
+#include "batch_measuring.h"
 #include "console.h"
 #include "files.h"
 #include "option_checks.h"
-#include "progress.h"
-#include "result_sink.h"
 #include "tool_error.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <thread>
 #include <unistd.h>
 
@@ -21,9 +16,13 @@ namespace {
 
 constexpr std::size_t nResultsLimit = std::size_t{1} << 31;
 
+// Seconds. The largest pictures take a few.
+constexpr std::size_t nDefaultTimeout = 60;
+
 struct Options {
-    std::string strList, strOut, strFormat = "csv";
+    std::string strList, strRaw, strSlaveRaw, strOut, strFormat = "csv";
     std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
+    std::size_t nTimeout = nDefaultTimeout;
     bool bResume = false, bOverwrite = false, bRepeatability = false;
 
     RowFormat Format() const { return strFormat == "csv" ? RowFormat::kCsv : RowFormat::kJsonLines; }
@@ -32,41 +31,39 @@ struct Options {
     }
 };
 
-// Rows in the list's order, written as soon as all before them are.
-class OrderedRows {
-public:
-    OrderedRows(ResultSink& tSink, std::size_t nFirst) : m_tSink(tSink), m_nNext(nFirst) {}
-
-    void Add(std::size_t nRow, const std::string& strLine) {
-        m_tWaiting[nRow] = strLine;
-        for (auto p = m_tWaiting.find(m_nNext); p != m_tWaiting.end(); p = m_tWaiting.find(++m_nNext)) {
-            m_tSink.Write(p->second);
-            m_tWaiting.erase(p);
-        }
-    }
-
-    std::size_t Written() const { return m_nNext; }
-
-private:
-    ResultSink& m_tSink;
-    std::size_t m_nNext;
-    std::map<std::size_t, std::string> m_tWaiting;
-};
-
 void CheckOptions(const Options& t) {
     if (t.bResume && t.strOut.empty())
         throw CLI::ValidationError("--resume", "needs --out, the file to go on with");
+    if (!t.strRaw.empty())
+        ParsedSize("--raw", t.strRaw);
+    if (!t.strSlaveRaw.empty())
+        ParsedSize("--raw-slave", t.strSlaveRaw);
+}
+
+// As this command and measure both have them.
+std::vector<std::string> PictureOptions(const Options& t) {
+    std::vector<std::string> a;
+    if (!t.strRaw.empty())
+        a.push_back("--raw=" + t.strRaw);
+    if (!t.strSlaveRaw.empty())
+        a.push_back("--raw-slave=" + t.strSlaveRaw);
+    return a;
+}
+
+bool IsThere(const std::string& strFile) {
+    std::error_code tIgnored; // what else is wrong with the name shows on opening
+    return std::filesystem::exists(strFile, tIgnored);
 }
 
 void CheckList(const Options& t, const BatchList& tList) {
     std::error_code tIgnored; // a file that is not there is no list
     if (std::filesystem::equivalent(t.strOut, t.strList, tIgnored))
         throw ToolError(t.strOut, "is the list itself", "Name another file for the results");
-    if (std::filesystem::exists(t.strOut, tIgnored))
+    if (IsThere(t.strOut))
         for (const BatchItem& tItem : tList.aItems)
             for (const std::string& str : {tItem.strMaster, tItem.strSlave, tItem.strCalibration})
-                if (std::filesystem::equivalent(std::filesystem::path(tList.strFolder) / str, t.strOut,
-                                                tIgnored))
+                if (!str.empty() && std::filesystem::equivalent(std::filesystem::path(tList.strFolder) / str,
+                                                                t.strOut, tIgnored))
                     throw ToolError(t.strOut, "is an input that the list names",
                                     "Name another file for the results");
     if (t.bRepeatability && !tList.bHasIds)
@@ -88,17 +85,19 @@ StoredRows EarlierRows(const Options& t, const BatchList& tList) {
     return tRows;
 }
 
-std::unique_ptr<Child> StartMeasuring(const BatchList& tList, const BatchItem& t) {
-    return std::make_unique<Child>(std::vector<std::string>{"measure", "--json",
-                                                            "--calibration=" + t.strCalibration, "--",
-                                                            t.strMaster, t.strSlave},
-                                   tList.strFolder);
+std::string ResumeCommand(const Options& t) {
+    std::string strPictures;
+    for (const std::string& str : PictureOptions(t))
+        strPictures += " " + str;
+    return "orvex-align batch " + ShellWord(t.strList) + strPictures + " --out " + ShellWord(t.strOut) +
+           " --format " + t.strFormat + " --jobs " + std::to_string(t.nJobs) +
+           (t.nTimeout == nDefaultTimeout ? "" : " --timeout " + std::to_string(t.nTimeout)) +
+           (t.bRepeatability ? " --repeatability" : "") + " --resume";
 }
 
-std::string ResumeCommand(const Options& t) {
-    return "orvex-align batch " + ShellWord(t.strList) + " --out " + ShellWord(t.strOut) + " --format " +
-           t.strFormat + " --jobs " + std::to_string(t.nJobs) + (t.bRepeatability ? " --repeatability" : "") +
-           " --resume";
+void TellNothingToResume(const Options& t) {
+    std::fputs(("orvex-align: " + t.strOut + ": no such file yet; starting with the first row.\n").c_str(),
+               stderr);
 }
 
 void TellStop(const Options& t, std::size_t nWritten, std::size_t nTotal) {
@@ -121,7 +120,10 @@ ExitCode Run(const Options& t) {
     CheckOptions(t);
     const BatchList tList = ReadBatchList(t.strList);
     CheckList(t, tList);
+    const bool bNothingToResume = t.bResume && !IsThere(t.strOut);
     ResultSink tSink(t.strOut, t.Mode());
+    if (bNothingToResume)
+        TellNothingToResume(t);
     const StoredRows tEarlier = EarlierRows(t, tList);
     const std::size_t nFirst = tEarlier.aRows.size(), nTotal = tList.aItems.size();
     BatchSummary tSummary;
@@ -130,60 +132,49 @@ ExitCode Run(const Options& t) {
     tSink.KeepOnly(tEarlier.nBytes);
     if (tEarlier.nBytes == 0)
         tSink.Write(HeadOf(t.Format()));
-    OrderedRows tRows(tSink, nFirst);
-    const auto Measured = [&](Progress& tProgress, std::size_t nRow, const ChildOutcome& tOutcome) {
-        const BatchRow tRow = RowOf(tList.aItems[nRow], tOutcome);
-        tSummary.Add(tList.aItems[nRow], tRow);
-        tRows.Add(nRow, LineOf(t.Format(), tRow));
-        tProgress.Step();
-    };
-    int nSignal = 0;
-    {
-        Progress tProgress(nFirst, nTotal, !t.strOut.empty() || isatty(STDOUT_FILENO) == 0);
-        nSignal = RunChildren(
-            {nFirst, nTotal, t.nJobs,
-             [&](std::size_t nRow) { return StartMeasuring(tList, tList.aItems[nRow]); },
-             [&](std::size_t nRow, const ChildOutcome& tOutcome) { Measured(tProgress, nRow, tOutcome); }});
-    }
-    if (nSignal != 0) {
-        TellStop(t, tRows.Written(), nTotal);
-        return static_cast<ExitCode>(kSignal + nSignal);
+    const bool bProgress = !t.strOut.empty() || isatty(STDOUT_FILENO) == 0;
+    const MeasuredRows tMeasured = MeasureRows(
+        {tList, nFirst, PictureOptions(t), t.Format(), t.nJobs, std::chrono::seconds(t.nTimeout), bProgress},
+        tSink, tSummary);
+    if (tMeasured.nSignal != 0) {
+        TellStop(t, tMeasured.nWritten, nTotal);
+        return static_cast<ExitCode>(kSignal + tMeasured.nSignal);
     }
     TellSummary(t, tSummary);
     return tSummary.Exit();
 }
 
 constexpr char szDescription[] =
-    "Measures all pairs of a list, several at once, and writes a row for each.\n"
+    "measures all pairs of a list, several at once, and writes a row for each\n"
     "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master, slave "
     "and calibration are the files of a pair, relative to the list's folder; id names the module (the row's "
     "number where there is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation "
-    "of "
-    "rendered pairs, against which the summary then compares. Other columns are ignored.\n"
-    "Every pair is measured in a process of its own. A pair that cannot be read or measured, or whose "
-    "process "
-    "crashes, is a row that says so, and the batch goes on. Rows come in the list's order and as soon as all "
-    "before them are there, so that an interrupted run keeps what it has and --resume goes on behind it. A "
-    "summary follows: counts, failures by status and the spread of the raw angles. It goes to standard "
-    "output "
-    "with --out, to standard error without. A progress bar shows on a terminal.\n"
+    "of rendered pairs, against which the summary then compares. Other columns are ignored.\n"
+    "Every pair is measured in a process of its own. A pair that cannot be read or measured, whose line in "
+    "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
+    "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
+    "an interrupted run keeps what it has and --resume goes on behind it. A summary follows: counts, "
+    "failures by status or reason and the spread of the raw angles. It goes to standard output with "
+    "--out, to standard error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
-    "measure tells them (verdict also unfit_input, and no_answer for a process that crashed); then every "
-    "measurement, with its unit (deg, px) at the end of its name.";
+    "measure tells them (verdict also unfit_input, and no_answer for a process that crashed or took too "
+    "long); then every measurement, with its unit (deg, px) at the end of its name.";
 
 constexpr char szExamples[] =
     "EXAMPLES\n"
     "    orvex-align batch LIST.csv --out results.csv\n"
     "    orvex-align batch LIST.csv --out results.csv --resume\n"
     "    orvex-align batch gauge.csv --out gauge.jsonl --format jsonl --repeatability\n"
+    "    orvex-align batch frames.csv --raw 1728x972 --out results.csv\n"
     "    orvex-align batch LIST.csv --jobs 1 > results.csv\n\n";
 
-constexpr std::array<ExitMeaning, 7> aExits = {{
+constexpr std::array<ExitMeaning, 8> aExits = {{
     {kWithinRange, "every row measured and within range"},
     {kOutOfRange, "a row measured out of range"},
     {kNotMeasured, "a row could not be measured"},
     {kUnfitFile, "list or results unusable, or files of a row unreadable; the highest of 0 to 3 wins"},
     {kWrongUsage, "wrong usage"},
+    {kSignal + 1, "stopped by the terminal's end (SIGHUP); --resume goes on"},
     {kSignal + 2, "stopped by Ctrl-C (SIGINT); --resume goes on"},
     {kSignal + 15, "stopped by SIGTERM; --resume goes on"},
 }};
@@ -194,11 +185,30 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand("batch", szDescription);
     tCommand.add_option("LIST.csv", pOptions->strList, "The list of pairs")->required()->type_name("");
-    tCommand
-        .add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024; by default one per core")
+    tCommand.add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024")
         ->check(Within(1, 1024))
         ->check(WholeNumber())
         ->type_name("N")
+        ->default_str("one per core, here " + std::to_string(pOptions->nJobs));
+    auto* const pRaw =
+        tCommand
+            .add_option(
+                "--raw", pOptions->strRaw,
+                "All pictures are raw, as for measure: the first width x height bytes of each are the "
+                "plane; size in px, such as 1728x972")
+            ->type_name("WxH");
+    tCommand
+        .add_option("--raw-slave", pOptions->strSlaveRaw,
+                    "With --raw: size of the slaves' planes in px, if it differs")
+        ->needs(pRaw)
+        ->type_name("WxH");
+    tCommand
+        .add_option("--timeout", pOptions->nTimeout,
+                    "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its "
+                    "row says so")
+        ->check(Within(1, 86400))
+        ->check(WholeNumber())
+        ->type_name("SECONDS")
         ->capture_default_str();
     tCommand
         .add_option("--out", pOptions->strOut,
@@ -212,7 +222,7 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand
         .add_option("--format", pOptions->strFormat,
                     "Form of the rows: csv, or jsonl for one JSON object a line")
-        ->check(CLI::IsMember({"csv", "jsonl"}).description(""))
+        ->check(OneOf({"csv", "jsonl"}))
         ->type_name("FORM")
         ->capture_default_str();
     tCommand.add_flag(

@@ -3,6 +3,7 @@
 #include "csv.h"
 #include "files.h"
 #include "numbers.h"
+#include "text_table.h"
 #include "tool_error.h"
 
 #include <algorithm>
@@ -34,29 +35,27 @@ public:
                             szForm);
     }
 
-    const std::string& In(const CsvRecord& tRecord, const char* szName) const {
-        const auto nPlace = std::ranges::find(m_aNames, szName) - m_aNames.begin();
-        return tRecord.aCells[static_cast<std::size_t>(nPlace)];
+    // Which of two columns of one name is meant nobody can tell.
+    void RefuseTwice(const char* szName) const {
+        if (std::ranges::count(m_aNames, szName) > 1)
+            throw ToolError(m_strFile,
+                            std::string("has more than one column \"") + szName + "\"; its columns are " +
+                                Names(),
+                            "Keep one of them");
     }
 
-    const std::string& Filled(const CsvRecord& tRecord, const char* szName) const {
-        const std::string& str = In(tRecord, szName);
-        if (str.empty())
-            throw AtLine(tRecord, std::string("the column \"") + szName + "\" is empty");
-        return str;
-    }
-
-    ToolError AtLine(const CsvRecord& tRecord, const std::string& strWhat) const {
-        return {m_strFile, "in line " + std::to_string(tRecord.nLine) + " " + strWhat,
-                "Mend that line; nothing has been measured"};
+    // Empty where the record ends before it.
+    std::string In(const CsvRecord& tRecord, const char* szName) const {
+        const auto nPlace = static_cast<std::size_t>(std::ranges::find(m_aNames, szName) - m_aNames.begin());
+        return nPlace < tRecord.aCells.size() ? tRecord.aCells[nPlace] : "";
     }
 
 private:
     std::string Names() const {
-        std::string str;
+        std::vector<std::string> a;
         for (const std::string& strName : m_aNames)
-            str += (str.empty() ? "\"" : ", \"") + strName + "\"";
-        return str;
+            a.push_back("\"" + strName + "\"");
+        return Listed(a);
     }
 
     std::string m_strFile;
@@ -69,31 +68,36 @@ bool IsText(const std::string& str) {
     });
 }
 
-double TruthAt(const Columns& tColumns, const CsvRecord& tRecord, const char* szName) {
-    const std::optional<double> o = ParsedNumber(tColumns.In(tRecord, szName));
-    if (!o)
-        throw tColumns.AtLine(tRecord, "\"" + tColumns.In(tRecord, szName) + "\" under \"" + szName +
-                                           "\" is not a number of degrees");
-    return *o;
+std::optional<Angles> TruthOf(const Columns& tColumns, const CsvRecord& tRecord) {
+    std::array<std::optional<double>, kTruthColumns.size()> ao;
+    std::ranges::transform(kTruthColumns, ao.begin(),
+                           [&](const char* sz) { return ParsedNumber(tColumns.In(tRecord, sz)); });
+    return ao[0] && ao[1] && ao[2] ? std::optional(Angles{*ao[0], *ao[1], *ao[2]}) : std::nullopt;
 }
 
-std::optional<Angles> TruthOf(const Columns& tColumns, const CsvRecord& tRecord) {
-    if (!std::ranges::all_of(kTruthColumns, [&](const char* sz) { return tColumns.Has(sz); }))
-        return std::nullopt;
-    return Angles{TruthAt(tColumns, tRecord, kTruthColumns[0]), TruthAt(tColumns, tRecord, kTruthColumns[1]),
-                  TruthAt(tColumns, tRecord, kTruthColumns[2])};
+// A pair without known rotation is measured like any other; one whose rotation cannot be read has a slip in
+// its line.
+std::string FaultOf(const Columns& tColumns, const CsvRecord& tRecord) {
+    if (const std::size_t n = tRecord.aCells.size(); n != tColumns.Count())
+        return "it has " + std::to_string(n) + (n == 1 ? " column" : " columns") +
+               ", but the first line names " + std::to_string(tColumns.Count());
+    for (const char* const szName : {"id", "master", "slave", "calibration"})
+        if (tColumns.Has(szName) && tColumns.In(tRecord, szName).empty())
+            return std::string("the column \"") + szName + "\" is empty";
+    for (const char* const szName : kTruthColumns)
+        if (const std::string str = tColumns.In(tRecord, szName); !str.empty() && !ParsedNumber(str))
+            return "\"" + str + "\" under \"" + szName + "\" is not a number of degrees";
+    return "";
 }
 
 BatchItem ItemOf(const Columns& tColumns, const CsvRecord& tRecord, std::size_t nRow) {
-    if (tRecord.bQuoteOpen)
-        throw tColumns.AtLine(tRecord, "a quote is opened that is never closed");
-    if (tRecord.aCells.size() != tColumns.Count())
-        throw tColumns.AtLine(tRecord, "there are " + std::to_string(tRecord.aCells.size()) +
-                                           " columns, but the first line names " +
-                                           std::to_string(tColumns.Count()));
-    return {tColumns.Has("id") ? tColumns.Filled(tRecord, "id") : std::to_string(nRow),
-            tColumns.Filled(tRecord, "master"), tColumns.Filled(tRecord, "slave"),
-            tColumns.Filled(tRecord, "calibration"), TruthOf(tColumns, tRecord)};
+    return {tColumns.Has("id") ? tColumns.In(tRecord, "id") : std::to_string(nRow),
+            tColumns.In(tRecord, "master"),
+            tColumns.In(tRecord, "slave"),
+            tColumns.In(tRecord, "calibration"),
+            TruthOf(tColumns, tRecord),
+            tRecord.nLine,
+            FaultOf(tColumns, tRecord)};
 }
 
 std::string FolderOf(const std::string& strFile) {
@@ -113,6 +117,15 @@ BatchList ReadBatchList(const std::string& strFile) {
     const Columns tColumns(strFile, aRecords.front());
     for (const char* const szName : {"master", "slave", "calibration"})
         tColumns.Require(szName);
+    for (const char* const szName :
+         {"id", "master", "slave", "calibration", kTruthColumns[0], kTruthColumns[1], kTruthColumns[2]})
+        tColumns.RefuseTwice(szName);
+    // Such a quote takes in all that follows: how many rows are meant cannot be told.
+    if (aRecords.back().bQuoteOpen)
+        throw ToolError(strFile,
+                        "in line " + std::to_string(aRecords.back().nLine) +
+                            " a quote is opened that is never closed",
+                        "Mend that line; nothing has been measured");
     BatchList tList = {strFile, FolderOf(strFile), tColumns.Has("id"), {}};
     for (std::size_t i = 1; i < aRecords.size(); ++i)
         tList.aItems.push_back(ItemOf(tColumns, aRecords[i], i));

@@ -39,6 +39,8 @@ StoredRows ReadCsvRows(const std::string& strFile, const std::string& strText) {
         if (aRecords[i].aCells.size() != BatchColumns().size())
             throw ForeignRow(strFile, i);
         t.aRows.push_back(RowOfCells(aRecords[i].aCells));
+        if (!ExitIn(t.aRows.back()))
+            throw ForeignRow(strFile, i);
         t.nBytes = aRecords[i].nEnd;
     }
     return t;
@@ -53,7 +55,7 @@ StoredRows ReadJsonLines(const std::string& strFile, const std::string& strText)
     StoredRows t = {{}, 0};
     for (std::size_t nEnd = 0; (nEnd = strText.find('\n', t.nBytes)) != strText.npos; t.nBytes = nEnd + 1) {
         const Json tRow = Json::parse(strText.substr(t.nBytes, nEnd - t.nBytes), nullptr, false);
-        if (!HasAllColumns(tRow))
+        if (!HasAllColumns(tRow) || !ExitIn(tRow))
             throw ForeignRow(strFile, t.aRows.size() + 1);
         t.aRows.push_back(tRow);
     }

@@ -1,6 +1,5 @@
 #include "batch_row.h"
 
-#include "exit_codes.h"
 #include "quantities.h"
 
 #include <algorithm>
@@ -46,11 +45,23 @@ std::string ColumnOf(std::string strKey) {
 // They name the pair; by them a row is known again.
 constexpr std::array<const char*, 4> aszIdentity = {"id", "master", "slave", "calibration"};
 
+Json Cell(const std::string& str) {
+    return str.empty() ? Json() : Json(str);
+}
+
 BatchRow Identity(const BatchItem& t) {
-    return {{aszIdentity[0], t.strId},
-            {aszIdentity[1], t.strMaster},
-            {aszIdentity[2], t.strSlave},
-            {aszIdentity[3], t.strCalibration}};
+    return {{aszIdentity[0], Cell(t.strId)},
+            {aszIdentity[1], Cell(t.strMaster)},
+            {aszIdentity[2], Cell(t.strSlave)},
+            {aszIdentity[3], Cell(t.strCalibration)}};
+}
+
+// All columns there, only the identity filled.
+BatchRow EmptyRow(const BatchItem& t) {
+    BatchRow tRow = Identity(t);
+    for (const std::string& strColumn : BatchColumns())
+        tRow.emplace(strColumn, nullptr);
+    return tRow;
 }
 
 // In one line and without the program's name.
@@ -108,9 +119,7 @@ const std::vector<std::string>& BatchColumns() {
 }
 
 BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome) {
-    BatchRow tRow = Identity(tItem);
-    for (const std::string& strColumn : BatchColumns())
-        tRow.emplace(strColumn, nullptr);
+    BatchRow tRow = EmptyRow(tItem);
     if (!tOutcome.strFailure.empty())
         Fail(tRow, kNotMeasured, "no_answer", tOutcome.strFailure);
     else if (tOutcome.nExit == kUnfitFile)
@@ -118,6 +127,25 @@ BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome) {
     else
         TakeAnswer(tRow, tOutcome);
     return tRow;
+}
+
+std::string PlaceInList(const BatchItem& t) {
+    return "line " + std::to_string(t.nLine) + " of the list: ";
+}
+
+BatchRow FaultyRow(const BatchItem& t) {
+    BatchRow tRow = EmptyRow(t);
+    Fail(tRow, kUnfitFile, "unfit_input",
+         PlaceInList(t) + t.strFault + ". Mend the line and measure the list again.");
+    return tRow;
+}
+
+std::optional<ExitCode> ExitIn(const BatchRow& tRow) {
+    const Json& tCell = tRow.at("exit_code");
+    for (const ExitCode t : {kWithinRange, kOutOfRange, kNotMeasured, kUnfitFile})
+        if (tCell == static_cast<int>(t) || tCell == std::to_string(t))
+            return t;
+    return std::nullopt;
 }
 
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem) {

@@ -3,6 +3,7 @@
 
 #include "batch_list.h"
 #include "child.h"
+#include "exit_codes.h"
 #include "json.h"
 
 namespace tools {
@@ -15,6 +16,15 @@ const std::vector<std::string>& BatchColumns();
 
 // What the process that measured this pair has to say, whatever became of it.
 BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome);
+
+// What there is to say of a pair whose line in the list is at fault.
+BatchRow FaultyRow(const BatchItem& t);
+
+// With which such words begin: "line 3 of the list: "
+std::string PlaceInList(const BatchItem& t);
+
+// The row's exit code, as number or text; nothing if measure has no such answer.
+std::optional<ExitCode> ExitIn(const BatchRow& tRow);
 
 // Whether the row is this pair's.
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem);

@@ -40,6 +40,18 @@ std::string TextIn(const BatchRow& tRow, const char* szColumn, const char* szBeh
     return t.is_string() ? t.get<std::string>() + szBehind : "";
 }
 
+// Without the row's own names, so that one reason is one text: the column stands for the file.
+std::string ReasonOf(const BatchItem& tItem, const BatchRow& tRow) {
+    const std::string strWords = TextIn(tRow, "words", "");
+    for (const auto& [strOwn, szCommon] :
+         {std::pair(PlaceInList(tItem), "list: "), std::pair(tItem.strMaster + ": ", "master: "),
+          std::pair(tItem.strSlave + ": ", "slave: "),
+          std::pair(tItem.strCalibration + ": ", "calibration: ")})
+        if (strWords.starts_with(strOwn))
+            return szCommon + strWords.substr(strOwn.size());
+    return strWords;
+}
+
 std::string Number(double d) {
     return std::isnan(d) ? "-" : Fixed(d, nDecimals);
 }
@@ -49,15 +61,26 @@ Cells CellsOf(const char* szLabel, const Spread& t) {
             Number(t.dLowest), Number(t.dHighest)};
 }
 
+std::string Reasons(const char* szHeading, const std::map<std::string, std::size_t>& tReasons) {
+    std::string str;
+    for (const auto& [strReason, nCount] : tReasons) {
+        const std::string strHead = "  " + std::to_string(nCount) + " x ";
+        str += strHead + Wrapped(strReason, strHead.size()) + "\n";
+    }
+    return str.empty() ? "" : std::string("\n") + szHeading + "\n" + str;
+}
+
 } // namespace
 
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
-    const auto tExit = static_cast<ExitCode>(NumberIn(tRow, "exit_code").value_or(kNotMeasured));
+    const ExitCode tExit = ExitIn(tRow).value_or(kNotMeasured);
     m_tExit = std::max(m_tExit, tExit);
     ++m_tCounts[tExit];
     if (tExit == kNotMeasured)
-        ++m_tFailures[{TextIn(tRow, "status", " "), TextIn(tRow, "camera", " camera, "),
-                       TextIn(tRow, "stage", ": "), TextIn(tRow, "words", "")}];
+        ++m_tFailures[TextIn(tRow, "status", " ") + TextIn(tRow, "camera", " camera, ") +
+                      TextIn(tRow, "stage", ": ") + TextIn(tRow, "words", "")];
+    if (tExit == kUnfitFile)
+        ++m_tUnfit[ReasonOf(tItem, tRow)];
     for (std::size_t i = 0; i < m_aAxes.size(); ++i)
         if (const std::optional<double> oRaw = NumberIn(tRow, aszRawColumns[i])) {
             m_aAxes[i].aRaw.push_back(*oRaw);
@@ -70,13 +93,6 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
 std::size_t BatchSummary::CountOf(ExitCode tExit) const {
     const auto p = m_tCounts.find(tExit);
     return p == m_tCounts.end() ? 0 : p->second;
-}
-
-std::string BatchSummary::Failures() const {
-    std::string str;
-    for (const auto& [aWords, nCount] : m_tFailures)
-        str += "  " + std::to_string(nCount) + " x " + aWords[0] + aWords[1] + aWords[2] + aWords[3] + "\n";
-    return str.empty() ? "" : "\nNot measured, by status\n" + str;
 }
 
 std::string BatchSummary::Text() const {
@@ -94,7 +110,8 @@ std::string BatchSummary::Text() const {
         aRaw.push_back(CellsOf(aszLabels[i], SpreadOf(m_aAxes[i].aRaw)));
         aDeviations.push_back(CellsOf(aszLabels[i], SpreadOf(m_aAxes[i].aDeviations)));
     }
-    std::string str = "Batch\n" + Table(aCounts) + Failures() +
+    std::string str = "Batch\n" + Table(aCounts) + Reasons("Not measured, by status", m_tFailures) +
+                      Reasons("Unreadable or unfit input, by reason", m_tUnfit) +
                       "\nRaw angles, degrees (standard deviation with n - 1)\n" + Table(aRaw);
     if (!m_aAxes[0].aDeviations.empty())
         str += "\nRaw angles minus the list's truth, degrees\n" + Table(aDeviations);

@@ -33,6 +33,10 @@ std::string ReadCalibration(const std::string& strFile) {
     return strImage;
 }
 
+std::string CalibrationHelp() {
+    return "The module's calibration memory, at least " + std::to_string(ORVEX_CALIBRATION_SIZE) + " bytes";
+}
+
 std::string MadeUpCalibration(std::uint64_t nSeed) {
     std::string strImage(ORVEX_CALIBRATION_SIZE, '\0');
     for (std::size_t i = 0; i < strImage.size(); ++i)

@@ -1,11 +1,11 @@
 #include "captured_output.h"
 
+#include "files.h"
 #include "tool_error.h"
 
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sstream>
 #include <unistd.h>
@@ -15,19 +15,24 @@ namespace {
 
 constexpr int nNone = -1;
 
+std::string TemporaryFolder() {
+    const char* const sz = std::getenv("TMPDIR");
+    return sz != nullptr && *sz != '\0' ? sz : "/tmp";
+}
+
 int Opened(int nDescriptor) {
     if (nDescriptor == nNone)
-        throw ToolError("/tmp",
-                        std::string("no temporary file can be opened there (") + std::strerror(errno) + ")",
-                        "Make room in /tmp, allow writing to it and raise the limit of open files");
+        throw ToolError(TemporaryFolder(), "no temporary file can be opened there (" + ErrnoText() + ")",
+                        "Make room in it, allow writing to it, or set TMPDIR to another folder; raise the "
+                        "limit of open files if that is the reason");
     return nDescriptor;
 }
 
 // A file without a name: it is gone when it is closed, even if the process dies.
 int OpenNameless() {
-    std::array<char, 32> szName = {"/tmp/orvex-align-XXXXXX"};
-    const int n = Opened(mkostemp(szName.data(), O_CLOEXEC));
-    unlink(szName.data());
+    std::string strName = TemporaryFolder() + "/orvex-align-XXXXXX";
+    const int n = Opened(mkostemp(strName.data(), O_CLOEXEC));
+    unlink(strName.c_str());
     return n;
 }
 

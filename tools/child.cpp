@@ -115,6 +115,12 @@ bool Child::TakeOutput() {
     return m_anPipes[0] == -1 && m_anPipes[1] == -1;
 }
 
+void Child::End(const std::string& strReason) {
+    m_strEnded = strReason;
+    if (m_nProcess != -1)
+        kill(m_nProcess, SIGKILL);
+}
+
 ChildOutcome Child::Outcome() {
     ChildOutcome t = {-1, "", m_aOutput[0], m_aOutput[1]};
     if (m_nProcess == -1) {
@@ -126,6 +132,8 @@ ChildOutcome Child::Outcome() {
     m_nProcess = -1;
     if (WIFEXITED(nStatus))
         t.nExit = WEXITSTATUS(nStatus);
+    else if (!m_strEnded.empty())
+        t.strFailure = m_strEnded;
     else
         t.strFailure = "the measuring process was ended by signal " + std::to_string(WTERMSIG(nStatus)) +
                        " (" + strsignal(WTERMSIG(nStatus)) + ")";

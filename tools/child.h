@@ -30,12 +30,16 @@ public:
     // Takes what has come. True if nothing more will come.
     bool TakeOutput();
 
+    // Kills the process; its outcome is then that reason, unless it had come to its end by itself.
+    void End(const std::string& strReason);
+
     // Once nothing more will come.
     ChildOutcome Outcome();
 
 private:
     std::array<int, 2> m_anPipes = {-1, -1};
     std::array<std::string, 2> m_aOutput;
+    std::string m_strEnded; // why it was killed
     pid_t m_nProcess = -1;
     int m_nError = 0; // why it could not be started
 };

@@ -3,6 +3,7 @@
 
 #include "child.h"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -10,8 +11,9 @@
 namespace tools {
 
 struct ChildWork {
-    std::size_t nFirst, nEnd; // jobs are numbered from nFirst, below nEnd
+    std::size_t nJobs; // numbered from 0
     std::size_t nAtOnce;
+    std::chrono::seconds tTimeLimit; // for each; a child that takes longer is killed
     std::function<std::unique_ptr<Child>(std::size_t)> Start;
     std::function<void(std::size_t, const ChildOutcome&)> Done; // in the order in which they end
 };

@@ -25,12 +25,20 @@ struct ExitMeaning {
     const char* szMeaning;
 };
 
-constexpr std::array<ExitMeaning, 5> kMeasureExits = {{
+constexpr ExitMeaning kHungUp = {kSignal + 1,
+                                 "stopped by the terminal's end (SIGHUP); no file is left half-written"};
+constexpr ExitMeaning kInterrupted = {kSignal + 2, "stopped by Ctrl-C (SIGINT), likewise"};
+constexpr ExitMeaning kTerminated = {kSignal + 15, "stopped by SIGTERM, likewise"};
+
+constexpr std::array<ExitMeaning, 8> kMeasureExits = {{
     {kWithinRange, "measured, all angles within range"},
     {kOutOfRange, "measured, an angle out of range"},
     {kNotMeasured, "the chart could not be measured"},
     {kUnfitFile, "a file could not be read or written, or does not fit"},
     {kWrongUsage, "wrong usage"},
+    kHungUp,
+    kInterrupted,
+    kTerminated,
 }};
 
 // tExit is one of them.

@@ -1,7 +1,5 @@
 #include "files.h"
 
-#include "tool_error.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
@@ -21,17 +19,22 @@ struct Closer {
 };
 using File = std::unique_ptr<std::FILE, Closer>;
 
-std::string Reason() {
-    return std::strerror(errno);
+// What the reason asks for, or else what usually helps.
+std::string Advice(const char* szUsually) {
+    return errno == ENAMETOOLONG ? "Give the file a shorter name" : szUsually;
 }
 
 ToolError NotRead(const std::string& strFile) {
-    return {strFile, "cannot be read (" + Reason() + ")", "Check the name and the permissions of the file"};
+    return {strFile, "cannot be read (" + ErrnoText() + ")",
+            Advice("Check the name and the permissions of the file")};
 }
 
-ToolError NotWritten(const std::string& strFile, const std::string& strReason) {
-    return {strFile, "cannot be written (" + strReason + ")",
-            "Choose a folder that you may write to and that has space left; no file is left half-written"};
+// A staged file's.
+ToolError NotStaged(const std::string& strFile) {
+    return NotWritten(
+        strFile, errno == ENOENT ? "Create its folder first, or name a file in another one"
+                                 : Advice("Choose a folder that you may write to and that has space left; no "
+                                          "file is left half-written"));
 }
 
 // A link stays a link: the file that it leads to is the one that is written.
@@ -63,13 +66,13 @@ public:
             std::fflush(pFile.get()) == 0 && fsync(fileno(pFile.get())) == 0 &&
             std::fclose(pFile.release()) == 0;
         if (!bWritten)
-            throw NotWritten(m_strTarget, Reason());
+            throw NotStaged(m_strTarget);
     }
 
     void TakePlace() {
         m_bInPlace = std::rename(m_strTemporary.c_str(), m_strPlace.c_str()) == 0;
         if (!m_bInPlace)
-            throw NotWritten(m_strTarget, Reason());
+            throw NotStaged(m_strTarget);
     }
 
 private:
@@ -84,9 +87,9 @@ void RefuseNoFile(const std::string& strTarget) {
     std::error_code tIgnored; // whatever else is wrong with the name shows on writing
     const std::filesystem::file_status t = std::filesystem::status(strTarget, tIgnored);
     if (std::filesystem::is_directory(t))
-        throw NotWritten(strTarget, "a folder of this name is in the way");
+        throw NotWritten(strTarget, "Name another file", "a folder of this name is in the way");
     if (std::filesystem::exists(t) && !std::filesystem::is_regular_file(t))
-        throw NotWritten(strTarget, "what has this name is no file");
+        throw NotWritten(strTarget, "Name another file", "what has this name is no file");
 }
 
 // Puts a wish to stop off until the files are in place or their temporary names are gone.
@@ -108,6 +111,14 @@ private:
 };
 
 } // namespace
+
+std::string ErrnoText() {
+    return std::strerror(errno);
+}
+
+ToolError NotWritten(const std::string& strFile, const std::string& strToDo, const std::string& strReason) {
+    return {strFile, "cannot be written (" + strReason + ")", strToDo};
+}
 
 std::string ReadStart(const std::string& strFile, std::size_t nBytes) {
     constexpr std::size_t nChunk = std::size_t{1} << 20;

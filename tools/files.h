@@ -1,17 +1,26 @@
 #ifndef ORVEX_TOOLS_FILES_H
 #define ORVEX_TOOLS_FILES_H
 
+#include "tool_error.h"
+
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace tools {
 
+// The latest failed system call's reason.
+std::string ErrnoText();
+
 // All bytes of a file of at most nLimit bytes. Throws ToolError.
 std::string ReadFile(const std::string& strFile, std::size_t nLimit);
 
 // The first nBytes bytes of a file, or all if it has fewer. Throws ToolError.
 std::string ReadStart(const std::string& strFile, std::size_t nBytes);
+
+// A file that cannot be written, by the latest system call's reason unless another is given.
+ToolError NotWritten(const std::string& strFile, const std::string& strToDo,
+                     const std::string& strReason = ErrnoText());
 
 struct NewFile {
     std::string strFile;

@@ -4,9 +4,11 @@
 #include "measure_command.h"
 #include "record_command.h"
 #include "render_command.h"
+#include "text_table.h"
 #include "tool_error.h"
 #include "versions.h"
 
+#include <array>
 #include <cstdio>
 #include <fcntl.h>
 #include <memory>
@@ -25,10 +27,10 @@ void OccupyStandardStreams() {
 }
 
 std::string Commands(const CLI::App& tApp) {
-    std::string str;
+    std::vector<std::string> a;
     for (const CLI::App* const p : tApp.get_subcommands({}))
-        str += (str.empty() ? "" : ", ") + p->get_name();
-    return str;
+        a.push_back(p->get_name());
+    return Listed(a);
 }
 
 // What the parser could not place comes first: it is often the cause of what is then missing.
@@ -52,20 +54,37 @@ ExitCode Fail(const std::string& strMessage) {
     return kUnfitFile;
 }
 
+constexpr std::array<ExitMeaning, 8> aExits = {{
+    {kDone, "done; of a measurement: within range; of a record: accepted"},
+    {kOutOfRange, "measured, an angle out of range"},
+    {kNotMeasured, "the chart could not be measured, or the record was refused"},
+    {kUnfitFile, "a file could not be read or written, or does not fit"},
+    {kWrongUsage, "wrong usage"},
+    kHungUp,
+    kInterrupted,
+    kTerminated,
+}};
+
+std::string Footer() {
+    return ExamplesHelp(
+               {"orvex-align render --out demo --rx 0.8",
+                "orvex-align measure demo/master.pgm demo/slave.pgm --calibration demo/calibration.bin"}) +
+           ExitCodesHelp(aExits) + "\nEach command has its own --help.\n";
+}
+
 ExitCode Run(int nArguments, const char* const* aszArguments) {
     ExitCode tExit = kWrongUsage;
-    CLI::App tApp(
-        "measures pictures of the alignment chart\n"
-        "The chart, a dark cross inside a dark frame, is photographed by the master and the slave camera "
-        "of a module. The commands measure such a pair, read the record that a measurement leaves, and "
-        "render pairs with known rotation.",
-        "orvex-align");
+    CLI::App tApp("Measures pictures of the alignment chart.\n"
+                  "The chart, a dark cross inside a dark frame, is photographed by the master and the slave "
+                  "camera of a module. The commands measure such a pair or a list of them, read the record "
+                  "that a measurement leaves, and render pairs with known rotation.",
+                  "orvex-align");
     tApp.set_version_flag("--version", [] {
         return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
     });
     tApp.formatter(std::make_shared<ManPage>());
     tApp.failure_message(UsageMessage);
-    tApp.footer("Each command has its own --help with options, examples and exit codes.\n");
+    tApp.footer(Footer());
     tApp.require_subcommand(1);
     AddMeasureCommand(tApp, tExit);
     AddRecordCommand(tApp, tExit);
@@ -80,6 +99,9 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     } catch (const std::bad_alloc&) {
         return Fail(
             "not enough memory for pictures of this size.\n  Close other programs or use smaller pictures.");
+    } catch (const std::exception& t) { // a fault of ours: told, not aborted
+        return Fail(std::string("ended by a fault of the program: ") + t.what() +
+                    ".\n  Keep the files of this command and report them with this line.");
     }
     return tExit;
 }

@@ -2,7 +2,7 @@
 
 #include "text_table.h"
 
-#include <algorithm>
+#include <cctype>
 
 namespace tools {
 namespace {
@@ -15,6 +15,16 @@ std::string Indented(const std::string& str, std::size_t nColumns) {
 
 std::string FirstLine(const std::string& str) {
     return str.substr(0, str.find('\n'));
+}
+
+// The first line's sentence as manual pages have it behind a name: "measures a pair".
+std::string Purpose(const CLI::App& tApp) {
+    std::string str = FirstLine(tApp.get_description());
+    if (str.ends_with('.'))
+        str.pop_back();
+    if (!str.empty())
+        str.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(str.front())));
+    return str;
 }
 
 std::string Name(const CLI::App& tApp) {
@@ -55,7 +65,7 @@ std::string Commands(const CLI::App& tApp) {
     std::string str;
     for (const CLI::App* const p : tApp.get_subcommands({}))
         str += (str.empty() ? "\nCOMMANDS\n" : "") + Indented(p->get_name(), nIndent) +
-               Indented(FirstLine(p->get_description()), nDeepIndent);
+               Indented(Purpose(*p), nDeepIndent);
     return str;
 }
 
@@ -76,9 +86,16 @@ std::string Section(const char* szHeading, const CLI::App& tApp, bool bPositiona
 } // namespace
 
 std::string ManPage::make_help(const CLI::App* pApp, std::string, CLI::AppFormatMode) const {
-    return "NAME\n" + Indented(Name(*pApp) + " - " + FirstLine(pApp->get_description()), nIndent) + "\n" +
-           Synopsis(*pApp) + Description(*pApp) + Commands(*pApp) + Section("ARGUMENTS", *pApp, true) +
+    return "NAME\n" + Indented(Name(*pApp) + " - " + Purpose(*pApp), nIndent) + "\n" + Synopsis(*pApp) +
+           Description(*pApp) + Commands(*pApp) + Section("ARGUMENTS", *pApp, true) +
            Section("OPTIONS", *pApp, false) + "\n" + pApp->get_footer();
+}
+
+std::string ExamplesHelp(std::initializer_list<const char*> aszCommands) {
+    std::string str = "EXAMPLES\n";
+    for (const char* const sz : aszCommands)
+        str += std::string(nIndent, ' ') + sz + "\n";
+    return str + "\n";
 }
 
 } // namespace tools

@@ -5,12 +5,15 @@
 
 namespace tools {
 
-// Help in the form of a manual page. A command's description starts with a line of what it does, paragraphs
-// about it follow; its footer holds the sections after the options.
+// Help in the form of a manual page. A command's description starts with a line, a sentence of what it does;
+// paragraphs about it follow. Its footer holds the sections after the options.
 class ManPage : public CLI::Formatter {
 public:
     std::string make_help(const CLI::App* pApp, std::string strName, CLI::AppFormatMode tMode) const override;
 };
+
+// The section of examples: commands as they are typed, a line each.
+std::string ExamplesHelp(std::initializer_list<const char*> aszCommands);
 
 } // namespace tools
 

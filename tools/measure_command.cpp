@@ -1,12 +1,15 @@
 #include "measure_command.h"
 
-#include "Orvex_Alignment_Stages.h"
 #include "calibration.h"
 #include "console.h"
 #include "files.h"
+#include "frame_search.h"
+#include "man_page.h"
 #include "option_checks.h"
 #include "report_html.h"
+#include "text_table.h"
 #include "tool_error.h"
+#include "trust_limits.h"
 
 #include <memory>
 
@@ -33,15 +36,11 @@ NewFile RecordFile(const std::string& strFile, const std::string& strRecord) {
     return {strFile, strRecord};
 }
 
-// The frame is searched outward from fixed distances to the cross; a smaller picture cannot hold it.
-void RefuseTooSmall(const char* szCamera, const Picture& t) {
-    constexpr int nBorder = 3; // px that a search starts before the picture's border
-    const DualCamAlignParam& tParam = *DualCamAlign_LoadParameters_ForAndroid();
-    const PictureSize tLeast = {2 * (tParam.nFrameOffsetX_Master + nBorder),
-                                2 * (tParam.nFrameOffsetY_Master + nBorder)};
+void RefuseTooSmall(Camera tCamera, const Picture& t) {
+    const PictureSize tLeast = LeastSizeOf(tCamera);
     if (t.nColumns < tLeast.nColumns || t.nRows < tLeast.nRows)
         throw ToolError(t.strFile,
-                        "is " + SizeText({t.nColumns, t.nRows}) + ", but the " + szCamera +
+                        "is " + SizeText({t.nColumns, t.nRows}) + ", but the " + NameOf(tCamera) +
                             " must be at least " + SizeText(tLeast) +
                             " to show the whole frame around the cross",
                         "Name the picture as the camera took it, not a reduced copy or a part of it");
@@ -65,13 +64,14 @@ Report Run(const Options& t) {
                                      oSlaveRaw = SizeGiven("--raw-slave", t.strSlaveRaw);
     const Picture tMaster = ReadPicture(t.strMaster, oRaw),
                   tSlave = ReadPicture(t.strSlave, oSlaveRaw ? oSlaveRaw : oRaw);
-    RefuseTooSmall("master", tMaster);
-    RefuseTooSmall("slave", tSlave);
+    RefuseTooSmall(Camera::kMaster, tMaster);
+    RefuseTooSmall(Camera::kSlave, tSlave);
     const std::string strCalibration = ReadCalibration(t.strCalibration);
     std::optional<Truth> oTruth;
     if (!t.strTruth.empty())
         oTruth = ReadTruth(t.strTruth);
     const Measurement m = Measure(tMaster, tSlave, strCalibration);
+    const StageViews tViews = ViewsOf(tMaster, tSlave, m);
     Report tReport = {
         NoteOf(tMaster),
         NoteOf(tSlave),
@@ -80,8 +80,9 @@ Report Run(const Options& t) {
         m,
         VerdictOf(m),
         oTruth,
-        TrustOf(tMaster, m.tMaster),
-        TrustOf(tSlave, m.tSlave),
+        tViews,
+        TrustOf(tMaster, m.tMaster, tViews.tMaster),
+        TrustOf(tSlave, m.tSlave, tViews.tSlave),
     };
     std::vector<NewFile> aOutputs;
     if (!t.strRecord.empty())
@@ -98,73 +99,91 @@ ExitCode Show(const Options& t) {
     return tReport.tVerdict.tExit;
 }
 
-constexpr char szDescription[] =
-    "measures the slave camera's rotation against the master's\n"
-    "Pictures are told by their content, not by their names: PNG with up to 8 bits per channel, JPEG, binary "
-    "PGM with 8 bits, or raw planes with --raw. Colour becomes grey by its luminance; pixels are taken as "
-    "they "
-    "lie in the file. Angles come raw, as measured, and rescaled, as the station receives them; the rescaled "
-    "ones decide. A picture that shows the whole frame has at least 906 x 406 px.\n"
-    "Trust numbers: on lines across every side of the frame, 4 px apart, the tool itself reads the dark "
-    "line's "
-    "centre, dark and bright level from the picture. The residual is the centres' RMS distance in px from "
-    "the "
-    "straight line between the two measured corners. Warnings tell value and limit.";
+std::string Description() {
+    return "Measures the slave camera's rotation against the master's.\n"
+           "Pictures are told by their content, not by their names: PNG with up to 8 bits per channel, JPEG, "
+           "binary PGM with 8 bits, or raw planes with --raw. Colour becomes grey by its luminance; pixels "
+           "are taken as they lie in the file. A picture that shows the whole frame has at least " +
+           SizeText(LeastSizeOf(Camera::kMaster)) +
+           ".\n"
+           "Angles come raw, as measured, and rescaled, as the station receives them. The rescaled ones "
+           "decide: allowed are " +
+           AllowedRange(kRescaledLimit) + " degrees, raw " + AllowedRange(kRawLimit) +
+           " degrees.\n"
+           "Trust numbers: on lines across every side of the frame, " +
+           Fixed(kLineStep, 0) +
+           " px apart, the tool itself reads the dark line's centre, dark and bright level from the picture, "
+           "and fits a straight line to the centres by least squares. The residual is the centres' RMS "
+           "distance from that line; told apart from it is how far the farther of the side's two measured "
+           "corners lies from the line. Of the cross it reads the grey levels in the search window. Warnings "
+           "come with a residual above " +
+           Fixed(kLargeResidual, 1) + " px, a corner more than " + Fixed(kLargeCornerDistance, 1) +
+           " px from the line, less than " + Fixed(kLeastRead, 0) +
+           " % of the lines read, dark and bright less than " + Fixed(kLowContrast, 0) +
+           " grey levels apart, and the frame less than " + Fixed(kNearBorder, 0) +
+           " px from the picture's border. A pair that fails has them as far as it came.";
+}
 
-constexpr char szExamples[] =
-    "EXAMPLES\n"
-    "  orvex-align measure master.png slave.png --calibration calibration.bin\n"
-    "  orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --calibration calibration.bin --json\n"
-    "  orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record AFProtect.txt\n"
-    "  orvex-align measure master.png slave.png --calibration calibration.bin --report report.html\n\n";
+std::string Footer() {
+    return ExamplesHelp({"orvex-align measure master.png slave.png --calibration calibration.bin",
+                         "orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --calibration "
+                         "calibration.bin --json",
+                         "orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record "
+                         "AFProtect.txt",
+                         "orvex-align measure master.png slave.png --calibration calibration.bin --report "
+                         "report.html"}) +
+           ExitCodesHelp(kMeasureExits);
+}
 
 } // namespace
 
 void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
-    CLI::App& tCommand = *tApp.add_subcommand("measure", szDescription);
+    CLI::App& tCommand = *tApp.add_subcommand("measure", Description());
     tCommand
         .add_option("MASTER", pOptions->strMaster,
                     "The master camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
+        ->check(FileName())
         ->type_name("");
     tCommand
         .add_option("SLAVE", pOptions->strSlave, "The slave camera's picture: PNG, JPEG or 8-bit binary PGM")
         ->required()
+        ->check(FileName())
         ->type_name("");
-    tCommand
-        .add_option("--calibration", pOptions->strCalibration,
-                    "The module's calibration memory, at least 2915 bytes")
+    tCommand.add_option("--calibration", pOptions->strCalibration, CalibrationHelp())
         ->required()
+        ->check(FileName())
         ->type_name("FILE");
     CLI::Option* const pRaw =
         tCommand
-            .add_option(
-                "--raw", pOptions->strRaw,
-                "Both files are raw: their first width x height bytes are the plane, as in a YUV 4:2:0 "
-                "or NV21 frame; size in px, such as 1728x972")
+            .add_option("--raw", pOptions->strRaw,
+                        "Both files are raw: their first width x height bytes are the plane, as in a YUV "
+                        "4:2:0 or NV21 frame. Size in px, such as 1728x972")
             ->type_name("WxH");
     tCommand
         .add_option("--raw-slave", pOptions->strSlaveRaw,
-                    "With --raw: size of the slave's plane in px, if it differs")
+                    "With --raw: size of the slave's plane in px. Default: that of --raw")
         ->needs(pRaw)
         ->type_name("WxH");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
     tCommand
-        .add_option(
-            "--record", pOptions->strRecord,
-            "Also write the autofocus record file, encrypted for this module; all zeros inside if the "
-            "chart could not be measured")
+        .add_option("--record", pOptions->strRecord,
+                    "Also write the autofocus record file, encrypted for this module; all zeros inside if "
+                    "the chart could not be measured")
+        ->check(FileName())
         ->type_name("FILE");
     tCommand
         .add_option("--report", pOptions->strReport,
                     "Also write one HTML page with both pictures, what was found in them, and every number")
+        ->check(FileName())
         ->type_name("FILE");
     tCommand
         .add_option("--truth", pOptions->strTruth,
-                    "Also compare with the truth.json of a rendered pair (differences in degrees and px)")
+                    "Also compare with the truth.json of a rendered pair: differences in degrees and px")
+        ->check(FileName())
         ->type_name("FILE");
-    tCommand.footer(szExamples + ExitCodesHelp(kMeasureExits));
+    tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
 }
 

@@ -1,4 +1,5 @@
 #include "report.h"
+#include "trust_limits.h"
 #include "versions.h"
 
 namespace tools {
@@ -31,6 +32,15 @@ Json TruthJson(const Measurement& tMeasurement, const Truth& tTruth) {
     return tJson;
 }
 
+// What is warned of: more than the first two, less than the others.
+Json TrustLimitsJson() {
+    return {{"side_residual_px", kLargeResidual},
+            {"side_corner_distance_px", kLargeCornerDistance},
+            {"side_lines_read_percent", kLeastRead},
+            {"contrast_grey", kLowContrast},
+            {"border_distance_px", kNearBorder}};
+}
+
 } // namespace
 
 std::string JsonTextOf(const Report& tReport) {
@@ -42,12 +52,14 @@ std::string JsonTextOf(const Report& tReport) {
                   {"status", StatusJson(t, tReport.tVerdict.tWords)},
                   {"raw_deg", JsonOf(QuantitiesOf(t.oRaw))},
                   {"rescaled_deg", JsonOf(QuantitiesOf(t.oRescaled))},
+                  {"raw_limit_deg", kRawLimit},
                   {"rescaled_limit_deg", kRescaledLimit},
                   {"master", CameraJson(tReport.tMaster, t.tMaster)},
                   {"slave", CameraJson(tReport.tSlave, t.tSlave)},
                   {"trust",
                    {{"master", JsonOf(QuantitiesOf(tReport.tMasterTrust))},
                     {"slave", JsonOf(QuantitiesOf(tReport.tSlaveTrust))}}},
+                  {"trust_limits", TrustLimitsJson()},
                   {"warnings", WarningsOf(tReport)},
                   {"calibration_file", tReport.strCalibrationFile}};
     if (!tReport.strRecordFile.empty())

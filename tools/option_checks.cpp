@@ -1,16 +1,11 @@
 #include "option_checks.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <sstream>
 
 namespace tools {
-namespace {
-
-// More than any module's sensor has; larger pictures only fill the memory.
-constexpr std::size_t nMaxPixels = 100'000'000;
-
-} // namespace
 
 CLI::Validator Within(double dLowest, double dHighest) {
     std::ostringstream tRange;
@@ -33,17 +28,36 @@ CLI::Validator WholeNumber() {
     return {Check, "", ""};
 }
 
+CLI::Validator FileName() {
+    const auto Check = [](const std::string& str) {
+        return str.empty() ? std::string("the name is empty, as an unset variable leaves it") : std::string();
+    };
+    return {Check, "", ""};
+}
+
+CLI::Validator OneOf(const std::vector<std::string>& aWords) {
+    std::string strWords;
+    for (const std::string& str : aWords)
+        strWords += (strWords.empty() ? "" : " or ") + str;
+    const auto Check = [=](const std::string& str) {
+        const bool bFound = std::ranges::find(aWords, str) != aWords.end();
+        return bFound ? std::string() : "\"" + str + "\" is not " + strWords;
+    };
+    return {Check, "", ""};
+}
+
 PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     PictureSize t = {};
     char cRest = 0;
+    // NOLINTBEGIN(cert-err34-c): nine digits cannot overflow
     const bool bRead =
-        str.size() < 20 && // NOLINTNEXTLINE(cert-err34-c): nine digits cannot overflow
-        std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
+        str.size() < 20 && std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
+    // NOLINTEND(cert-err34-c)
     if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
-        PixelsOf(t) > nMaxPixels)
+        PixelsOf(t) > kMaxGivenPixels)
         throw CLI::ValidationError(
             strOption, "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
-                           std::to_string(kMaxSide) + " px and at most " + std::to_string(nMaxPixels) +
+                           std::to_string(kMaxSide) + " px and at most " + std::to_string(kMaxGivenPixels) +
                            " px in all");
     return t;
 }

@@ -5,8 +5,6 @@
 namespace tools {
 namespace {
 
-constexpr std::size_t nMaxDecodedPixels = 400'000'000;
-
 std::string Times(std::uint32_t nColumns, std::uint32_t nRows) {
     return std::to_string(nColumns) + " x " + std::to_string(nRows) + " px";
 }
@@ -23,11 +21,11 @@ std::size_t PixelsOf(PictureSize t) {
 
 PictureSize DecodableSize(const std::string& strFile, std::uint32_t nColumns, std::uint32_t nRows) {
     const bool bSides = nColumns >= 1 && nRows >= 1 && nColumns <= kMaxSide && nRows <= kMaxSide;
-    if (!bSides || std::size_t{nColumns} * nRows > nMaxDecodedPixels)
+    if (!bSides || std::size_t{nColumns} * nRows > kMaxDecodedPixels)
         throw ToolError(strFile,
                         "its header says " + Times(nColumns, nRows) + ", allowed are sides of 1 to " +
                             std::to_string(kMaxSide) + " px and at most " +
-                            std::to_string(nMaxDecodedPixels) + " px in all",
+                            std::to_string(kMaxDecodedPixels) + " px in all",
                         "Record the picture again in its proper size");
     return {static_cast<int>(nColumns), static_cast<int>(nRows)};
 }

@@ -16,14 +16,19 @@ struct PictureSize {
 constexpr int kMaxSide = 65535;
 constexpr std::size_t kMaxPixels = 2147483647;
 
+// Of a compressed picture, where a small file may claim one that fills the memory: far beyond any camera's.
+constexpr std::size_t kMaxDecodedPixels = 400'000'000;
+
+// Of a size that is given by hand: more than any module's sensor has.
+constexpr std::size_t kMaxGivenPixels = 100'000'000;
+
 // "1728 x 972 px"
 std::string SizeText(PictureSize t);
 
 // Bytes of the 8-bit plane. Both sides must lie in [1, kMaxSide].
 std::size_t PixelsOf(PictureSize t);
 
-// The size in a compressed picture's header, unless it is beyond any camera's: a small file of that kind may
-// claim, and even hold, a picture that fills the memory. Throws ToolError.
+// The size in a compressed picture's header, unless it is beyond the limits. Throws ToolError.
 PictureSize DecodableSize(const std::string& strFile, std::uint32_t nColumns, std::uint32_t nRows);
 
 } // namespace tools

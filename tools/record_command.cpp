@@ -2,6 +2,8 @@
 
 #include "calibration.h"
 #include "console.h"
+#include "man_page.h"
+#include "option_checks.h"
 #include "record_output.h"
 
 #include <memory>
@@ -22,16 +24,16 @@ ExitCode Show(const Options& t) {
 }
 
 constexpr char szDescription[] =
-    "decrypts an autofocus record file and shows its fields\n"
+    "Decrypts an autofocus record file and shows its fields.\n"
     "A measurement leaves the record, encrypted for its module. The library's reader decrypts it with a key "
-    "that "
-    "it makes from the module's calibration memory, checks its checksum, and compares its focus lines with "
-    "the "
-    "calibration's. If it refuses the record, the answer tells which check did and what to try.";
+    "that it makes from the module's calibration memory, checks its checksum, and compares its focus lines "
+    "with the calibration's. If it refuses the record, the answer tells which check did and what to try.";
 
-constexpr char szExamples[] = "EXAMPLES\n"
-                              "  orvex-align record AFProtect.txt --calibration calibration.bin\n"
-                              "  orvex-align record AFProtect.txt --calibration calibration.bin --json\n\n";
+std::string Footer() {
+    return ExamplesHelp({"orvex-align record AFProtect.txt --calibration calibration.bin",
+                         "orvex-align record AFProtect.txt --calibration calibration.bin --json"}) +
+           ExitCodesHelp(kRecordExits);
+}
 
 } // namespace
 
@@ -42,14 +44,16 @@ void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("FILE", pOptions->strFile,
                     "The record file: AFProtect.txt of a phone, or measure --record's")
         ->required()
+        ->check(FileName())
         ->type_name("");
     tCommand
         .add_option("--calibration", pOptions->strCalibration,
-                    "The module's calibration memory, at least 2915 bytes; the key is made from it")
+                    CalibrationHelp() + "; the key is made from it")
         ->required()
+        ->check(FileName())
         ->type_name("FILE");
     tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
-    tCommand.footer(szExamples + ExitCodesHelp(kRecordExits));
+    tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
 }
 

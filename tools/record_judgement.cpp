@@ -70,7 +70,7 @@ RecordJudgement OtherModule(const _AFPROTECT& t) {
 } // namespace
 
 unsigned int SumOf(const _AFPROTECT& t) {
-    const RecordBytes aub = std::bit_cast<RecordBytes>(t);
+    const auto aub = std::bit_cast<RecordBytes>(t);
     return std::accumulate(aub.begin() + offsetof(_AFPROTECT, swShiftX),
                            aub.begin() + offsetof(_AFPROTECT, ubCheckSum), 0u) %
            256;

@@ -7,11 +7,14 @@
 
 namespace tools {
 
-constexpr std::array<ExitMeaning, 4> kRecordExits = {{
+constexpr std::array<ExitMeaning, 7> kRecordExits = {{
     {kAccepted, "accepted"},
     {kRefused, "refused by the reader"},
     {kUnfitFile, "a file could not be read, or does not fit"},
     {kWrongUsage, "wrong usage"},
+    kHungUp,
+    kInterrupted,
+    kTerminated,
 }};
 
 struct RecordReport {

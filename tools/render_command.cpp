@@ -3,6 +3,7 @@
 #include "chart/blur.h"
 #include "console.h"
 #include "files.h"
+#include "man_page.h"
 #include "option_checks.h"
 #include "render_study.h"
 #include "rendered_pair.h"
@@ -34,6 +35,7 @@ struct Options {
     std::size_t nCount = 0;                  // of a study; 0 for a single pair
     std::size_t nRepeats = 1;
     double dRange = 1.5, dMasterRange = 0;
+    bool bResume = false;
 };
 
 // dRange: how far a study's angles are drawn away.
@@ -88,11 +90,14 @@ void RenderOne(const Options& t) {
 
 ExitCode RenderMany(const Options& t) {
     const Study tStudy = {t.strFolder, SetupOf(t), t.tCapture.nSeed, t.nCount,
-                          t.nRepeats,  t.dRange,   t.dMasterRange};
+                          t.nRepeats,  t.dRange,   t.dMasterRange,   t.bResume};
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
-        std::fputs("orvex-align: stopped; the pairs up to here are whole, the list is not written.\n"
-                   "  Render again for the list.\n",
+        std::fputs(("orvex-align: stopped after " + std::to_string(tOutcome.nPairs) + " of " +
+                    std::to_string(t.nCount * t.nRepeats) +
+                    " pairs; these are whole, the list is not written.\n"
+                    "  Go on with the same command and --resume.\n")
+                       .c_str(),
                    stderr);
         return static_cast<ExitCode>(kSignal + tOutcome.nSignal);
     }
@@ -110,34 +115,35 @@ ExitCode Run(const Options& t) {
     return kDone;
 }
 
+// strWhat: what the number is; its unit and its range follow.
 void AddNumber(CLI::App& tCommand, const char* szName, double& d, double dLowest, double dHighest,
-               const char* szUnit, const char* szWhat) {
-    tCommand.add_option(szName, d, szWhat)
+               const char* szType, const std::string& strWhat, const char* szUnit) {
+    tCommand.add_option(szName, d, strWhat + ", " + Fixed(dLowest, 0) + " to " + Fixed(dHighest, 0) + szUnit)
         ->check(Within(dLowest, dHighest))
-        ->type_name(szUnit)
+        ->type_name(szType)
         ->capture_default_str();
 }
 
 void AddPose(CLI::App& tCommand, Options& t) {
     const auto Add = [&](const char* szName, double& d, const char* szWhat) {
-        AddNumber(tCommand, szName, d, -dMaxAngle, dMaxAngle, "DEG", szWhat);
+        AddNumber(tCommand, szName, d, -dMaxAngle, dMaxAngle, "DEG", szWhat, " degrees");
     };
-    Add("--rx", t.tRelative.dRx, "Slave's rotation against the master about x, -45 to 45 degrees");
+    Add("--rx", t.tRelative.dRx, "Slave's rotation against the master about x");
     Add("--ry", t.tRelative.dRy, "Likewise about y");
     Add("--rz", t.tRelative.dRz, "Likewise about z, the optical axis");
-    Add("--master-rx", t.tMaster.dRx, "Master's rotation against the chart about x, -45 to 45 degrees");
+    Add("--master-rx", t.tMaster.dRx, "Master's rotation against the chart about x");
     Add("--master-ry", t.tMaster.dRy, "Likewise about y");
     Add("--master-rz", t.tMaster.dRz, "Likewise about z");
 }
 
 void AddCapture(CLI::App& tCommand, chart::Capture& t) {
-    AddNumber(tCommand, "--blur", t.dBlurSigma, 0, chart::kMaxBlurSigma, "PX",
-              "Blur, standard deviation in px, 0 to 50");
-    AddNumber(tCommand, "--noise", t.dNoiseSigma, 0, 255, "GREY",
-              "Noise, standard deviation in grey levels, 0 to 255");
+    AddNumber(tCommand, "--blur", t.dBlurSigma, 0, chart::kMaxBlurSigma, "PX", "Blur, standard deviation",
+              " px");
+    AddNumber(tCommand, "--noise", t.dNoiseSigma, 0, 255, "GREY", "Noise, standard deviation",
+              " grey levels");
     AddNumber(tCommand, "--vignetting", t.dVignetting, 0, 1, "SHARE",
-              "Light lost at the picture's corners, 0 to 1");
-    AddNumber(tCommand, "--gain", t.dGain, 0, 1000, "FACTOR", "Factor on the grey levels, 0 to 1000");
+              "Share of the light lost at the picture's corners", "");
+    AddNumber(tCommand, "--gain", t.dGain, 0, 1000, "FACTOR", "Factor on the grey levels", "");
     tCommand.add_option("--seed", t.nSeed, "Seed of noise and calibration image, a whole number from 0")
         ->check(WholeNumber())
         ->type_name("N")
@@ -161,38 +167,41 @@ void AddStudy(CLI::App& tCommand, Options& t) {
         ->capture_default_str()
         ->needs(pCount);
     const auto AddRange = [&](const char* szName, double& d, const char* szWhat) {
-        tCommand.add_option(szName, d, szWhat)
-            ->check(Within(0, dMaxAngle))
-            ->type_name("DEG")
-            ->capture_default_str()
-            ->needs(pCount);
+        AddNumber(tCommand, szName, d, 0, dMaxAngle, "DEG", szWhat, " degrees");
+        tCommand.get_option(szName)->needs(pCount);
     };
-    AddRange("--range", t.dRange,
-             "How far each module's angles are drawn to both sides of --rx, --ry, --rz, 0 to 45 degrees");
+    tCommand
+        .add_flag("--resume", t.bResume,
+                  "Keep the first pairs that an interrupted study of the same options left whole")
+        ->needs(pCount);
+    AddRange("--range", t.dRange, "How far each module's angles are drawn to both sides of --rx, --ry, --rz");
     AddRange("--master-range", t.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
 }
 
 constexpr char szDescription[] =
     "Renders a pair of chart pictures with known rotation, or a study of many.\n"
     "A pair is four files in the folder --out: master.pgm, slave.pgm, truth.json and calibration.bin. The "
-    "same "
-    "options give the same bytes on every machine.\n"
+    "same options give the same bytes on every machine.\n"
     "With --count it is a study: a folder for each pair, 0001 and so on (0001-0001 with --repeats), with "
     "angles drawn uniformly, and last LIST.csv, ready for batch, with the columns id, master, slave, "
     "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. Angles, noise and calibration "
     "image of each module follow from --seed. A progress bar shows on a terminal.";
 
-constexpr char szExample[] = "EXAMPLES\n"
-                             "    orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2\n"
-                             "    orvex-align render --out study --count 200 --range 1.5 --noise 2\n"
-                             "    orvex-align render --out gauge --count 10 --repeats 5 --noise 2\n\n";
-
-constexpr std::array<ExitMeaning, 4> aExits = {{
+constexpr std::array<ExitMeaning, 6> aExits = {{
     {kDone, "all files written"},
     {kUnfitFile, "a file could not be written"},
     {kWrongUsage, "wrong usage"},
-    {kSignal + 2, "a study stopped by Ctrl-C (SIGINT); 143 by SIGTERM"},
+    {kSignal + 1, "stopped by the terminal's end (SIGHUP); a study goes on with --resume"},
+    {kSignal + 2, "stopped by Ctrl-C (SIGINT), likewise"},
+    {kSignal + 15, "stopped by SIGTERM, likewise"},
 }};
+
+std::string Footer() {
+    return ExamplesHelp({"orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2",
+                         "orvex-align render --out study --count 200 --range 1.5 --noise 2",
+                         "orvex-align render --out gauge --count 10 --repeats 5 --noise 2"}) +
+           ExitCodesHelp(aExits);
+}
 
 } // namespace
 
@@ -203,16 +212,18 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("--out", pOptions->strFolder,
                     "Folder for the pair's files or the study; created if missing")
         ->required()
+        ->check(FileName())
         ->type_name("DIR");
     AddPose(tCommand, *pOptions);
     tCommand
         .add_option("--size", pOptions->strSize,
-                    "Size of both pictures in px, same field of view; to be measured at least 1440x810")
+                    "Size of both pictures in px, with the same field of view; the chart can be measured "
+                    "from 1440x810")
         ->type_name("WxH")
         ->capture_default_str();
     AddCapture(tCommand, pOptions->tCapture);
     AddStudy(tCommand, *pOptions);
-    tCommand.footer(szExample + ExitCodesHelp(aExits));
+    tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
 }
 

@@ -50,7 +50,9 @@ std::string Padded(std::size_t n, std::size_t nLargest) {
     return std::string(nWidth - str.size(), '0') + str;
 }
 
-StudyPair PairOf(const Study& t, std::size_t nModule, std::size_t nRepeat) {
+// In the list's order.
+StudyPair PairOf(const Study& t, std::size_t nPair) {
+    const std::size_t nModule = nPair / t.nRepeats, nRepeat = nPair % t.nRepeats;
     const std::uint64_t nSeed = ShortSeed(t.nSeed, nModuleStream, nModule);
     const std::string strId = Padded(nModule + 1, t.nCount);
     StudyPair tPair = {strId, t.nRepeats == 1 ? strId : strId + "-" + Padded(nRepeat + 1, t.nRepeats), nSeed,
@@ -75,26 +77,49 @@ std::string LineOf(const StudyPair& t) {
                     Json(tTrue.dRy).dump(), Json(tTrue.dRz).dump()});
 }
 
+PairFiles FilesOf(const Study& t, const StudyPair& tPair) {
+    return PairFiles(std::filesystem::path(t.strFolder) / tPair.strFolder);
+}
+
+std::size_t CountOf(const Study& t) {
+    return t.nCount * t.nRepeats;
+}
+
+// Pairs from the first on that an earlier run left whole.
+std::size_t PairsThere(const Study& t) {
+    std::size_t n = 0;
+    for (; n < CountOf(t); ++n) {
+        const StudyPair tPair = PairOf(t, n);
+        if (!IsWritten(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed))
+            break;
+    }
+    return n;
+}
+
+void WriteList(const Study& t, const std::string& strFile) {
+    std::string strList = Head();
+    for (std::size_t i = 0; i < CountOf(t); ++i)
+        strList += LineOf(PairOf(t, i));
+    WriteFiles({{strFile, strList}});
+}
+
 } // namespace
 
 StudyOutcome WriteStudy(const Study& t) {
-    const std::filesystem::path tFolder(t.strFolder);
-    const std::size_t nPairs = t.nCount * t.nRepeats;
     const StopSignals tStop;
-    Progress tProgress(0, nPairs);
-    std::string strList = Head();
-    for (std::size_t i = 0; i < nPairs; ++i) {
+    const std::size_t nThere = t.bResume ? PairsThere(t) : 0;
+    Progress tProgress(nThere, CountOf(t));
+    for (std::size_t i = nThere; i < CountOf(t); ++i) {
         if (const int nSignal = tStop.Take())
-            return {"", nSignal};
-        const StudyPair tPair = PairOf(t, i / t.nRepeats, i % t.nRepeats);
-        CreateFolder(tFolder / tPair.strFolder);
-        WritePair(tPair.tSetup, PairFiles(tFolder / tPair.strFolder), tPair.nCalibrationSeed);
-        strList += LineOf(tPair);
+            return {"", nSignal, i};
+        const StudyPair tPair = PairOf(t, i);
+        CreateFolder(std::filesystem::path(t.strFolder) / tPair.strFolder);
+        WritePair(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed);
         tProgress.Step();
     }
-    const std::string strFile = tFolder / "LIST.csv";
-    WriteFiles({{strFile, strList}});
-    return {strFile, 0};
+    const std::string strFile = std::filesystem::path(t.strFolder) / "LIST.csv";
+    WriteList(t, strFile);
+    return {strFile, 0, CountOf(t)};
 }
 
 } // namespace tools

@@ -15,11 +15,13 @@ struct Study {
     std::size_t nCount;          // modules, each with angles of its own
     std::size_t nRepeats;        // pairs of one module, each with noise of its own
     double dRange, dMasterRange; // degrees to both sides
+    bool bResume;                // keep the pairs that are there, rendered alike
 };
 
 struct StudyOutcome {
     std::string strList; // file, ready for batch
     int nSignal;         // that stopped it, or 0
+    std::size_t nPairs;  // there
 };
 
 // Writes each pair into a folder of its own and, when all are there, the list with their true angles. Throws

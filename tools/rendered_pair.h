@@ -19,6 +19,9 @@ struct PairFiles {
 // Renders the pair and writes its four files, all or none. Throws ToolError.
 void WritePair(const chart::PairSetup& tSetup, const PairFiles& tFiles, std::uint64_t nCalibrationSeed);
 
+// Whether these four files are there whole: truth and calibration byte by byte, the pictures by their sizes.
+bool IsWritten(const chart::PairSetup& tSetup, const PairFiles& tFiles, std::uint64_t nCalibrationSeed);
+
 } // namespace tools
 
 #endif

@@ -22,6 +22,7 @@ struct Report {
     Measurement tMeasurement;
     Verdict tVerdict;
     std::optional<Truth> oTruth;
+    StageViews tViews;
     CameraTrust tMasterTrust, tSlaveTrust;
 };
 

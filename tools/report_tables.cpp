@@ -1,12 +1,18 @@
 #include "report_tables.h"
 
+#include "picture_size.h"
+
 namespace tools {
 namespace {
 
 using Cells = std::vector<std::string>;
 
+std::string SizeOf(const PictureNote& t) {
+    return SizeText({t.nColumns, t.nRows});
+}
+
 std::string WithSize(const PictureNote& t) {
-    return t.strFile + ", " + std::to_string(t.nColumns) + " x " + std::to_string(t.nRows) + " px";
+    return t.strFile + ", " + SizeOf(t);
 }
 
 Cells AngleRow(const char* szName, const std::optional<Angles>& oAngles, double dLimit) {
@@ -50,6 +56,11 @@ std::vector<std::string> WarningsOf(const Report& t) {
     std::vector<std::string> a = WarningsOf(Camera::kMaster, t.tMasterTrust);
     for (std::string& str : WarningsOf(Camera::kSlave, t.tSlaveTrust))
         a.push_back(std::move(str));
+    if (t.tMaster.nColumns != t.tSlave.nColumns || t.tMaster.nRows != t.tSlave.nRows)
+        a.push_back(
+            "the pictures differ in size: master " + SizeOf(t.tMaster) + ", slave " + SizeOf(t.tSlave) +
+            ". The angles allow for it; the record's shift mixes pixels of both. Check that each picture "
+            "is as its camera took it.");
     return a;
 }
 
@@ -76,7 +87,7 @@ std::vector<ReportTable> TablesOf(const Report& t) {
     const Measurement& m = t.tMeasurement;
     const std::string strRest = m.oRaw ? "" : ", as far as the measurement came";
     std::vector<ReportTable> a = {Rotation(m),
-                                  SideBySide("Trust: the tool's own reading of each frame" + strRest,
+                                  SideBySide("Trust: the tool's own reading of each picture" + strRest,
                                              QuantitiesOf(t.tMasterTrust), QuantitiesOf(t.tSlaveTrust))};
     if (t.oTruth)
         a.push_back(AgainstTruth(m, *t.oTruth));

@@ -1,20 +1,16 @@
 #include "result_sink.h"
 
 #include "console.h"
+#include "files.h"
 #include "tool_error.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 namespace tools {
 namespace {
-
-ToolError NotWritten(const std::string& strFile, const std::string& strToDo) {
-    return {strFile, std::string("cannot be written (") + std::strerror(errno) + ")", strToDo};
-}
 
 constexpr char szChoose[] = "Name a file in a folder that you may write to";
 

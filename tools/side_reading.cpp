@@ -10,13 +10,16 @@ namespace {
 // Camera noise stays well below this step, print well above it.
 constexpr double dLeastStep = 10.0;
 
-// Lines across the side, one every so many px along it.
-constexpr double dStep = 4.0;
-
 // A line reaches so far to each side, so that it is paper for the most part: the frame's line takes 2 % of a
 // short side.
 constexpr double dReachShare = 0.05;
 constexpr double dLeastReach = 8.0;
+
+// From and to, px along or beside a side.
+struct Span {
+    double dFirst;
+    double dLast;
+};
 
 // Grey values on a line across the side, one px apart; those outside the picture are left out.
 struct Profile {
@@ -41,9 +44,9 @@ bool Holds(const Picture& t, double x, double y) {
     return x >= 0 && y >= 0 && x <= t.nColumns - 1 && y <= t.nRows - 1;
 }
 
-Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, double dReach) {
+Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, Span tAcross) {
     Profile tProfile = {};
-    for (double d = -dReach; d <= dReach; d += 1.0) {
+    for (double d = tAcross.dFirst; d <= tAcross.dLast; d += 1.0) {
         const double x = tMiddle.dX + d * tNormal.dX, y = tMiddle.dY + d * tNormal.dY;
         if (!Holds(t, x, y))
             continue;
@@ -83,27 +86,111 @@ double InnerLevel(std::span<const double> adGrey, double dCentre, double dWidth,
     return nCount != 0 ? dSum / nCount : dDarkest;
 }
 
-SideReading Summary(int nLines, const std::vector<DarkRun>& aRuns) {
-    SideReading t = {nLines, static_cast<int>(aRuns.size()), {}, {}, {}, {}};
+// A run's centre: px along the side and beside it.
+struct Place {
+    double dAlong;
+    double dBeside;
+};
+
+// beside = offset + slope x along
+struct FittedLine {
+    double dOffset;
+    double dSlope;
+    double At(double dAlong) const { return dOffset + dSlope * dAlong; }
+};
+
+// By least squares of the distances beside. The places differ along the side.
+FittedLine FitLine(const std::vector<Place>& a) {
+    const auto dCount = static_cast<double>(a.size());
+    Place tMean = {};
+    for (const Place& t : a) {
+        tMean.dAlong += t.dAlong / dCount;
+        tMean.dBeside += t.dBeside / dCount;
+    }
+    double dProducts = 0, dSquares = 0;
+    for (const Place& t : a) {
+        dProducts += (t.dAlong - tMean.dAlong) * (t.dBeside - tMean.dBeside);
+        dSquares += (t.dAlong - tMean.dAlong) * (t.dAlong - tMean.dAlong);
+    }
+    const double dSlope = dProducts / dSquares;
+    return {tMean.dBeside - dSlope * tMean.dAlong, dSlope};
+}
+
+double ResidualOf(const std::vector<Place>& a, const FittedLine& tLine) {
+    double dSquares = 0;
+    for (const Place& t : a)
+        dSquares += std::pow(t.dBeside - tLine.At(t.dAlong), 2);
+    return std::sqrt(dSquares / static_cast<double>(a.size()));
+}
+
+// The way between two points.
+struct Way {
+    Point tFrom;
+    double dLength;
+    Point tAlong, tNormal; // unit vectors
+
+    Way(Point tStart, Point tEnd)
+        : tFrom(tStart), dLength(Distance(tStart, tEnd)),
+          tAlong{(tEnd.dX - tStart.dX) / dLength, (tEnd.dY - tStart.dY) / dLength}, tNormal{-tAlong.dY,
+                                                                                            tAlong.dX} {}
+
+    Point At(double dAlong, double dBeside) const {
+        return {tFrom.dX + dAlong * tAlong.dX + dBeside * tNormal.dX,
+                tFrom.dY + dAlong * tAlong.dY + dBeside * tNormal.dY};
+    }
+};
+
+void AddLine(SideReading& t, const Way& tWay, const std::vector<Place>& aPlaces) {
+    if (aPlaces.size() < 3)
+        return;
+    const FittedLine tLine = FitLine(aPlaces);
+    t.oResidual = ResidualOf(aPlaces, tLine);
+    t.oEnds = {tWay.At(0, tLine.At(0)), tWay.At(tWay.dLength, tLine.At(tWay.dLength))};
+}
+
+void AddLevels(SideReading& t, const std::vector<DarkRun>& aRuns) {
     if (aRuns.empty())
-        return t;
+        return;
     const auto MedianOf = [&](double DarkRun::*pMember) {
         std::vector<double> ad;
+        ad.reserve(aRuns.size());
         for (const DarkRun& tRun : aRuns)
             ad.push_back(tRun.*pMember);
         return Median(ad);
     };
-    double dSquares = 0;
-    for (const DarkRun& tRun : aRuns)
-        dSquares += tRun.dCentre * tRun.dCentre;
-    t.oResidual = std::sqrt(dSquares / static_cast<double>(aRuns.size()));
     t.oDark = MedianOf(&DarkRun::dDark);
     t.oBright = MedianOf(&DarkRun::dBright);
     t.oWidth = MedianOf(&DarkRun::dWidth);
+}
+
+// On lines across the way.
+SideReading ReadLines(const Picture& tPicture, const Way& tWay, Span tAlong, Span tAcross) {
+    SideReading t;
+    std::vector<DarkRun> aRuns;
+    std::vector<Place> aPlaces;
+    for (double d = tAlong.dFirst; d <= tAlong.dLast; d += kLineStep, ++t.nLines) {
+        const Profile tProfile = ProfileAcross(tPicture, tWay.At(d, 0), tWay.tNormal, tAcross);
+        if (const std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
+            aRuns.push_back(*oRun);
+            aPlaces.push_back({d, tProfile.dFirst + oRun->dCentre});
+        }
+    }
+    t.nRead = static_cast<int>(aRuns.size());
+    AddLevels(t, aRuns);
+    AddLine(t, tWay, aPlaces);
     return t;
 }
 
+// No way in the picture is longer than its sides together; false for a NaN.
+bool IsWayIn(const Picture& tPicture, double dLength) {
+    return dLength > 0 && dLength <= 1.0 * tPicture.nColumns + tPicture.nRows;
+}
+
 } // namespace
+
+double Distance(Point a, Point b) {
+    return std::hypot(a.dX - b.dX, a.dY - b.dY);
+}
 
 std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
     if (adGrey.empty())
@@ -124,24 +211,19 @@ std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
 }
 
 SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo) {
-    const double dLength = std::hypot(tTo.dX - tFrom.dX, tTo.dY - tFrom.dY);
-    const double dReach = std::max(dLeastReach, std::floor(dLength * dReachShare));
-    // A side longer than the picture's sides together is none; negated, because a corner may be NaN.
-    if (!(dLength > 2 * dReach && dLength <= 1.0 * tPicture.nColumns + tPicture.nRows))
+    const Way tWay(tFrom, tTo);
+    const double dReach = std::max(dLeastReach, std::floor(tWay.dLength * dReachShare));
+    if (!IsWayIn(tPicture, tWay.dLength) || tWay.dLength <= 2 * dReach)
         return {};
-    const Point tAlong = {(tTo.dX - tFrom.dX) / dLength, (tTo.dY - tFrom.dY) / dLength};
-    int nLines = 0;
-    std::vector<DarkRun> aRuns;
     // Next to a corner the other side's line would be read too.
-    for (double d = dReach; d <= dLength - dReach; d += dStep, ++nLines) {
-        const Point tMiddle = {tFrom.dX + d * tAlong.dX, tFrom.dY + d * tAlong.dY};
-        const Profile tProfile = ProfileAcross(tPicture, tMiddle, {-tAlong.dY, tAlong.dX}, dReach);
-        if (std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
-            oRun->dCentre += tProfile.dFirst;
-            aRuns.push_back(*oRun);
-        }
-    }
-    return Summary(nLines, aRuns);
+    return ReadLines(tPicture, tWay, {dReach, tWay.dLength - dReach}, {-dReach, dReach});
+}
+
+SideReading SearchSide(const Picture& tPicture, Point tFrom, Point tTo, double dReach) {
+    const Way tWay(tFrom, tTo);
+    if (!IsWayIn(tPicture, tWay.dLength) || !IsWayIn(tPicture, dReach))
+        return {};
+    return ReadLines(tPicture, tWay, {0, tWay.dLength}, {0, dReach});
 }
 
 } // namespace tools

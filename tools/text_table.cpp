@@ -14,6 +14,13 @@ std::string Fixed(double d, int nDecimals) {
     return t.str();
 }
 
+std::string Listed(const std::vector<std::string>& a) {
+    std::string strList;
+    for (const std::string& str : a)
+        strList += (strList.empty() ? "" : ", ") + str;
+    return strList;
+}
+
 std::string Wrapped(const std::string& str, std::size_t nIndent) {
     constexpr std::size_t nColumns = 100;
     std::string strLines = str, strBreak(nIndent + 1, ' ');

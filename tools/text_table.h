@@ -9,6 +9,9 @@ namespace tools {
 // With a fixed number of decimals; a value that rounds to zero has no sign.
 std::string Fixed(double d, int nDecimals);
 
+// "left, top"
+std::string Listed(const std::vector<std::string>& a);
+
 // Breaks a text that starts in column nIndent into lines that do so, too, and end before column 100.
 std::string Wrapped(const std::string& str, std::size_t nIndent);
 

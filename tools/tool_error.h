@@ -10,7 +10,8 @@ namespace tools {
 class ToolError : public std::runtime_error {
 public:
     ToolError(const std::string& strFile, const std::string& strWhat, const std::string& strToDo)
-        : std::runtime_error(strFile + ": " + strWhat + ".\n  " + strToDo + ".") {}
+        : std::runtime_error((strFile.empty() ? "a file without a name" : strFile) + ": " + strWhat +
+                             ".\n  " + strToDo + ".") {}
 };
 
 } // namespace tools

@@ -1,144 +1,121 @@
 #include "trust.h"
 
-#include "text_table.h"
+#include "trust_limits.h"
 
 #include <algorithm>
 
 namespace tools {
 namespace {
 
-// px RMS. A corner off by this much turns a tilt by 0.07 degrees; a sharp, flat chart stays below a tenth of
-// it.
-constexpr double dLargeResidual = 0.5;
+using Ends = std::array<Point, 2>;
 
-// Grey levels from dark to bright. Below, usual noise of 2 levels moves an edge that is 3 px wide by more
-// than 0.1 px.
-constexpr double dLowContrast = 40.0;
+Ends EndsOf(const SideName& n, const std::array<Point, 4>& aCorners) {
+    return {aCorners[n.nFrom], aCorners[n.nTo]};
+}
 
-// px. The frame's levels are taken from 40 px around it; nearer than half of that to the border, most of the
-// bright paper is missing, and the next module's frame may be cut off.
-constexpr double dNearBorder = 20.0;
+// In the order of the slots.
+std::array<Point, 4> CornersOf(const Rectangle& t) {
+    return {{{t.dLeft, t.dTop}, {t.dLeft, t.dBottom}, {t.dRight, t.dTop}, {t.dRight, t.dBottom}}};
+}
 
-// Share of lines across a side that show the frame: one in ten missing is more than dust.
-constexpr double dLeastReadShare = 0.9;
+// Where a side's line must lie, as far as that is known.
+std::optional<Ends> KnownEnds(const SideName& n, const CameraMeasurement& tMeasured, const StageView& tView) {
+    std::array<std::optional<Point>, 4> aoCorners = tMeasured.aoCorners;
+    for (std::size_t i = 0; i < aoCorners.size(); ++i)
+        if (!aoCorners[i] && tView.oFrameEdge)
+            aoCorners[i] = CornersOf(*tView.oFrameEdge)[i];
+    if (!aoCorners[n.nFrom] || !aoCorners[n.nTo])
+        return std::nullopt;
+    return Ends{*aoCorners[n.nFrom], *aoCorners[n.nTo]};
+}
 
-// The frame's outer edge lies half a line beyond the corners.
-std::optional<double> BorderDistance(const Picture& tPicture, const CameraMeasurement& tMeasured,
-                                     const CameraTrust& tTrust) {
-    double dHalfLine = 0;
-    for (const std::optional<SideReading>& o : tTrust.aoSides)
+// From a point to the picture's border beyond a side, px. Left, top, right, bottom.
+double BorderBeyond(std::size_t nSide, const Picture& tPicture, Point t) {
+    return std::array{t.dX + 0.5, t.dY + 0.5, tPicture.nColumns - 0.5 - t.dX,
+                      tPicture.nRows - 0.5 - t.dY}[nSide];
+}
+
+// From where the stages began to search for it to the border.
+SideReading SearchedSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart) {
+    const auto [tFrom, tTo] = EndsOf(kSides[nSide], CornersOf(tStart));
+    const double dReach = BorderBeyond(nSide, tPicture, tFrom);
+    const bool bOutwardIsRight = nSide == 0 || nSide == 3;
+    return bOutwardIsRight ? SearchSide(tPicture, tFrom, tTo, dReach)
+                           : SearchSide(tPicture, tTo, tFrom, dReach);
+}
+
+bool WereMeasured(const SideName& n, const CameraMeasurement& t) {
+    return t.aoCorners[n.nFrom] && t.aoCorners[n.nTo];
+}
+
+void AddBorder(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, CameraTrust& t) {
+    for (const Point& tEnd : tEnds) {
+        const double d = BorderBeyond(nSide, tPicture, tEnd);
+        t.oBorderDistance = std::min(d, t.oBorderDistance.value_or(d));
+    }
+}
+
+// Other things than the frame may be met on the way to the border; they do not stand in a straight line.
+void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart, CameraTrust& t) {
+    const SideReading& tReading = t.aoSides[nSide].emplace(SearchedSide(nSide, tPicture, tStart));
+    if (tReading.oEnds && *tReading.oResidual < kLargeResidual)
+        AddBorder(nSide, tPicture, *tReading.oEnds, t);
+}
+
+void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured, CameraTrust& t) {
+    const SideReading& tReading = t.aoSides[nSide].emplace(ReadSide(tPicture, tEnds[0], tEnds[1]));
+    if (tReading.oEnds && bMeasured)
+        t.aoCornerDistances[nSide] =
+            std::max(Distance(tEnds[0], (*tReading.oEnds)[0]), Distance(tEnds[1], (*tReading.oEnds)[1]));
+    AddBorder(nSide, tPicture, tReading.oEnds.value_or(tEnds), t);
+}
+
+void AddSide(std::size_t nSide, const Picture& tPicture, const CameraMeasurement& tMeasured,
+             const StageView& tView, CameraTrust& t) {
+    if (const std::optional<Ends> oEnds = KnownEnds(kSides[nSide], tMeasured, tView))
+        ReadSide(nSide, tPicture, *oEnds, WereMeasured(kSides[nSide], tMeasured), t);
+    else if (tView.oFrameStart)
+        SearchSide(nSide, tPicture, *tView.oFrameStart, t);
+}
+
+// The frame's outer edge lies half a line beyond its sides' middle lines.
+double HalfLine(const CameraTrust& t) {
+    double dHalf = 0;
+    for (const std::optional<SideReading>& o : t.aoSides)
         if (o && o->oWidth)
-            dHalfLine = std::max(dHalfLine, *o->oWidth / 2);
-    std::optional<double> oLeast;
-    for (const std::optional<Point>& o : tMeasured.aoCorners)
-        if (o) {
-            const double d = std::min({o->dX + 0.5, tPicture.nColumns - 0.5 - o->dX, o->dY + 0.5,
-                                       tPicture.nRows - 0.5 - o->dY}) -
-                             dHalfLine;
-            oLeast = std::min(d, oLeast.value_or(d));
-        }
-    return oLeast;
+            dHalf = std::max(dHalf, *o->oWidth / 2);
+    return dHalf;
 }
 
-Quantity OfSide(const std::string& strKind, const char* szUnitInKey, const SideName& tSide,
-                const char* szWords, const char* szUnit, int nDecimals, std::optional<double> oValue) {
-    return {"side_" + strKind + szUnitInKey + "/" + tSide.szKey,
-            std::string(tSide.szKey) + " side, " + szWords, szUnit, nDecimals, oValue};
+// A side that no line shows may be nearest to the border, or beyond it.
+bool IsSideUnseen(const CameraTrust& t) {
+    return std::ranges::any_of(t.aoSides, [](const auto& o) { return !o || o->nRead == 0; });
 }
 
-// One reason to warn of sides. Excess tells by how much a side is worse than allowed.
-struct SideCheck {
-    double (*Excess)(const SideReading&);
-    std::string (*Words)(const SideReading&);
-};
-
-constexpr std::array<SideCheck, 3> aSideChecks = {{
-    {[](const SideReading& t) { return dLeastReadShare * t.nLines - t.nRead; },
-     [](const SideReading& t) {
-         return "only " + std::to_string(t.nRead) + " of " + std::to_string(t.nLines) +
-                " lines across it show the frame. Remove what covers it, and check light and aim.";
-     }},
-    {[](const SideReading& t) { return t.oDark ? dLowContrast - (*t.oBright - *t.oDark) : 0; },
-     [](const SideReading& t) {
-         return "low contrast, dark " + Fixed(*t.oDark, 0) + " and bright " + Fixed(*t.oBright, 0) +
-                " differ by less than " + Fixed(dLowContrast, 0) + " grey levels. Check light and exposure.";
-     }},
-    {[](const SideReading& t) { return t.oResidual ? *t.oResidual - dLargeResidual : 0; },
-     [](const SideReading& t) {
-         return "large residual, " + Fixed(*t.oResidual, 3) + " px RMS from a straight line, more than " +
-                Fixed(dLargeResidual, 1) +
-                " px. Check that the chart is flat and sharp and that nothing touches its frame.";
-     }},
-}};
-
-// One warning for all sides that a check finds, with the worst one's numbers.
-void WarnOfSides(const std::string& strCamera, const CameraTrust& t, const SideCheck& tCheck,
-                 std::vector<std::string>& a) {
-    std::vector<std::string> aSides;
-    const SideReading* pWorst = nullptr;
-    for (std::size_t i = 0; i < kSides.size(); ++i)
-        if (t.aoSides[i] && tCheck.Excess(*t.aoSides[i]) > 0) {
-            aSides.push_back(kSides[i].szKey);
-            if (pWorst == nullptr || tCheck.Excess(*t.aoSides[i]) > tCheck.Excess(*pWorst))
-                pWorst = &*t.aoSides[i];
-        }
-    if (pWorst == nullptr)
+void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& t) {
+    if (!t.oBorderDistance)
         return;
-    std::string strSides;
-    for (const std::string& str : aSides)
-        strSides += ", " + str;
-    a.push_back(strCamera + strSides + (aSides.size() == 1 ? " side: " : " sides: at worst ") +
-                tCheck.Words(*pWorst));
+    *t.oBorderDistance -= HalfLine(t);
+    if (MissingCorner(tMeasured) != nullptr && IsSideUnseen(t) && *t.oBorderDistance >= kNearBorder)
+        t.oBorderDistance.reset();
 }
 
 } // namespace
 
-CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured) {
+CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured, const StageView& tView) {
     CameraTrust t;
-    for (std::size_t i = 0; i < kSides.size(); ++i) {
-        const std::optional<Point>&oFrom = tMeasured.aoCorners[kSides[i].nFrom],
-              &oTo = tMeasured.aoCorners[kSides[i].nTo];
-        if (oFrom && oTo)
-            t.aoSides[i] = ReadSide(tPicture, *oFrom, *oTo);
-    }
-    t.oBorderDistance = BorderDistance(tPicture, tMeasured, t);
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        AddSide(i, tPicture, tMeasured, tView, t);
+    FinishBorder(tMeasured, t);
     t.oCrossSpan = tMeasured.oBarSpan;
+    if (tView.oFirstWindow)
+        t.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);
+    t.oCrossThreshold = tView.oCrossThreshold;
     return t;
 }
 
-Quantities QuantitiesOf(const CameraTrust& t) {
-    const auto OfSides = [&](const char* szKind, const char* szUnitInKey, const char* szWords,
-                             const char* szUnit, int nDecimals, std::optional<double> SideReading::*pValue) {
-        Quantities a;
-        for (std::size_t i = 0; i < kSides.size(); ++i)
-            a.push_back(OfSide(szKind, szUnitInKey, kSides[i], szWords, szUnit, nDecimals,
-                               t.aoSides[i] ? (*t.aoSides[i]).*pValue : std::nullopt));
-        return a;
-    };
-    Quantities a;
-    for (const Quantities& aAdded :
-         {OfSides("residual", "_px", "residual (RMS)", "px", 3, &SideReading::oResidual),
-          OfSides("dark", "_grey", "dark level", "grey levels", 1, &SideReading::oDark),
-          OfSides("bright", "_grey", "bright level", "grey levels", 1, &SideReading::oBright)})
-        a.insert(a.end(), aAdded.begin(), aAdded.end());
-    a.push_back({"border_distance_px", "frame to picture's border", "px", 1, t.oBorderDistance});
-    a.push_back({"cross_span_px", "cross span", "px", 0, t.oCrossSpan});
-    return a;
-}
-
-std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t) {
-    std::vector<std::string> a;
-    const std::string strCamera = NameOf(tCamera) + std::string(" camera");
-    for (const SideCheck& tCheck : aSideChecks)
-        WarnOfSides(strCamera, t, tCheck, a);
-    if (t.oBorderDistance && *t.oBorderDistance < dNearBorder)
-        a.push_back(strCamera + ": the frame " +
-                    (*t.oBorderDistance <= 0
-                         ? "touches the picture's border"
-                         : "is only " + Fixed(*t.oBorderDistance, 1) +
-                               " px from the picture's border, less than " + Fixed(dNearBorder, 0) + " px") +
-                    ". Aim at the chart's middle or move it away.");
-    return a;
+std::optional<double> ReadShareOf(const SideReading& t) {
+    return t.nLines > 0 ? std::optional(100.0 * t.nRead / t.nLines) : std::nullopt;
 }
 
 } // namespace tools

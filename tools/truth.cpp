@@ -62,6 +62,9 @@ Json Parsed(const std::string& strFile) {
     } catch (const Json::parse_error& t) {
         throw ToolError(strFile, "is not JSON (broken at byte " + std::to_string(t.byte) + ")",
                         "Name the truth.json that orvex-align render wrote");
+    } catch (const Json::out_of_range&) {
+        throw ToolError(strFile, "holds a number that is too large",
+                        "Name the truth.json that orvex-align render wrote");
     }
 }
 
@@ -84,8 +87,9 @@ Truth ReadTruth(const std::string& strFile) {
     return tTruth;
 }
 
-Json TruthJson(const chart::PairSetup& tSetup, const chart::Pair& tPair) {
-    const chart::Truth &tMaster = tPair.tMaster.tTruth, &tSlave = tPair.tSlave.tTruth;
+Json TruthJson(const chart::PairSetup& tSetup) {
+    const chart::PairTruth tTruth = chart::TruthOf(tSetup);
+    const chart::Truth &tMaster = tTruth.tMaster, &tSlave = tTruth.tSlave;
     Json tJson = JsonOf(TrueQuantities(tSetup.tRelativePose, tMaster, tSlave));
     tJson["master"]["pose_deg"] = JsonOf(QuantitiesOf(AnglesOf(tMaster.tPose)));
     tJson["slave"]["pose_deg"] = JsonOf(QuantitiesOf(AnglesOf(tSlave.tPose)));

@@ -17,7 +17,7 @@ struct Truth {
 Truth ReadTruth(const std::string& strFile);
 
 // The truth of a rendered pair and everything that it was rendered with.
-Json TruthJson(const chart::PairSetup& tSetup, const chart::Pair& tPair);
+Json TruthJson(const chart::PairSetup& tSetup);
 
 // A number as measured, as it should be, and how far apart they are.
 struct Comparison {

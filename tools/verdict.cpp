@@ -14,11 +14,11 @@ bool LacksAnAngle(const Angles& t) {
 }
 
 std::string AnglesBeyondLimit(const Angles& tAngles) {
-    std::string str;
+    std::vector<std::string> a;
     for (const Quantity& t : QuantitiesOf(tAngles))
         if (std::fabs(*t.oValue) > kRescaledLimit)
-            str += (str.empty() ? "" : ", ") + t.strLabel + " " + Shown(t);
-    return str;
+            a.push_back(t.strLabel + " " + Shown(t));
+    return Listed(a);
 }
 
 Verdict NotMeasured(const StatusWords& tWords, const std::string& strPlace) {

@@ -15,8 +15,7 @@ void bubblesort(double* pValues, unsigned short* pIndex, int nCount) {
             nFirst = i + 1;
         if (i <= nFirst || pValues[i] <= pValues[i - 1])
             continue;
-        double* const pPlace =
-            std::upper_bound(pValues + nFirst, pValues + i, pValues[i], std::greater<>());
+        double* const pPlace = std::upper_bound(pValues + nFirst, pValues + i, pValues[i], std::greater<>());
         unsigned short* const pIndexPlace = pIndex + (pPlace - pValues);
         std::rotate(pPlace, pValues + i, pValues + i + 1);
         std::rotate(pIndexPlace, pIndex + i, pIndex + i + 1);

@@ -1,6 +1,7 @@
 #include "Orvex_Alignment_Stages.h"
 #include "support/get_align.h"
 #include "support/random.h"
+#include "support/repetitions.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -39,7 +40,7 @@ void Print(const char* szWhat, const Deviation& t) {
 } // namespace
 
 TEST(Accuracy, TwoHundredNoisyPairsComeOutAtTheirTruth) {
-    constexpr int nPairs = 200;
+    constexpr int nPairs = Repetitions(200);
     Random tRandom(20);
     const auto Angle = [&] { return tRandom.Real(-1.5, 1.5); };
     Deviation tRx, tRy, tRz, tCorners, tCentres;

@@ -1,6 +1,8 @@
 #include "Orvex_Alignment_Stages.h"
+#include "support/documented_status.h"
 #include "support/get_align.h"
 #include "support/random.h"
+#include "support/repetitions.h"
 
 #include <gtest/gtest.h>
 
@@ -42,11 +44,6 @@ Picture Any(Random& t, int nMostColumns, int nMostRows) {
     return t.Int(0, 2) ? Chart(t, nColumns, nRows) : Rectangles(t, nColumns, nRows);
 }
 
-bool IsDocumented(unsigned int n) {
-    return n == 0 || (n >= 0x1010004 && n <= 0x1010016) || (n >= 0x101001A && n <= 0x1010022) ||
-           n == 0x1020015;
-}
-
 } // namespace
 
 TEST(HostilePictures, EverySizeUpTo64) {
@@ -63,7 +60,7 @@ TEST(HostilePictures, EverySizeUpTo64) {
 TEST(HostilePictures, ThreeHundredRandomPairs) {
     Random t(2);
     testing::internal::CaptureStdout();
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < Repetitions(300); ++i) {
         const Picture tMaster = i % 3 ? Picture(UprightChart()) : Any(t, 2000, 1500);
         const unsigned int nStatus = Align(tMaster, Any(t, 2000, 1500)).nStatus;
         EXPECT_TRUE(IsDocumented(nStatus)) << std::hex << nStatus << " for pair " << std::dec << i;
@@ -81,7 +78,7 @@ TEST(HostilePictures, StagesSurviveHostileCentresRectanglesAndRatios) {
         return ad[t.Int(0, 7)];
     };
     DualCamAlign_LoadParameters_ForAndroid();
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < Repetitions(2000); ++i) {
         Picture tGrey = Rectangles(t, t.Int(1, 400), t.Int(1, 300)), tBinary = tGrey;
         for (unsigned char& ub : tBinary.aPixels)
             ub = ub < 128 ? 0 : 255;

@@ -25,11 +25,12 @@ std::string MessageOf(Stage eStage, bool bMaster, unsigned int nStatus) {
            "!! Line=" + std::to_string(anLine[eStage][bMaster]) + ".";
 }
 
-struct StatusCase {
-    unsigned int nStatus;
-    Stage eStage;
-    Plane tPicture;
-};
+Stage StageOf(unsigned int nStatus) {
+    return nStatus < ORVEX_FRAME_UPPER_LEFT   ? Cross
+           : nStatus < ORVEX_FRAME_THRESHOLD  ? Frame
+           : nStatus == ORVEX_FRAME_THRESHOLD ? FrameBinary
+                                              : Corners;
+}
 
 AlignResult AlignQuietly(const Picture& tMaster, const Picture& tSlave, std::string* pstrOutput) {
     testing::internal::CaptureStdout();
@@ -42,38 +43,14 @@ AlignResult AlignQuietly(const Picture& tMaster, const Picture& tSlave, std::str
 } // namespace
 
 TEST(Status, EachFailurePointHasItsOwnCodeAndMessageForBothCameras) {
-    const StatusCase at[] = {
-        {0x1010006, Cross, Paper()},
-        {0x1010008, Cross, NoRowBand()},
-        {0x1010009, Cross, CentreBesideColumns()},
-        {0x101000A, Cross, LeftEndAside()},
-        {0x101000B, Cross, RightEndAside()},
-        {0x101000E, Cross, RowBarOutside()},
-        {0x101000F, Cross, RowsDenseOnFirstPassOnly()},
-        {0x1010011, Cross, NoColumnBand()},
-        {0x1010012, Cross, CentreAboveRows()},
-        {0x1010013, Cross, UpperEndAside()},
-        {0x1010014, Cross, LowerEndAside()},
-        {0x1010016, Cross, ColumnBarOutside()},
-        {0x101001A, Frame, UprightChart().Fill(0, 0, 500, 200, ubPaper)},
-        {0x101001B, Frame, UprightChart().Fill(0, 700, 500, 971, ubPaper)},
-        {0x101001C, Frame, UprightChart().Fill(1300, 0, 1727, 200, ubPaper)},
-        {0x101001D, Frame, UprightChart().Fill(1300, 700, 1727, 971, ubPaper)},
-        {0x101001E, FrameBinary, CentreAtFramesTop()},
-        {0x101001F, Corners, TopSideInterrupted()},
-        {0x101001F, Corners, WithoutLeftTop()},
-        {0x1010020, Corners, WithoutRightTop()},
-        {0x1010021, Corners, WithoutLeftDown()},
-        {0x1010022, Corners, WithoutRightDown()},
-    };
     const Picture tGood = UprightChart();
     std::string strOutput;
-    for (const StatusCase& t : at)
+    for (const FailingChart& t : FailingCharts())
         for (const bool bMaster : {true, false}) {
             const AlignResult tResult = bMaster ? AlignQuietly(t.tPicture, tGood, &strOutput)
                                                 : AlignQuietly(tGood, t.tPicture, &strOutput);
             EXPECT_EQ(tResult.nStatus, t.nStatus) << std::hex << tResult.nStatus << " for " << t.nStatus;
-            EXPECT_EQ(strOutput, MessageOf(t.eStage, bMaster, t.nStatus));
+            EXPECT_EQ(strOutput, MessageOf(StageOf(t.nStatus), bMaster, t.nStatus));
             EXPECT_EQ(m_tDualCamAlignData.dRx, 0.0);
         }
     EXPECT_EQ(AlignQuietly(tGood, tGood, &strOutput).nStatus, 0u);

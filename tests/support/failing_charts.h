@@ -3,6 +3,8 @@
 
 #include "support/plane.h"
 
+#include <vector>
+
 namespace support {
 
 // Pictures that get as far as one failure point of the pipeline, for either camera.
@@ -114,6 +116,39 @@ inline Plane WithoutLeftDown() {
 }
 inline Plane WithoutRightDown() {
     return UprightChart().Fill(1440, 730, 1470, 804, ubPaper);
+}
+
+struct FailingChart {
+    unsigned int nStatus;
+    Plane tPicture;
+};
+
+// One for each failure point, in the pipeline's order.
+inline std::vector<FailingChart> FailingCharts() {
+    return {
+        {0x1010006, Paper()},
+        {0x1010008, NoRowBand()},
+        {0x1010009, CentreBesideColumns()},
+        {0x101000A, LeftEndAside()},
+        {0x101000B, RightEndAside()},
+        {0x101000E, RowBarOutside()},
+        {0x101000F, RowsDenseOnFirstPassOnly()},
+        {0x1010011, NoColumnBand()},
+        {0x1010012, CentreAboveRows()},
+        {0x1010013, UpperEndAside()},
+        {0x1010014, LowerEndAside()},
+        {0x1010016, ColumnBarOutside()},
+        {0x101001A, UprightChart().Fill(0, 0, 500, 200, ubPaper)},
+        {0x101001B, UprightChart().Fill(0, 700, 500, 971, ubPaper)},
+        {0x101001C, UprightChart().Fill(1300, 0, 1727, 200, ubPaper)},
+        {0x101001D, UprightChart().Fill(1300, 700, 1727, 971, ubPaper)},
+        {0x101001E, CentreAtFramesTop()},
+        {0x101001F, TopSideInterrupted()},
+        {0x101001F, WithoutLeftTop()},
+        {0x1010020, WithoutRightTop()},
+        {0x1010021, WithoutLeftDown()},
+        {0x1010022, WithoutRightDown()},
+    };
 }
 
 } // namespace support

@@ -17,6 +17,7 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
         {"", {"is empty", "P5"}},
         {"P5\n# 1728 972", {"ends before its width"}},
         {"P5 -1728 972 255\n", {"width \"-1728\"", "not a number"}},
+        {std::string("P5 4\x1B\0\xFF 972 255\n", 16), {"width \"4???\" is not a number", "Record"}},
         {"P5 1728 0 255\n", {"height \"0\"", "1 to 65535"}},
         {"P5 18446744073709551617 1 255\n1", {"width \"18446744073709551617\"", "65535"}},
         {"P5 65535 65535 255\n1", {"65535 x 65535", "2147483647"}},
@@ -33,30 +34,38 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
     Write("short.bin", std::string(2914, 'x'));
     Write("broken.json", "{\"master\": ");
     Write("other.json", "{\"relative_deg\": {\"rx\": \"1\"}}");
+    Write("huge.json", "{\"relative_deg\": {\"rx\": 1e400}}");
     const std::string strPair = "measure master.pgm slave.pgm --calibration ",
                       strAll = strPair + "calibration.bin";
     const Refusal aCases[] = {
         {"measure master.pgm missing.pgm --calibration calibration.bin", {"missing.pgm: cannot be read"}},
+        {"measure master.pgm " + std::string(300, 'x') + " --calibration x",
+         {"File name too long", "shorter name"}},
         {"measure .. slave.pgm --calibration calibration.bin", {"..: cannot be read (Is a directory)"}},
         {strPair + "short.bin", {"short.bin: is too short"}},
         {strPair + "/dev/zero", {"/dev/zero: holds more than 1048576 bytes"}},
         {strAll + " --truth broken.json", {"broken.json: is not JSON"}},
+        {strAll + " --truth huge.json", {"huge.json: holds a number that is too large"}},
         {strAll + " --truth other.json", {"other.json: holds no number \"relative_deg/rx\""}},
         {strAll + " --report missing/report.html", {"missing/report.html: cannot be written"}},
         {strAll + " --report ./slave.pgm", {"./slave.pgm: is an input of this measurement"}},
         {strAll + " --record calibration.bin", {"calibration.bin: is an input of this measurement"}},
         {strAll + " --record x --report ./x", {"./x: is named for the record and for the report"}},
         {strAll + " --record new --report missing/report.html", {"missing/report.html: cannot be written"}},
+        {strAll + " --record " + std::string(300, 'x'), {"File name too long", "shorter name"}},
         {strAll + " >/dev/full", {"standard output: the result could not be written"}},
     };
     for (const Refusal& t : aCases)
         ExpectRefused(3, t);
+    ExpectRefused(3, {strAll, {"/none: no temporary file", "TMPDIR"}}, "export TMPDIR=/none");
 }
 
 TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
     const Refusal aCases[] = {
         {"", {"name a command", "See orvex-align --help"}},
         {"measure a b --calibration c --jsn", {"\"--jsn\" is not understood"}},
+        {"measure a '' --calibration c", {"SLAVE: the name is empty"}},
+        {"measure a b --calibration c --record ''", {"--record: the name is empty"}},
         {"measure a b", {"--calibration is required", "See orvex-align measure --help"}},
         {"render --out x --rx 45.1", {"\"45.1\" is not a number from -45 to 45"}},
         {"render --out x --rz nan", {"\"nan\" is not a number"}},
@@ -67,6 +76,8 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
         {"render --out x --range 1", {"--range requires --count"}},
         {"batch x --jobs 0", {"\"0\" is not a number from 1 to 1024"}},
         {"batch x --resume", {"needs --out"}},
+        {"batch x --format xml", {"--format: \"xml\" is not csv or jsonl"}},
+        {"batch x --raw 10", {"\"10\" is not a width x height"}},
         {"render --out x --seed -1", {"\"-1\" is not a whole number"}},
     };
     for (const Refusal& t : aCases)
@@ -75,12 +86,16 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
 }
 
 TEST_F(BadInput, HelpAnswersOnStandardOutput) {
-    for (const char* const szArguments :
-         {"--help", "measure --help", "batch --help", "render --help", "--version"}) {
-        const Outcome t = Run(szArguments);
-        EXPECT_EQ(t.nExit, 0) << szArguments;
-        EXPECT_NE(t.strOut.find("orvex-align"), std::string::npos) << t.strOut;
+    const char* const aszCommands[] = {"", "measure ", "record ", "batch ", "render "};
+    for (const std::string strCommand : aszCommands) {
+        const Outcome t = Run(strCommand + "--help");
+        EXPECT_EQ(t.nExit, 0) << strCommand;
+        for (const char* const szPart :
+             {"NAME\n    orvex-align ", "\nEXAMPLES\n    orvex-align ", "\nEXIT CODES\n      0  ",
+              "\n     64  wrong usage\n    1", "\n    130  "})
+            EXPECT_NE(t.strOut.find(szPart), std::string::npos) << szPart << t.strOut;
     }
+    EXPECT_TRUE(Run("--version").strOut.starts_with("orvex-align "));
 }
 
 } // namespace program

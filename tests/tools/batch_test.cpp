@@ -1,5 +1,6 @@
 #include "tools/program.h"
 
+#include <regex>
 #include <sstream>
 
 namespace program {
@@ -59,6 +60,14 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
     EXPECT_NE(aRows[0]["raw_rx_deg"], aRows[1]["raw_rx_deg"]) << "the noise is each picture's own";
     EXPECT_NE(Json::parse(Read("study/0001-0001/truth.json"))["relative_deg"],
               Json::parse(Read("study/0002-0001/truth.json"))["relative_deg"]);
+    for (const std::string strPair : {"0001-0001/", "0001-0002/", "0002-0001/", "0002-0002/"})
+        for (const std::string& strFile : {strPair + "master.pgm", strPair + "slave.pgm"}) {
+            const std::string str = Read("study/" + strFile);
+            Write("again/" + strFile,
+                  str.substr(str.size() - 1728 * 972) + std::string(1728 * 972 / 2, '\x80'));
+        }
+    EXPECT_EQ(Rows(0, "again/LIST.csv --raw 1728x972"), aRows) << "as the phone's frames";
+    EXPECT_EQ(Rows(2, "again/LIST.csv --raw 1728x972 --raw-slave 1000x500")[0]["camera"], "slave");
     const std::string strCells = Run("batch study/LIST.csv").strOut;
     std::string strFirst;
     for (const Row& t : aRows[0])
@@ -78,6 +87,7 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                       strFar = "far/calibration.bin,,far/slave.pgm,far/master.pgm\r\n",
                       strTiny = "good/calibration.bin,,good/slave.pgm,blank.pgm\r\n",
                       strGone = "good/calibration.bin,,\"a, \"\"b\"\".pgm\",-x\r\n",
+                      strHole = "good/calibration.bin,,,good/master.pgm\r\n", strShort = ",,x\r\n",
                       strHeld = "good/calibration.bin,,good/slave.pgm,../gate.pgm";
     Write("sub/L", strHead + strGood);
     EXPECT_EQ(Rows(0, "sub/L").size(), 1u);
@@ -85,11 +95,15 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
     EXPECT_EQ(Rows(1, "sub/L").size(), 2u);
     Write("sub/L", strHead + strTiny + strFar);
     EXPECT_EQ(Rows(2, "sub/L").size(), 2u);
-    Write("sub/L", strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHeld);
+    Write("sub/L",
+          strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHole + strHole + strShort + strHeld);
     const Outcome t = Run("batch sub/L --resume --out r --format jsonl",
-                          strGate + StartBatch("sub/L --out r --format jsonl", 4) +
+                          strGate + StartBatch("sub/L --out r --format jsonl", 7) +
                               "kill -9 $(cat /proc/$p/task/$p/children); wait $p");
     EXPECT_EQ(t.nExit, 3);
+    for (const char* const szReason :
+         {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"})
+        EXPECT_NE(t.strOut.find(szReason), std::string::npos) << t.strOut;
     const std::vector<Row> aRows = RowsOf(Read("r"));
     const struct {
         int nExit;
@@ -99,6 +113,9 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                   {1, "out_of_range", "out of range"},
                   {2, "not_measured", "no "},
                   {3, "unfit_input", "-x: cannot be read"},
+                  {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
+                  {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
+                  {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
                   {2, "no_answer", "ended by signal 9"}};
     ASSERT_EQ(aRows.size(), std::size(aCases));
     for (std::size_t i = 0; i < aRows.size(); ++i) {
@@ -109,6 +126,10 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
             << aRows[i];
     }
     EXPECT_EQ(aRows[3]["slave"], "a, \"b\".pgm");
+    Write("sub/L", strHead + strHeld);
+    const Row tOverdue = Rows(2, "sub/L --timeout 1").at(0);
+    EXPECT_NE(tOverdue["words"].get<std::string>().find("no answer within 1 s"), std::string::npos)
+        << tOverdue;
 }
 
 TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
@@ -146,6 +167,17 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
     }
 }
 
+TEST_F(BatchCommand, TerminalShowsCountRateAndTimeLeft) {
+    Render("--count 2");
+    // The first pair takes long enough for the bar to be drawn again.
+    const std::string strShown =
+        ShownOnTerminal("batch LIST.csv --jobs 1 --out r", "mv 0001/master.pgm kept; mkfifo 0001/master.pgm; "
+                                                           "{ sleep 0.3; cat kept >0001/master.pgm; } & :");
+    const std::regex tBars("\\r\\[-{40}\\] 0/2\\x1b\\[K\\r\\[#{20}-{20}\\] 1/2  [0-9]+\\.[0-9]/s  0:[0-9]{2} "
+                           "left(.|\\r)*\\r\\x1b\\[K");
+    EXPECT_TRUE(std::regex_match(strShown, tBars)) << strShown;
+}
+
 TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     Render("--count 1 --range 0");
     Row tRow = Rows(0, "LIST.csv")[0];
@@ -169,6 +201,8 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     Render("--count 1");
     ASSERT_EQ(Run("batch LIST.csv --out done").nExit, 0);
     const std::string strDone = Read("done"), strHead = "master,slave,calibration\n";
+    const std::size_t nExitCode = strDone.find("calibration.bin,0,") + 16;
+    Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
     const struct {
         std::string strList, strArguments, strTold;
     } aCases[] = {
@@ -176,8 +210,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead, "--out r", "no pair to measure"},
         {"master;slave;calibration\na;b;c\n", "--out r",
          "no column \"master\"; its columns are \"master;slave"},
-        {strHead + "a,b,c\na,b\n", "--out r", "in line 3 there are 2 columns"},
-        {strHead + "a,,c\n", "--out r", "in line 2 the column \"slave\" is empty"},
+        {"master,slave,id,slave,calibration\na,b,c,d,e\n", "--out r", "more than one column \"slave\""},
         {strHead + "a,b,\"c\n", "--out r", "never closed"},
         {std::string("\x7F"
                      "ELF\0\1\2,",
@@ -186,9 +219,11 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead + "a,b,c\n", "--out missing/r", "missing/r: cannot be written"},
         {strHead + "a,b,c\n", "--out /dev/full --overwrite", "No space left"},
         {strHead + "a,b,c\n", "--out L --overwrite", "is the list itself"},
+        {strHead + "a,0001/slave.pgm,c\n", "--out 0001/slave.pgm --overwrite", "is an input that the list"},
         {strHead + "a,b,c\n", "--out done", "exists already"},
         {strHead + "a,b,c\n", "--out done --resume", "belongs to another list"},
         {strHead + "a,b,c\n", "--out done --resume --format jsonl", "does not begin as a batch's results"},
+        {strHead + "a,b,c\n", "--out altered --resume", "does not hold a batch's results in row 1"},
         {strHead + "a,b,c\n", "--out 0001/master.pgm --resume", "does not begin as a batch's results"},
         {strHead + "a,b,c\n", "--repeatability", "no column \"id\""},
     };
@@ -199,8 +234,11 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     }
     EXPECT_FALSE(std::filesystem::exists(m_tFolder / "r"));
     EXPECT_EQ(Read("done"), strDone);
-    EXPECT_EQ(Run("batch LIST.csv --out done --resume").nExit, 0);
+    EXPECT_EQ(Run("batch LIST.csv --out done --resume").strErr, "");
     EXPECT_EQ(Read("done"), strDone);
+    EXPECT_EQ(Run("batch LIST.csv --out new --resume").strErr,
+              "orvex-align: new: no such file yet; starting with the first row.\n");
+    EXPECT_EQ(Read("new"), strDone);
 }
 
 } // namespace program

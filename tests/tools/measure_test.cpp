@@ -100,6 +100,11 @@ TEST_F(MeasureCommand, FailureTellsCameraStageAndWhatWasMissing) {
             EXPECT_EQ(NumbersIn(tJson[strCamera]).size(), t.nNumbers);
             EXPECT_EQ(NumbersIn(tJson[bMaster ? "slave" : "master"]).size(), bMaster ? 2u : 18u)
                 << "the slave comes second, the master's own tilts last";
+            EXPECT_FALSE(tJson["trust"][strCamera]["cross_dark_grey"].is_null());
+            EXPECT_EQ(tJson["trust"][strCamera]["border_distance_px"].is_null(), t.nNumbers < 5);
+            EXPECT_EQ(tJson["warnings"].dump().find(strCamera + " camera, cross: low contrast") ==
+                          std::string::npos,
+                      t.nNumbers > 2);
             const Outcome tText = Measure(strPictures);
             EXPECT_EQ(tText.nExit, 2);
             EXPECT_TRUE(tText.strOut.starts_with("NOT MEASURED: " + strWhere + ", " + t.szStage + ": "));

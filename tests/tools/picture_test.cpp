@@ -38,11 +38,11 @@ std::string PngOf(int nSide, int nBits, int nColours, int nInterlace, const std:
     return strPng;
 }
 
-std::string JpegOf(int nPixelFormat, int nSampling, const std::string& strPixels) {
+std::string JpegOf(int nPixelFormat, int nSampling, const std::string& strPixels, int nHeight = nRows) {
     tjhandle p = tjInitCompress();
     unsigned char* pJpeg = nullptr;
     unsigned long nJpeg = 0;
-    EXPECT_EQ(tjCompress2(p, reinterpret_cast<const unsigned char*>(strPixels.data()), nColumns, 0, nRows,
+    EXPECT_EQ(tjCompress2(p, reinterpret_cast<const unsigned char*>(strPixels.data()), nColumns, 0, nHeight,
                           nPixelFormat, &pJpeg, &nJpeg, nSampling, 100, 0),
               0);
     const std::string strJpeg(reinterpret_cast<char*>(pJpeg), nJpeg);
@@ -128,6 +128,8 @@ TEST_F(Pictures, ThatAreDamagedOrUnfitAreRefusedWithTheReason) {
         {strJpeg.substr(0, strJpeg.size() / 2), {"JPEG", "damaged or of a rare kind (Premature end"}},
         {strJpeg.substr(0, 30), {"JPEG", "ends before its size"}},
         {strHuge, {"60000 x 60000 px"}},
+        {JpegOf(TJPF_RGB, TJSAMP_420, Spread(m_strGrey, 3), 400),
+         {"is 1728 x 400 px, but the slave must be at least 906 x 406 px"}},
         {JpegOf(TJPF_CMYK, TJSAMP_444, Spread(m_strGrey, 4)), {"CMYK"}},
     };
     for (const auto& [strBytes, aTold] : aCases) {

@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <pty.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace program {
 
@@ -13,10 +15,25 @@ Program::Program() {
 }
 
 Outcome Program::Run(const std::string& strArguments, const std::string& strBefore) const {
-    const std::string strCommand = "cd '" + m_tFolder.string() + "'; exec >out 2>err; " + strBefore + "; '" +
-                                   ORVEX_ALIGN_PROGRAM + "' " + strArguments;
-    const int nStatus = std::system(strCommand.c_str());
+    return RunInShell(strBefore + "; '" + ORVEX_ALIGN_PROGRAM + "' " + strArguments);
+}
+
+Outcome Program::RunInShell(const std::string& strCommand) const {
+    const int nStatus =
+        std::system(("cd '" + m_tFolder.string() + "'; exec >out 2>err; " + strCommand).c_str());
     return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, Read("out"), Read("err")};
+}
+
+std::string Program::ShownOnTerminal(const std::string& strArguments, const std::string& strBefore) const {
+    const winsize tSize = {24, 80, 0, 0};
+    int nScreen = -1, nTerminal = -1;
+    EXPECT_EQ(openpty(&nScreen, &nTerminal, nullptr, nullptr, &tSize), 0);
+    EXPECT_EQ(Run(strArguments, strBefore + "; exec 2>" + ttyname(nTerminal)).nExit, 0);
+    std::string str(1 << 16, '\0');
+    str.resize(static_cast<std::size_t>(std::max<ssize_t>(0, read(nScreen, str.data(), str.size()))));
+    close(nTerminal);
+    close(nScreen);
+    return str;
 }
 
 void Program::ExpectRefused(int nExit, const Refusal& t, const std::string& strBefore) const {

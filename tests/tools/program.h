@@ -32,6 +32,9 @@ protected:
 
     // strArguments as typed, with redirections if need be; strBefore: shell commands that set the scene.
     Outcome Run(const std::string& strArguments, const std::string& strBefore = ":") const;
+    Outcome RunInShell(const std::string& strCommand) const; // any other program
+    // What standard error shows on a terminal of 80 columns; must succeed.
+    std::string ShownOnTerminal(const std::string& strArguments, const std::string& strBefore) const;
     // Must end with that exit code and with nothing but the message.
     void ExpectRefused(int nExit, const Refusal& t, const std::string& strBefore = ":") const;
     void Render(const std::string& strOptions = "", const std::string& strOut = ".") const; // must succeed

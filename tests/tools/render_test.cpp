@@ -34,6 +34,26 @@ TEST_F(RenderCommand, SameSeedGivesTheSameFilesAndAnotherSeedOthers) {
     }
 }
 
+TEST_F(RenderCommand, ResumedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
+    Render("--count 6 --noise 2", "whole");
+    // Nice, so that the kill comes before the last pair.
+    const std::string strProgram = std::string("nice -n 19 '") + ORVEX_ALIGN_PROGRAM + "' ";
+    const Outcome tStopped =
+        Run("--version",
+            strProgram + "render --count 6 --noise 2 --out s & p=$!; until [ -e s/0002/calibration.bin ]; "
+                         "do sleep 0.01; done; kill -INT $p; wait $p; echo code $?");
+    EXPECT_NE(tStopped.strOut.find("code 130"), std::string::npos) << tStopped.strOut;
+    EXPECT_NE(tStopped.strErr.find("of 6 pairs"), std::string::npos) << tStopped.strErr;
+    EXPECT_FALSE(std::filesystem::exists(m_tFolder / "s/LIST.csv"));
+    const auto tWritten = std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm");
+    Write("s/0002/slave.pgm", "cut off");
+    Render("--count 6 --noise 2 --resume", "s");
+    EXPECT_EQ(std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm"), tWritten);
+    EXPECT_EQ(Run("--version", "diff -r whole s || exit").nExit, 0);
+    Render("--count 6 --noise 3 --resume", "s");
+    EXPECT_NE(std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm"), tWritten);
+}
+
 TEST_F(RenderCommand, PrintedCommandMeasuresThePair) {
     const std::string strOut = Run("render --rx 1 --out \"it's a pair\"").strOut;
     const Outcome t = Run(strOut.substr(strOut.find("measure ")));

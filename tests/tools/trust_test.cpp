@@ -47,15 +47,16 @@ Frame FrameAt(int nLeft, int nTop, unsigned char ubInk) {
 
 } // namespace
 
-TEST(SideReading, ResidualIsTheRmsDistanceFromTheStraightLine) {
+TEST(SideReading, ResidualIsTheRmsDistanceFromTheFittedLine) {
     const struct {
         const char* szWhat;
         std::function<double(double)> Shift;
-        double dResidual;
+        double dResidual, dFirst, dLast; // the line's distance from the corners
     } aCases[] = {
-        {"straight", [](double) { return 0.0; }, 0},
-        {"beside its corners", [](double) { return -0.7; }, 0.7},
-        {"waves", [](double d) { return std::sin(20 * d); }, std::sqrt(0.5)},
+        {"straight", [](double) { return 0.0; }, 0, 0, 0},
+        {"beside its corners", [](double) { return -0.7; }, 0, 0.7, 0.7},
+        {"slanted", [](double d) { return 3 * d; }, 0, 0, 3},
+        {"waves", [](double d) { return std::sin(60 * d); }, std::sqrt(0.5), 0, 0},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
@@ -64,6 +65,8 @@ TEST(SideReading, ResidualIsTheRmsDistanceFromTheStraightLine) {
         EXPECT_EQ(r.nRead, r.nLines);
         ASSERT_TRUE(r.oResidual);
         EXPECT_NEAR(*r.oResidual, t.dResidual, 0.02 + 0.03 * t.dResidual);
+        EXPECT_NEAR(Distance((*r.oEnds)[0], tFrom), t.dFirst, 0.05 + 0.1 * t.dResidual);
+        EXPECT_NEAR(Distance((*r.oEnds)[1], tTo), t.dLast, 0.05 + 0.1 * t.dResidual);
         EXPECT_NEAR(*r.oWidth, 2 * dHalfLine, 0.1);
         EXPECT_NEAR(*r.oDark, dDark, 1);
         EXPECT_NEAR(*r.oBright, dBright, 1);
@@ -102,12 +105,12 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
         {"cut", FrameAt(-4, 50, support::ubInk), {{", left side", "show the frame"}, {"touches"}}, -4},
         {"pale",
          FrameAt(90, 40, 165),
-         {{", left, top, right, bottom sides: at worst low contrast", "dark 165", "bright 200", "40"}},
+         {{", left, top, right, bottom sides: at worst low contrast", "dark 165", "bright 200", "70"}},
          40},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured);
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, {});
         EXPECT_NEAR(*tTrust.oBorderDistance, *t.oBorder, 0.1);
         const std::vector<std::string> a = WarningsOf(Camera::kSlave, tTrust);
         ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
@@ -118,7 +121,43 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
     Frame tBent = FrameAt(90, 40, support::ubInk);
     tBent.tMeasured.aoCorners[3]->dY += 3; // right down: its two sides no longer follow the picture's
     tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
-    const std::vector<std::string> a = WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured));
+    const std::vector<std::string> a =
+        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured, {}));
     ASSERT_EQ(a.size(), 1u);
-    EXPECT_TRUE(a[0].starts_with("master camera, bottom side: large residual, 1.7")) << a[0];
+    EXPECT_TRUE(a[0].starts_with("master camera, bottom side: a measured corner lies 3.0")) << a[0];
+}
+
+TEST(Trust, IsToldAsFarAsTheStagesCame) {
+    const Rectangle tWindow = {200, 100, 600, 400}, tStart = {150, 100, 650, 400};
+    Frame tFrame = FrameAt(170, 50, 165), tPale = FrameAt(90, 40, support::ubInk);
+    tFrame.tMeasured.aoCorners = {};
+    const struct {
+        const char* szWhat;
+        const Frame& tFrame;
+        StageView tView;
+        std::vector<std::string> aWarnings; // how each begins, behind the camera
+    } aCases[] = {
+        {"nothing", tFrame, {}, {}},
+        {"no cross", tFrame, {tWindow, {}, 120.0, {}, {}, {}, {}}, {", cross: low contrast, dark 200"}},
+        {"no frame",
+         tFrame,
+         {{}, {}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
+         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
+        {"no corners",
+         tFrame,
+         {{}, {}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
+         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
+        {"pale cross",
+         tPale,
+         {Rectangle{60, 100, 150, 400}, {}, 20.0, {}, {}, {}, {}},
+         {", cross: too pale"}},
+    };
+    for (const auto& t : aCases) {
+        SCOPED_TRACE(t.szWhat);
+        const std::vector<std::string> a =
+            WarningsOf(Camera::kMaster, TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, t.tView));
+        ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
+        for (std::size_t i = 0; i < a.size(); ++i)
+            EXPECT_TRUE(a[i].starts_with("master camera" + t.aWarnings[i])) << a[i];
+    }
 }

@@ -8,18 +8,23 @@ namespace {
 
 constexpr std::uint64_t kSlaveStream = 1;
 
-Shot Shoot(const Chart& tChart, const Camera& tCamera, const Pose& tPose, const Capture& tCapture) {
-    return {tCamera.nWidth, tCamera.nHeight, Render(tChart, tCamera, tPose, tCapture),
-            Project(tChart, tCamera, tPose)};
+Shot Shoot(const Chart& tChart, const Camera& tCamera, const Truth& tTruth, const Capture& tCapture) {
+    return {tCamera.nWidth, tCamera.nHeight, Render(tChart, tCamera, tTruth.tPose, tCapture), tTruth};
 }
 
 } // namespace
 
+PairTruth TruthOf(const PairSetup& t) {
+    return {Project(t.tChart, t.tMaster, t.tMasterPose),
+            Project(t.tChart, t.tSlave, t.tMasterPose + t.tRelativePose)};
+}
+
 Pair RenderPair(const PairSetup& tSetup) {
+    const PairTruth tTruth = TruthOf(tSetup);
     Capture tSlaveCapture = tSetup.tSlaveCapture;
     tSlaveCapture.nSeed = DerivedSeed(tSlaveCapture.nSeed, kSlaveStream);
-    return {Shoot(tSetup.tChart, tSetup.tMaster, tSetup.tMasterPose, tSetup.tMasterCapture),
-            Shoot(tSetup.tChart, tSetup.tSlave, tSetup.tMasterPose + tSetup.tRelativePose, tSlaveCapture)};
+    return {Shoot(tSetup.tChart, tSetup.tMaster, tTruth.tMaster, tSetup.tMasterCapture),
+            Shoot(tSetup.tChart, tSetup.tSlave, tTruth.tSlave, tSlaveCapture)};
 }
 
 } // namespace chart

@@ -33,6 +33,14 @@ struct Pair {
     Shot tSlave;
 };
 
+struct PairTruth {
+    Truth tMaster;
+    Truth tSlave;
+};
+
+// What RenderPair will tell, without the pictures.
+PairTruth TruthOf(const PairSetup& tSetup);
+
 Pair RenderPair(const PairSetup& tSetup);
 
 } // namespace chart

@@ -1,0 +1,17 @@
+#ifndef ORVEX_TESTS_SUPPORT_REPETITIONS_H
+#define ORVEX_TESTS_SUPPORT_REPETITIONS_H
+
+namespace support {
+
+// How often a long test repeats itself. An emulated measurement takes a multiple of the time: a tenth then.
+constexpr int Repetitions(int n) {
+#ifdef ORVEX_EMULATED
+    return n / 10;
+#else
+    return n;
+#endif
+}
+
+} // namespace support
+
+#endif

@@ -1,0 +1,34 @@
+#ifndef ORVEX_TOOLS_TRUST_LIMITS_H
+#define ORVEX_TOOLS_TRUST_LIMITS_H
+
+namespace tools {
+
+// Beyond these a camera's numbers are warned of. Where rendered pairs are the source, they had noise of 0 to
+// 8 grey levels, blur of 0 to 3 px and contrasts from 40 to 160 grey levels.
+
+// px RMS from a side's fitted line. Rendered pairs that are measured rightly stay below 0.24; a side that
+// bows by 1.3 px reaches it.
+constexpr double kLargeResidual = 0.3;
+
+// px from a measured corner to the fitted line of one of its sides. Corners of rendered pairs lie within 0.19
+// of it, or 5 and more beside it where noise of 8 grey levels misled their measurement, and the angles then
+// are off by half a degree. A corner off by this limit turns a tilt by 0.04 degrees.
+constexpr double kLargeCornerDistance = 0.3;
+
+// Grey levels from dark to bright. Rendered pairs with a blur of 3 px and noise of 2 are measured at 72 grey
+// levels and fail at 64.
+constexpr double kLowContrast = 70.0;
+
+// px. The frame's levels are taken from 40 px around it; nearer than half of that to the border, most of the
+// bright paper is missing there. Rendered pairs are measured alike down to 1 px, but the next module, which
+// aims a little differently, may cut the frame off.
+constexpr double kNearBorder = 20.0;
+
+// Percent of the lines across a side that show the frame. One in ten missing is more than dust; a rendered
+// frame that just touches the border keeps 91, with a right angle, and one that is cut by 4 px has 59, with a
+// wrong one.
+constexpr double kLeastRead = 90.0;
+
+} // namespace tools
+
+#endif
