@@ -8,8 +8,8 @@ mkdir -p "$results"
 parts=$(mktemp -d "$results/parts.XXXXXX")
 running=''
 
+# shellcheck disable=SC2086,SC2317 # one word for each process; called by the trap
 clean() {
-    # shellcheck disable=SC2086 # one word for each process
     [ -z "$running" ] || kill $running 2>/dev/null || true
     wait
     rm -rf "$parts"

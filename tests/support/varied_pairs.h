@@ -11,7 +11,7 @@ namespace support {
 inline chart::Pair VariedPair(unsigned int nPair) {
     Random t(nPair);
     const bool bOnRecord = nPair < 60;
-    const double dRange = bOnRecord ? 2.0 : 2.6;
+    const double dRange = bOnRecord ? 2.0 : 3.2;
     chart::PairSetup tSetup;
     tSetup.tMasterPose = {t.Real(-1, 1), t.Real(-1, 1), t.Real(-1, 1)};
     tSetup.tRelativePose = {t.Real(-dRange, dRange), t.Real(-dRange, dRange), t.Real(-dRange, dRange)};
