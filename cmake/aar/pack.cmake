@@ -23,6 +23,7 @@ function(check library script)
   execute_process(COMMAND ${CMAKE_COMMAND} -DLIBRARY=${library} ${ARGN} -P ${project}/tests/${script}
     RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE told)
   if(NOT result EQUAL 0)
+    string(REGEX REPLACE "\n[ \n]*\n" "\n" told "${told}")
     message(FATAL_ERROR "${library} is not fit for phones, nothing was packed: build it anew with one of the android "
       "presets; if it stays so, its link is at fault (cmake/PhoneLink.cmake).\n${told}")
   endif()
