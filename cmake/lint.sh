@@ -8,7 +8,7 @@ jobs=${1:-1}
 echo "clang-format"
 git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
 echo "shellcheck"
-shellcheck .ci/run cmake/*.sh
+git ls-files -z .ci/run "*.sh" | xargs -0 shellcheck
 echo "cppcheck"
 cppcheck -j "$jobs" --quiet --error-exitcode=1 --std=c++20 --language=c++ --library=googletest --inconclusive \
     --enable=warning,performance,portability --suppressions-list=.cppcheck-suppressions --template=gcc \
