@@ -154,11 +154,14 @@ constexpr char szDescription[] =
     "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
     "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
     "an interrupted run keeps what it has and --resume goes on behind it. A summary follows: counts, "
-    "failures by status or reason and the spread of the raw angles. It goes to standard output with "
+    "failures by status or reason, warnings by kind and the spread of the raw angles. It goes to standard "
+    "output with "
     "--out, to standard error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
     "measure tells them (verdict also unfit_input, and no_answer for a process that crashed or took too "
-    "long); then every measurement, with its unit (deg, px) at the end of its name.";
+    "long); warnings, which measure gives where an angle may be wrong although it is within range, apart by "
+    "\" | \"; "
+    "then every measurement and trust number, with its unit (deg, px, percent, grey) at the end of its name.";
 
 constexpr char szExamples[] =
     "EXAMPLES\n"
