@@ -100,12 +100,27 @@ void TellNothingToResume(const Options& t) {
                stderr);
 }
 
-void TellStop(const Options& t, std::size_t nWritten, std::size_t nTotal) {
-    const std::string strRows = std::to_string(nWritten) + " of " + std::to_string(nTotal) + " rows";
+std::string WordsOfDropped(std::size_t n) {
+    return n == 0
+               ? ""
+               : "  " + std::to_string(n) +
+                     (n == 1
+                          ? " finished row behind a slower pair is dropped; the next run measures it"
+                          : " finished rows behind a slower pair are dropped; the next run measures them") +
+                     " again.\n";
+}
+
+void TellStop(const Options& t, const MeasuredRows& tMeasured, std::size_t nTotal) {
+    const std::string strRows =
+        std::to_string(tMeasured.nWritten) + " of " + std::to_string(nTotal) + " rows";
+    const std::string strHeld = t.strOut.empty() ? "" : ", which " + t.strOut + " holds";
     const std::string strRest = t.strOut.empty()
                                     ? "A run that can go on later writes to a file: see --out and --resume"
-                                    : t.strOut + " holds them. Go on with\n  " + ResumeCommand(t);
-    std::fputs(("orvex-align: stopped after " + strRows + ".\n  " + strRest + "\n").c_str(), stderr);
+                                    : "Go on with\n  " + ResumeCommand(t);
+    std::fputs(("orvex-align: stopped after " + strRows + strHeld + ".\n" +
+                WordsOfDropped(tMeasured.nDropped) + "  " + strRest + "\n")
+                   .c_str(),
+               stderr);
 }
 
 void TellSummary(const Options& t, const BatchSummary& tSummary) {
@@ -137,7 +152,7 @@ ExitCode Run(const Options& t) {
         {tList, nFirst, PictureOptions(t), t.Format(), t.nJobs, std::chrono::seconds(t.nTimeout), bProgress},
         tSink, tSummary);
     if (tMeasured.nSignal != 0) {
-        TellStop(t, tMeasured.nWritten, nTotal);
+        TellStop(t, tMeasured, nTotal);
         return static_cast<ExitCode>(kSignal + tMeasured.nSignal);
     }
     TellSummary(t, tSummary);
