@@ -76,6 +76,8 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
         {"render --out x --range 1", {"--range requires --count"}},
         {"batch x --jobs 0", {"\"0\" is not a number from 1 to 1024"}},
         {"batch x --resume", {"needs --out"}},
+        {"batch ''", {"LIST.csv: the name is empty"}},
+        {"batch x --out ''", {"--out: the name is empty"}},
         {"batch x --format xml", {"--format: \"xml\" is not csv or jsonl"}},
         {"batch x --raw 10", {"\"10\" is not a width x height"}},
         {"render --out x --seed -1", {"\"-1\" is not a whole number"}},
