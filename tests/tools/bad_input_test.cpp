@@ -12,7 +12,7 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
          {"orvex-align: bad.pgm: is cut off", "1728 x 972", "1679616", "1679611"}},
         {strGood + "xyz", {"1728 x 972", "3 bytes"}},
         {"P5 2 2 65535\n12345678", {"16 bits", "65535", "255"}},
-        {"P5 2 2 100\n1234", {"100", "255"}},
+        {"P5 2 2 100\n1234", {"largest grey value is 100", "Scale"}},
         {"P2\n1 1\n255\n0\n", {"P2", "P5"}},
         {"", {"is empty", "P5"}},
         {"P5\n# 1728 972", {"ends before its width"}},
