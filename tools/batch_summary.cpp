@@ -42,7 +42,7 @@ std::string TextIn(const BatchRow& tRow, const char* szColumn, const char* szBeh
 
 // Without the row's own names, so that one reason is one text: the column stands for the file.
 std::string ReasonOf(const BatchItem& tItem, const BatchRow& tRow) {
-    const std::string strWords = TextIn(tRow, "words", "");
+    std::string strWords = TextIn(tRow, "words", "");
     for (const auto& [strOwn, szCommon] :
          {std::pair(PlaceInList(tItem), "list: "), std::pair(tItem.strMaster + ": ", "master: "),
           std::pair(tItem.strSlave + ": ", "slave: "),
