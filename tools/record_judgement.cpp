@@ -19,6 +19,8 @@ bool IsAllZero(const _AFPROTECT& t) {
     return std::bit_cast<RecordBytes>(t) == RecordBytes{};
 }
 
+constexpr char szChecksum[] = "ORVEX_RECORD_CHECKSUM", szOtherModule[] = "ORVEX_RECORD_OTHER_MODULE";
+
 constexpr char szCheckBoth[] = "Name the calibration memory of the module that was measured; copy the record "
                                "file again, as binary and not as text";
 
@@ -51,25 +53,23 @@ RecordJudgement Noise(const char* szStatusName) {
 }
 
 RecordJudgement WrongChecksum(const RecordReading& tReading) {
-    constexpr char szStatus[] = "ORVEX_RECORD_CHECKSUM";
     if (IsNoise(tReading))
-        return Noise(szStatus);
+        return Noise(szChecksum);
     const _AFPROTECT& t = *tReading.oRecord;
-    return {kRefused, szStatus,
+    return {kRefused, szChecksum,
             "decrypted, but its checksum is " + std::to_string(t.ubCheckSum) + " and its bytes sum to " +
                 std::to_string(SumOf(t)) + ": the record is damaged",
             "Copy the record file again, or measure the module again"};
 }
 
 RecordJudgement OtherModule(const RecordReading& t) {
-    constexpr char szStatus[] = "ORVEX_RECORD_OTHER_MODULE";
     if (IsAllZero(*t.oRecord))
-        return {kRefused, szStatus,
+        return {kRefused, szOtherModule,
                 "decrypted, but it is all zeros: the record that a measurement leaves when it fails",
                 "Measure the module again and mend what measure tells"};
     if (IsNoise(t))
-        return Noise(szStatus);
-    return {kRefused, szStatus,
+        return Noise(szOtherModule);
+    return {kRefused, szOtherModule,
             "decrypted, and its checksum is right, but its focus lines are not those of this calibration: "
             "they belong to another module, or the record is damaged",
             "Check which module the calibration memory was read from; copy the record file again, or measure "
