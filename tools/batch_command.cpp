@@ -202,7 +202,10 @@ constexpr std::array<ExitMeaning, 8> aExits = {{
 void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand("batch", szDescription);
-    tCommand.add_option("LIST.csv", pOptions->strList, "The list of pairs")->required()->type_name("");
+    tCommand.add_option("LIST.csv", pOptions->strList, "The list of pairs")
+        ->required()
+        ->check(FileName())
+        ->type_name("");
     tCommand.add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024")
         ->check(Within(1, 1024))
         ->check(WholeNumber())
@@ -232,6 +235,7 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
         .add_option("--out", pOptions->strOut,
                     "File for the rows; without it they go to standard output. A file that exists is refused "
                     "unless one of the next two is given")
+        ->check(FileName())
         ->type_name("FILE");
     auto* const pResume = tCommand.add_flag("--resume", pOptions->bResume,
                                             "Go on behind the last whole row of --out; a torn one is cut "

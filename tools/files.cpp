@@ -31,10 +31,8 @@ ToolError NotRead(const std::string& strFile) {
 
 // A staged file's.
 ToolError NotStaged(const std::string& strFile) {
-    return NotWritten(
-        strFile, errno == ENOENT ? "Create its folder first, or name a file in another one"
-                                 : Advice("Choose a folder that you may write to and that has space left; no "
-                                          "file is left half-written"));
+    return NotCreated(strFile, "Choose a folder that you may write to and that has space left; no file is "
+                               "left half-written");
 }
 
 // A link stays a link: the file that it leads to is the one that is written.
@@ -118,6 +116,11 @@ std::string ErrnoText() {
 
 ToolError NotWritten(const std::string& strFile, const std::string& strToDo, const std::string& strReason) {
     return {strFile, "cannot be written (" + strReason + ")", strToDo};
+}
+
+ToolError NotCreated(const std::string& strFile, const char* szUsually) {
+    return NotWritten(strFile, errno == ENOENT ? "Create its folder first, or name a file in another one"
+                                               : Advice(szUsually));
 }
 
 std::string ReadStart(const std::string& strFile, std::size_t nBytes) {

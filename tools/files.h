@@ -22,6 +22,9 @@ std::string ReadStart(const std::string& strFile, std::size_t nBytes);
 ToolError NotWritten(const std::string& strFile, const std::string& strToDo,
                      const std::string& strReason = ErrnoText());
 
+// A new file, of which the latest system call's reason tells what to do, or else szUsually.
+ToolError NotCreated(const std::string& strFile, const char* szUsually);
+
 struct NewFile {
     std::string strFile;
     std::string strBytes;

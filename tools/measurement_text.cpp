@@ -17,10 +17,7 @@ std::string TextOf(const ReportTable& t) {
 }
 
 std::string TextOf(const ReportList& t) {
-    std::string str = std::string("\n") + t.szHeading + "\n";
-    for (const std::string& strLine : t.aLines)
-        str += "  " + Wrapped(strLine, 2) + "\n";
-    return str;
+    return List(t.szHeading, t.aLines);
 }
 
 template <typename Parts>

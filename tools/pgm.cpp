@@ -80,7 +80,9 @@ void RequireEightBits(const std::string& strFile, int nMaximum) {
     throw ToolError(strFile,
                     std::string(nMaximum > 255 ? "has 16 bits per pixel: " : "") +
                         "its largest grey value is " + std::to_string(nMaximum) + ", needed is 255",
-                    "Convert it to 8 bits per pixel");
+                    nMaximum > 255 ? "Convert it to 8 bits per pixel"
+                                   : "Scale its grey values so that white is 255, and write 255 into the "
+                                     "header as the largest one");
 }
 
 void RequirePixels(const std::string& strFile, PictureSize tSize, std::size_t nHeld) {

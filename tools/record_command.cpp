@@ -27,7 +27,9 @@ constexpr char szDescription[] =
     "Decrypts an autofocus record file and shows its fields.\n"
     "A measurement leaves the record, encrypted for its module. The library's reader decrypts it with a key "
     "that it makes from the module's calibration memory, checks its checksum, and compares its focus lines "
-    "with the calibration's. If it refuses the record, the answer tells which check did and what to try.";
+    "with the calibration's, as whole numbers. If it refuses the record, the answer tells which check did "
+    "and what to try. No check covers version, container header, reserved bytes and what follows them: "
+    "warnings tell what of these is not as a measurement writes it.";
 
 std::string Footer() {
     return ExamplesHelp({"orvex-align record AFProtect.txt --calibration calibration.bin",

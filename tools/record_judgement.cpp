@@ -1,5 +1,6 @@
 #include "record_judgement.h"
 
+#include "record_warnings.h"
 #include "status_words.h"
 
 #include <algorithm>
@@ -17,6 +18,8 @@ using RecordBytes = std::array<unsigned char, sizeof(_AFPROTECT)>;
 bool IsAllZero(const _AFPROTECT& t) {
     return std::bit_cast<RecordBytes>(t) == RecordBytes{};
 }
+
+constexpr char szChecksum[] = "ORVEX_RECORD_CHECKSUM", szOtherModule[] = "ORVEX_RECORD_OTHER_MODULE";
 
 constexpr char szCheckBoth[] = "Name the calibration memory of the module that was measured; copy the record "
                                "file again, as binary and not as text";
@@ -42,29 +45,49 @@ bool IsNoise(const RecordReading& t) {
     return !t.strFurther.empty() || std::ranges::any_of(t.oRecord->aubReserved, [](int n) { return n != 0; });
 }
 
-RecordJudgement WrongChecksum(const RecordReading& tReading) {
-    if (IsNoise(tReading))
-        return {
-            kRefused, "ORVEX_RECORD_CHECKSUM",
+RecordJudgement Noise(const char* szStatusName) {
+    return {kRefused, szStatusName,
             "decrypted to something that is no record: the calibration is another module's, or the file is "
             "damaged",
             szCheckBoth};
+}
+
+RecordJudgement WrongChecksum(const RecordReading& tReading) {
+    if (IsNoise(tReading))
+        return Noise(szChecksum);
     const _AFPROTECT& t = *tReading.oRecord;
-    return {kRefused, "ORVEX_RECORD_CHECKSUM",
+    return {kRefused, szChecksum,
             "decrypted, but its checksum is " + std::to_string(t.ubCheckSum) + " and its bytes sum to " +
                 std::to_string(SumOf(t)) + ": the record is damaged",
             "Copy the record file again, or measure the module again"};
 }
 
-RecordJudgement OtherModule(const _AFPROTECT& t) {
-    if (IsAllZero(t))
-        return {kRefused, "ORVEX_RECORD_OTHER_MODULE",
+RecordJudgement OtherModule(const RecordReading& t) {
+    if (IsAllZero(*t.oRecord))
+        return {kRefused, szOtherModule,
                 "decrypted, but it is all zeros: the record that a measurement leaves when it fails",
                 "Measure the module again and mend what measure tells"};
-    return {kRefused, "ORVEX_RECORD_OTHER_MODULE",
-            "decrypted and undamaged, but its focus lines are not those of this calibration: they belong to "
-            "another module",
-            "Check which module the calibration memory was read from, and measure that module again"};
+    if (IsNoise(t))
+        return Noise(szOtherModule);
+    return {kRefused, szOtherModule,
+            "decrypted, and its checksum is right, but its focus lines are not those of this calibration: "
+            "they belong to another module, or the record is damaged",
+            "Check which module the calibration memory was read from; copy the record file again, or measure "
+            "that module again"};
+}
+
+// Says no more than the reader checks: one sum over 20 bytes, and the focus lines as whole numbers.
+RecordJudgement Accepted(const RecordReading& t) {
+    const std::string strChecked = "decrypted, its checksum is right, and its focus lines are, as whole "
+                                   "numbers, those of this calibration";
+    std::vector<std::string> aWarnings = WarningsOf(t);
+    if (aWarnings.empty())
+        return {kAccepted, "ORVEX_OK", strChecked, ""};
+    return {kAccepted, "ORVEX_OK",
+            strChecked +
+                "; but what no check covers is not as a measurement writes it: the file is damaged, or "
+                "another version of the library wrote it (see the warnings)",
+            "Copy the record file again, or measure the module again", std::move(aWarnings)};
 }
 
 } // namespace
@@ -79,13 +102,13 @@ unsigned int SumOf(const _AFPROTECT& t) {
 RecordJudgement JudgementOf(const RecordReading& t) {
     switch (t.nStatus) {
     case ORVEX_OK:
-        return {kAccepted, "ORVEX_OK", "decrypted and undamaged, and it belongs to this module", ""};
+        return Accepted(t);
     case ORVEX_RECORD_NOT_DECRYPTED:
         return NotDecrypted(t);
     case ORVEX_RECORD_CHECKSUM:
         return WrongChecksum(t);
     case ORVEX_RECORD_OTHER_MODULE:
-        return OtherModule(*t.oRecord);
+        return OtherModule(t);
     default:
         return {kRefused, WordsOf(t.nStatus).szName, WordsOf(t.nStatus).szFound, WordsOf(t.nStatus).szTry};
     }

@@ -4,6 +4,8 @@
 #include "exit_codes.h"
 #include "record_reading.h"
 
+#include <vector>
+
 namespace tools {
 
 // A reading in the words of a service engineer.
@@ -11,7 +13,8 @@ struct RecordJudgement {
     ExitCode tExit;
     const char* szStatusName; // as in the library's header
     std::string strFound;
-    const char* szTry; // empty where there is nothing to mend
+    const char* szTry;                       // empty where there is nothing to mend
+    std::vector<std::string> aWarnings = {}; // of an accepted record
 };
 
 RecordJudgement JudgementOf(const RecordReading& t);

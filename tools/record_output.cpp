@@ -95,7 +95,7 @@ std::string TextOf(const RecordReport& t) {
            Line("Status       ", HexOf(tReading.nStatus) + " " + tJudgement.szStatusName) +
            Line("Try          ", tJudgement.szTry) + "  Record       " + tReading.strFile + ", " +
            std::to_string(tReading.nFileBytes) + " bytes\n" + "  Calibration  " + t.strCalibrationFile +
-           "\n" + FieldsText(tReading);
+           "\n" + List("Warnings", tJudgement.aWarnings) + FieldsText(tReading);
 }
 
 std::string JsonTextOf(const RecordReport& t) {
@@ -109,6 +109,7 @@ std::string JsonTextOf(const RecordReport& t) {
                          {"name", tJudgement.szStatusName},
                          {"words", tJudgement.strFound},
                          {"try", tJudgement.szTry}}},
+                       {"warnings", tJudgement.aWarnings},
                        {"record", FieldsJson(t.tReading)},
                        {"file", t.tReading.strFile},
                        {"file_bytes", t.tReading.nFileBytes},

@@ -3,9 +3,9 @@
 #include "files.h"
 #include "tool_error.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
-#include <string_view>
 
 namespace tools {
 namespace {
@@ -17,10 +17,15 @@ unsigned char* Bytes(std::string& str) {
     return reinterpret_cast<unsigned char*>(str.data());
 }
 
+std::string HeaderOf(const std::string& strBytes) {
+    return strBytes.substr(std::min(kHeaderAt, strBytes.size()), kMeasuredHeader.size());
+}
+
 } // namespace
 
 bool IsRecordFile(const std::string& strBytes) {
-    return strBytes.size() > 2 && std::string_view(strBytes).substr(2).starts_with("OAES");
+    return strBytes.size() > kHeaderAt &&
+           std::string_view(strBytes).substr(kHeaderAt).starts_with(kMeasuredHeader.substr(0, 4));
 }
 
 RecordReading ReadRecord(const std::string& strFile, const std::string& strCalibration) {
@@ -32,8 +37,13 @@ RecordReading ReadRecord(const std::string& strFile, const std::string& strCalib
     Orvex_SpecialAFDataTransform(Bytes(strCalibrationCopy), static_cast<int>(strCalibrationCopy.size()),
                                  Bytes(strBytes), static_cast<int>(strBytes.size()), Bytes(strRecord),
                                  &nRecord, &nStatus);
-    RecordReading t = {
-        strFile, strBytes.size(), IsRecordFile(strBytes), static_cast<unsigned int>(nStatus), {}, {}};
+    RecordReading t = {strFile,
+                       strBytes.size(),
+                       IsRecordFile(strBytes),
+                       HeaderOf(strBytes),
+                       static_cast<unsigned int>(nStatus),
+                       {},
+                       {}};
     if (t.nStatus != ORVEX_RECORD_NOT_DECRYPTED) {
         std::memcpy(&t.oRecord.emplace(), strRecord.data(), sizeof(_AFPROTECT));
         t.strFurther =

@@ -36,7 +36,7 @@ ResultSink::ResultSink(const std::string& strFile, OpenMode tMode) : m_strFile(s
                         "Go on with it by --resume, replace it by --overwrite, or name "
                         "another file");
     if (m_nDescriptor == -1)
-        throw NotWritten(strFile, szChoose);
+        throw NotCreated(strFile, szChoose);
     if (flock(m_nDescriptor, LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK) {
         close(m_nDescriptor);
         throw ToolError(strFile, "is being written by another batch",

@@ -28,7 +28,8 @@ constexpr char szCross[] =
     "is sharp, evenly lit and darker than its paper";
 constexpr char szCentre[] = "Move the module or the chart until the cross lies in the middle of the picture, "
                             "and remove other dark things from there";
-constexpr char szBar[] = "Remove what covers the cross, and check for reflections and shadows on its bars";
+constexpr char szBar[] = "Remove what covers the cross, and check for reflections and shadows on its bars; "
+                         "check that the chart is not rolled by more than a few degrees";
 constexpr char szRoll[] =
     "Check that the picture is upright and the chart not rolled by more than a few degrees";
 constexpr char szFrame[] = "Bring the whole frame into view: check distance and aim, remove what covers the "

@@ -36,6 +36,13 @@ std::string Wrapped(const std::string& str, std::size_t nIndent) {
     return strLines;
 }
 
+std::string List(const std::string& strHeading, const std::vector<std::string>& aLines) {
+    std::string str = aLines.empty() ? "" : "\n" + strHeading + "\n";
+    for (const std::string& strLine : aLines)
+        str += "  " + Wrapped(strLine, 2) + "\n";
+    return str;
+}
+
 std::string Table(const std::vector<std::vector<std::string>>& aRows) {
     std::vector<std::size_t> anWidths;
     for (const auto& aCells : aRows) {

@@ -15,6 +15,9 @@ std::string Listed(const std::vector<std::string>& a);
 // Breaks a text that starts in column nIndent into lines that do so, too, and end before column 100.
 std::string Wrapped(const std::string& str, std::size_t nIndent);
 
+// A heading and its lines, each wrapped; nothing if there is no line.
+std::string List(const std::string& strHeading, const std::vector<std::string>& aLines);
+
 // Rows of as many cells; each column as wide as its widest cell, the first one flush left, the others right.
 std::string Table(const std::vector<std::vector<std::string>>& aRows);
 

@@ -26,8 +26,9 @@ constexpr std::array<SideCheck, 4> aSideChecks = {{
     {[](const CheckedSide& t) { return kLeastRead - ReadShareOf(t.tReading).value_or(kLeastRead); },
      [](const CheckedSide& t) {
          return "only " + std::to_string(t.tReading.nRead) + " of " + std::to_string(t.tReading.nLines) +
-                " lines across it show the frame, less than " + Fixed(kLeastRead, 0) +
-                " %. Remove what covers it, and check light and aim.";
+                " lines across where it was looked for show the frame, less than " + Fixed(kLeastRead, 0) +
+                " %. Check that the picture is unscaled with the whole frame in view, the chart at its "
+                "distance and not rolled by more than 3 degrees, the light even and the frame uncovered.";
      }},
     {[](const CheckedSide& t) {
          return t.tReading.oDark ? kLowContrast - (*t.tReading.oBright - *t.tReading.oDark) : 0;

@@ -15,22 +15,30 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
     const support::Plane tPaper = support::Paper();
     Write("blank.pgm", "P5 1728 972 255\n" + std::string(tPaper.aPixels.begin(), tPaper.aPixels.end()));
     EXPECT_EQ(Measure("blank.pgm slave.pgm", "--record failed.bin").nExit, 2);
-    std::string strFlipped = strRecord; // in the vector: the same bit of the first plain block
-    strFlipped[20] ^= 8;
     Write("short.bin", strRecord.substr(0, 178));
-    Write("flipped.bin", strFlipped);
+    // Byte 20 is the vector's: the same bit of the first plain block. The others no check covers.
+    for (const std::size_t nPlace : {0u, 8u, 10u, 20u, 165u}) {
+        std::string strFlipped = strRecord;
+        strFlipped[nPlace] ^= nPlace == 10 ? 1 : 8;
+        Write("flipped" + std::to_string(nPlace), strFlipped);
+    }
     const struct {
         std::string strArguments;
         int nExit;
-        const char* szHex;   // its start: noise may pass as decrypted
-        const char* szWords; // a part
+        const char* szHex;                       // its start: noise may pass as decrypted
+        const char* szWords;                     // a part
+        std::vector<std::string> aWarnings = {}; // parts of each
     } aCases[] = {
-        {"record.bin --calibration calibration.bin", 0, "0x0", "belongs to this module"},
+        {"record.bin --calibration calibration.bin", 0, "0x0", "those of this calibration"},
         {"record.bin --calibration other/calibration.bin", 2, "0x301000", "another module"},
         {"short.bin --calibration calibration.bin", 2, "0x3010001", "178 bytes, a whole one 194"},
         {"slave.pgm --calibration calibration.bin", 3, "", ""},
         {"other/truth.json --calibration calibration.bin", 2, "0x3010001", "does not begin as"},
-        {"flipped.bin --calibration calibration.bin", 2, "0x3010002", "is damaged"},
+        {"flipped20 --calibration calibration.bin", 2, "0x3010002", "is damaged"},
+        {"flipped0 --calibration calibration.bin", 0, "0x0", "another version", {"is 9.0; "}},
+        {"flipped8 --calibration calibration.bin", 0, "0x0", "damaged", {"0: 8."}},
+        {"flipped10 --calibration calibration.bin", 0, "0x0", "damaged", {"0: 10.", "11 bytes"}},
+        {"flipped165 --calibration calibration.bin", 0, "0x0", "damaged", {"128 reserved"}},
         {"failed.bin --calibration calibration.bin", 2, "0x3010003", "all zeros"},
     };
     for (const auto& t : aCases) {
@@ -43,6 +51,11 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
         EXPECT_EQ(tJson["exit_code"], t.nExit);
         EXPECT_TRUE(tJson["status"]["hex"].get<std::string>().starts_with(t.szHex)) << tJson;
         EXPECT_NE(tJson["status"]["words"].get<std::string>().find(t.szWords), std::string::npos) << tJson;
+        ASSERT_EQ(tJson["warnings"].size(), t.aWarnings.size()) << tJson;
+        EXPECT_EQ(tText.strOut.find("\nWarnings\n") == std::string::npos, t.aWarnings.empty());
+        for (std::size_t i = 0; i < t.aWarnings.size(); ++i)
+            EXPECT_NE(tJson["warnings"][i].get<std::string>().find(t.aWarnings[i]), std::string::npos)
+                << tJson;
         EXPECT_EQ(tJson["record"].is_null(), tJson["status"]["hex"] == "0x3010001");
         EXPECT_EQ(tText.strOut.find("focus line") == std::string::npos, tJson["record"].is_null());
         for (const char* const szAxis : {"x", "y"})
