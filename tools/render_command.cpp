@@ -7,6 +7,7 @@
 #include "option_checks.h"
 #include "render_study.h"
 #include "rendered_pair.h"
+#include "replacement.h"
 #include "text_table.h"
 
 #include <cmath>
@@ -35,7 +36,7 @@ struct Options {
     std::size_t nCount = 0;                  // of a study; 0 for a single pair
     std::size_t nRepeats = 1;
     double dRange = 1.5, dMasterRange = 0;
-    bool bResume = false;
+    bool bResume = false, bOverwrite = false;
 };
 
 // dRange: how far a study's angles are drawn away.
@@ -83,14 +84,24 @@ std::string Summary(const Options& t, const PairFiles& tFiles) {
 void RenderOne(const Options& t) {
     const chart::PairSetup tSetup = SetupOf(t);
     const PairFiles tFiles(t.strFolder);
+    const std::vector<NewFile> aFiles = RenderedFiles(tSetup, tFiles, t.tCapture.nSeed);
+    if (!t.bOverwrite)
+        RefuseToReplace(aFiles);
     CreateFolder(t.strFolder);
-    WritePair(tSetup, tFiles, t.tCapture.nSeed);
+    WriteFiles(aFiles);
     Print(Summary(t, tFiles));
 }
 
 ExitCode RenderMany(const Options& t) {
-    const Study tStudy = {t.strFolder, SetupOf(t), t.tCapture.nSeed, t.nCount,
-                          t.nRepeats,  t.dRange,   t.dMasterRange,   t.bResume};
+    const Study tStudy = {.strFolder = t.strFolder,
+                          .tCentre = SetupOf(t),
+                          .nSeed = t.tCapture.nSeed,
+                          .nCount = t.nCount,
+                          .nRepeats = t.nRepeats,
+                          .dRange = t.dRange,
+                          .dMasterRange = t.dMasterRange,
+                          .bResume = t.bResume,
+                          .bOverwrite = t.bOverwrite};
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
         std::fputs(("orvex-align: stopped after " + std::to_string(tOutcome.nPairs) + " of " +
@@ -172,7 +183,8 @@ void AddStudy(CLI::App& tCommand, Options& t) {
     };
     tCommand
         .add_flag("--resume", t.bResume,
-                  "Keep the first pairs that an interrupted study of the same options left whole")
+                  "Keep the first pairs that an interrupted study of the same options left whole; "
+                  "the others need --overwrite where they differ")
         ->needs(pCount);
     AddRange("--range", t.dRange, "How far each module's angles are drawn to both sides of --rx, --ry, --rz");
     AddRange("--master-range", t.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
@@ -184,12 +196,13 @@ constexpr char szDescription[] =
     "same options give the same bytes on every machine.\n"
     "With --count it is a study: a folder for each pair, 0001 and so on (0001-0001 with --repeats), with "
     "angles drawn uniformly, and last LIST.csv, ready for batch, with the columns id, master, slave, "
-    "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. Angles, noise and calibration "
-    "image of each module follow from --seed. A progress bar shows on a terminal.";
+    "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. An earlier list goes before the "
+    "first pair changes. Angles, noise and calibration image of each module follow from --seed. A progress "
+    "bar shows on a terminal.";
 
 constexpr std::array<ExitMeaning, 6> aExits = {{
     {kDone, "all files written"},
-    {kUnfitFile, "a file could not be written"},
+    {kUnfitFile, "a file could not be written, or is there with other content"},
     {kWrongUsage, "wrong usage"},
     {kSignal + 1, "stopped by the terminal's end (SIGHUP); a study goes on with --resume"},
     {kSignal + 2, "stopped by Ctrl-C (SIGINT), likewise"},
@@ -214,6 +227,8 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         ->required()
         ->check(FileName())
         ->type_name("DIR");
+    tCommand.add_flag("--overwrite", pOptions->bOverwrite,
+                      "Replace files that are there with other content; without it they are refused");
     AddPose(tCommand, *pOptions);
     tCommand
         .add_option("--size", pOptions->strSize,

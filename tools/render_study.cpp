@@ -7,6 +7,7 @@
 #include "json.h"
 #include "progress.h"
 #include "rendered_pair.h"
+#include "replacement.h"
 #include "stop_signals.h"
 
 #include <algorithm>
@@ -77,8 +78,12 @@ std::string LineOf(const StudyPair& t) {
                     Json(tTrue.dRy).dump(), Json(tTrue.dRz).dump()});
 }
 
+std::filesystem::path FolderOf(const Study& t, const StudyPair& tPair) {
+    return std::filesystem::path(t.strFolder) / tPair.strFolder;
+}
+
 PairFiles FilesOf(const Study& t, const StudyPair& tPair) {
-    return PairFiles(std::filesystem::path(t.strFolder) / tPair.strFolder);
+    return PairFiles(FolderOf(t, tPair));
 }
 
 std::size_t CountOf(const Study& t) {
@@ -96,30 +101,54 @@ std::size_t PairsThere(const Study& t) {
     return n;
 }
 
-void WriteList(const Study& t, const std::string& strFile) {
-    std::string strList = Head();
+NewFile ListOf(const Study& t) {
+    NewFile tList = {std::filesystem::path(t.strFolder) / "LIST.csv", Head()};
     for (std::size_t i = 0; i < CountOf(t); ++i)
-        strList += LineOf(PairOf(t, i));
-    WriteFiles({{strFile, strList}});
+        tList.strBytes += LineOf(PairOf(t, i));
+    return tList;
+}
+
+// As far as it shows before anything is rendered.
+void RefuseOtherStudy(const Study& t, const NewFile& tList) {
+    RefuseToReplace({tList});
+    std::error_code tIgnored; // what else is wrong with a name shows on writing
+    for (std::size_t i = 0; i < CountOf(t); ++i) {
+        const StudyPair tPair = PairOf(t, i);
+        if (std::filesystem::exists(FolderOf(t, tPair), tIgnored))
+            RefuseToReplace(NotesOf(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed));
+    }
+}
+
+// The list speaks of whole pairs as they are: it goes before one of them changes.
+void WriteStudyPair(const Study& t, const StudyPair& tPair, const std::string& strList) {
+    const PairFiles tFiles = FilesOf(t, tPair);
+    const std::vector<NewFile> aFiles = RenderedFiles(tPair.tSetup, tFiles, tPair.nCalibrationSeed);
+    if (std::ranges::all_of(aFiles, Holds))
+        return;
+    if (!t.bOverwrite)
+        RefuseToReplace(aFiles);
+    CreateFolder(FolderOf(t, tPair));
+    RemoveFile(strList);
+    WriteFiles(aFiles);
 }
 
 } // namespace
 
 StudyOutcome WriteStudy(const Study& t) {
+    const NewFile tList = ListOf(t);
+    if (!t.bOverwrite)
+        RefuseOtherStudy(t, tList);
     const StopSignals tStop;
     const std::size_t nThere = t.bResume ? PairsThere(t) : 0;
     Progress tProgress(nThere, CountOf(t));
     for (std::size_t i = nThere; i < CountOf(t); ++i) {
         if (const int nSignal = tStop.Take())
             return {"", nSignal, i};
-        const StudyPair tPair = PairOf(t, i);
-        CreateFolder(std::filesystem::path(t.strFolder) / tPair.strFolder);
-        WritePair(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed);
+        WriteStudyPair(t, PairOf(t, i), tList.strFile);
         tProgress.Step();
     }
-    const std::string strFile = std::filesystem::path(t.strFolder) / "LIST.csv";
-    WriteList(t, strFile);
-    return {strFile, 0, CountOf(t)};
+    WriteFiles({tList});
+    return {tList.strFile, 0, CountOf(t)};
 }
 
 } // namespace tools
