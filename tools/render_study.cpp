@@ -20,21 +20,45 @@ namespace {
 constexpr std::uint64_t nModuleStream = 0x20000;
 constexpr std::uint64_t nAngleStream = 0x20001;
 constexpr std::uint64_t nRepeatStream = 0x20002;
+constexpr std::uint64_t nCaptureStream = 0x20003;
 
 // Short enough to be typed after --seed and to be exact in every reader of JSON.
 std::uint64_t ShortSeed(std::uint64_t nSeed, std::uint64_t nStream, std::uint64_t n) {
     return chart::DerivedSeed(chart::DerivedSeed(nSeed, nStream), n) >> 11;
 }
 
-// From -dRange to dRange in steps of 0.0001 degrees, so that list and truth show the angle itself.
+// From 0 up to 1.
+double UnitDraw(std::uint64_t nSeed, std::uint64_t nStream, std::uint64_t n) {
+    return static_cast<double>(ShortSeed(nSeed, nStream, n)) / 0x1p53;
+}
+
+// In steps of 0.0001, so that list and truth show the number itself.
+double Stepped(double d) {
+    return std::round(d * 1e4) / 1e4;
+}
+
+// From -dRange to dRange.
 double Drawn(std::uint64_t nSeed, std::uint64_t n, double dRange) {
-    const double dUnit = static_cast<double>(ShortSeed(nSeed, nAngleStream, n)) / 0x1p53;
-    return std::round(dRange * (2 * dUnit - 1) * 1e4) / 1e4;
+    return Stepped(dRange * (2 * UnitDraw(nSeed, nAngleStream, n) - 1));
 }
 
 // Three draws from nFirst on.
 chart::Pose DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
     return {Drawn(nSeed, nFirst, dRange), Drawn(nSeed, nFirst + 1, dRange), Drawn(nSeed, nFirst + 2, dRange)};
+}
+
+double DrawnBetween(double dLowest, double dHighest, double dUnit) {
+    return std::clamp(Stepped(dLowest + (dHighest - dLowest) * dUnit), dLowest, dHighest);
+}
+
+// The pair's own seed draws first its noise, then its blur.
+chart::Capture DrawnCapture(const Study& t, std::uint64_t nSeed) {
+    chart::Capture tCapture = t.tCentre.tMasterCapture;
+    tCapture.dNoiseSigma =
+        DrawnBetween(tCapture.dNoiseSigma, t.dMaxNoise, UnitDraw(nSeed, nCaptureStream, 0));
+    tCapture.dBlurSigma = DrawnBetween(tCapture.dBlurSigma, t.dMaxBlur, UnitDraw(nSeed, nCaptureStream, 1));
+    tCapture.nSeed = nSeed;
+    return tCapture;
 }
 
 struct StudyPair {
@@ -60,8 +84,8 @@ StudyPair PairOf(const Study& t, std::size_t nPair) {
                        t.tCentre};
     tPair.tSetup.tRelativePose = t.tCentre.tRelativePose + DrawnPose(nSeed, 0, t.dRange);
     tPair.tSetup.tMasterPose = t.tCentre.tMasterPose + DrawnPose(nSeed, 3, t.dMasterRange);
-    tPair.tSetup.tMasterCapture.nSeed = tPair.tSetup.tSlaveCapture.nSeed =
-        nRepeat == 0 ? nSeed : ShortSeed(nSeed, nRepeatStream, nRepeat);
+    tPair.tSetup.tMasterCapture = tPair.tSetup.tSlaveCapture =
+        DrawnCapture(t, nRepeat == 0 ? nSeed : ShortSeed(nSeed, nRepeatStream, nRepeat));
     return tPair;
 }
 

@@ -33,6 +33,18 @@ TEST_F(RenderCommand, TruthTellsEveryOptionOfThePair) {
             EXPECT_EQ(tTruth[szCamera]["camera"].at(strKey), t) << szCamera << strKey;
 }
 
+TEST_F(RenderCommand, StudyDrawsTheSameNoiseAndBlurOnEveryMachine) {
+    Render("--count 3 --size 300x200 --noise 1 --max-noise 4 --blur 0.5 --max-blur 2");
+    const std::pair<double, double> aDrawn[] = {{3.3896, 1.1472}, {2.003, 1.2272}, {3.6465, 1.8707}};
+    for (std::size_t i = 0; i < std::size(aDrawn); ++i)
+        for (const char* const szCamera : {"master", "slave"}) {
+            const Json t =
+                Json::parse(Read("000" + std::to_string(i + 1) + "/truth.json"))[szCamera]["camera"];
+            EXPECT_EQ(t["noise_sigma_grey"], aDrawn[i].first);
+            EXPECT_EQ(t["blur_sigma_px"], aDrawn[i].second);
+        }
+}
+
 TEST_F(RenderCommand, SameSeedGivesTheSameFilesAndAnotherSeedOthers) {
     Render("--noise 2 --seed 5", "one/below");
     Render("--noise 2 --seed 5", "two");
