@@ -7,18 +7,21 @@
 #include "option_checks.h"
 #include "render_study.h"
 #include "rendered_pair.h"
+#include "replacement.h"
 #include "text_table.h"
 
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace tools {
 namespace {
 
 // The renderer's range, for each camera and axis.
 constexpr double dMaxAngle = 45.0;
+constexpr double dMaxNoise = 255.0;
 
 // Edges sharper than a lens draws them cost the measurement some hundredths of a degree.
 chart::Capture LensCapture() {
@@ -35,7 +38,8 @@ struct Options {
     std::size_t nCount = 0;                  // of a study; 0 for a single pair
     std::size_t nRepeats = 1;
     double dRange = 1.5, dMasterRange = 0;
-    bool bResume = false;
+    std::optional<double> oMaxNoise, oMaxBlur; // of a study with values drawn up to them
+    bool bResume = false, bOverwrite = false;
 };
 
 // dRange: how far a study's angles are drawn away.
@@ -64,6 +68,14 @@ chart::PairSetup SetupOf(const Options& t) {
     return tSetup;
 }
 
+// What a study draws up to, from dLowest on.
+double Highest(const char* szName, double dLowest, const std::optional<double>& oMax) {
+    if (oMax && *oMax < dLowest)
+        throw CLI::ValidationError(std::string("--max-") + szName,
+                                   Fixed(*oMax, 4) + " is below --" + szName + ", " + Fixed(dLowest, 4));
+    return oMax.value_or(dLowest);
+}
+
 std::vector<std::string> Row(const std::string& strFile, const chart::Pose& t) {
     return {strFile, Fixed(t.dRx, 4), Fixed(t.dRy, 4), Fixed(t.dRz, 4)};
 }
@@ -83,14 +95,26 @@ std::string Summary(const Options& t, const PairFiles& tFiles) {
 void RenderOne(const Options& t) {
     const chart::PairSetup tSetup = SetupOf(t);
     const PairFiles tFiles(t.strFolder);
+    const std::vector<NewFile> aFiles = RenderedFiles(tSetup, tFiles, t.tCapture.nSeed);
+    if (!t.bOverwrite)
+        RefuseToReplace(aFiles);
     CreateFolder(t.strFolder);
-    WritePair(tSetup, tFiles, t.tCapture.nSeed);
+    WriteFiles(aFiles);
     Print(Summary(t, tFiles));
 }
 
 ExitCode RenderMany(const Options& t) {
-    const Study tStudy = {t.strFolder, SetupOf(t), t.tCapture.nSeed, t.nCount,
-                          t.nRepeats,  t.dRange,   t.dMasterRange,   t.bResume};
+    const Study tStudy = {.strFolder = t.strFolder,
+                          .tCentre = SetupOf(t),
+                          .nSeed = t.tCapture.nSeed,
+                          .nCount = t.nCount,
+                          .nRepeats = t.nRepeats,
+                          .dRange = t.dRange,
+                          .dMasterRange = t.dMasterRange,
+                          .dMaxNoise = Highest("noise", t.tCapture.dNoiseSigma, t.oMaxNoise),
+                          .dMaxBlur = Highest("blur", t.tCapture.dBlurSigma, t.oMaxBlur),
+                          .bResume = t.bResume,
+                          .bOverwrite = t.bOverwrite};
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
         std::fputs(("orvex-align: stopped after " + std::to_string(tOutcome.nPairs) + " of " +
@@ -139,7 +163,7 @@ void AddPose(CLI::App& tCommand, Options& t) {
 void AddCapture(CLI::App& tCommand, chart::Capture& t) {
     AddNumber(tCommand, "--blur", t.dBlurSigma, 0, chart::kMaxBlurSigma, "PX", "Blur, standard deviation",
               " px");
-    AddNumber(tCommand, "--noise", t.dNoiseSigma, 0, 255, "GREY", "Noise, standard deviation",
+    AddNumber(tCommand, "--noise", t.dNoiseSigma, 0, dMaxNoise, "GREY", "Noise, standard deviation",
               " grey levels");
     AddNumber(tCommand, "--vignetting", t.dVignetting, 0, 1, "SHARE",
               "Share of the light lost at the picture's corners", "");
@@ -172,10 +196,23 @@ void AddStudy(CLI::App& tCommand, Options& t) {
     };
     tCommand
         .add_flag("--resume", t.bResume,
-                  "Keep the first pairs that an interrupted study of the same options left whole")
+                  "Keep the first pairs that an interrupted study of the same options left whole; "
+                  "the others need --overwrite where they differ")
         ->needs(pCount);
     AddRange("--range", t.dRange, "How far each module's angles are drawn to both sides of --rx, --ry, --rz");
     AddRange("--master-range", t.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
+}
+
+// Not given: all pairs have the lowest.
+void AddHighest(CLI::App& tCommand, const std::string& strOf, std::optional<double>& o, double dHighest,
+                const char* szType) {
+    tCommand
+        .add_option("--max-" + strOf, o,
+                    "Draw each pair's " + strOf + " uniformly from --" + strOf + " to this, at most " +
+                        Fixed(dHighest, 0))
+        ->check(Within(0, dHighest))
+        ->type_name(szType)
+        ->needs(tCommand.get_option("--count"));
 }
 
 constexpr char szDescription[] =
@@ -184,12 +221,14 @@ constexpr char szDescription[] =
     "same options give the same bytes on every machine.\n"
     "With --count it is a study: a folder for each pair, 0001 and so on (0001-0001 with --repeats), with "
     "angles drawn uniformly, and last LIST.csv, ready for batch, with the columns id, master, slave, "
-    "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. Angles, noise and calibration "
-    "image of each module follow from --seed. A progress bar shows on a terminal.";
+    "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. An earlier list goes before the "
+    "first pair changes. Angles, noise and calibration image of each module follow from --seed, likewise the "
+    "pairs' levels of noise and blur with --max-noise and --max-blur, which truth.json tells. A progress bar "
+    "shows on a terminal.";
 
 constexpr std::array<ExitMeaning, 6> aExits = {{
     {kDone, "all files written"},
-    {kUnfitFile, "a file could not be written"},
+    {kUnfitFile, "a file could not be written, or is there with other content"},
     {kWrongUsage, "wrong usage"},
     {kSignal + 1, "stopped by the terminal's end (SIGHUP); a study goes on with --resume"},
     {kSignal + 2, "stopped by Ctrl-C (SIGINT), likewise"},
@@ -199,6 +238,7 @@ constexpr std::array<ExitMeaning, 6> aExits = {{
 std::string Footer() {
     return ExamplesHelp({"orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2",
                          "orvex-align render --out study --count 200 --range 1.5 --noise 2",
+                         "orvex-align render --out range --count 200 --noise 1 --max-noise 4 --max-blur 2.5",
                          "orvex-align render --out gauge --count 10 --repeats 5 --noise 2"}) +
            ExitCodesHelp(aExits);
 }
@@ -214,6 +254,8 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         ->required()
         ->check(FileName())
         ->type_name("DIR");
+    tCommand.add_flag("--overwrite", pOptions->bOverwrite,
+                      "Replace files that are there with other content; without it they are refused");
     AddPose(tCommand, *pOptions);
     tCommand
         .add_option("--size", pOptions->strSize,
@@ -223,6 +265,8 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         ->capture_default_str();
     AddCapture(tCommand, pOptions->tCapture);
     AddStudy(tCommand, *pOptions);
+    AddHighest(tCommand, "noise", pOptions->oMaxNoise, dMaxNoise, "GREY");
+    AddHighest(tCommand, "blur", pOptions->oMaxBlur, chart::kMaxBlurSigma, "PX");
     tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
 }

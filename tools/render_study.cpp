@@ -7,6 +7,7 @@
 #include "json.h"
 #include "progress.h"
 #include "rendered_pair.h"
+#include "replacement.h"
 #include "stop_signals.h"
 
 #include <algorithm>
@@ -19,21 +20,45 @@ namespace {
 constexpr std::uint64_t nModuleStream = 0x20000;
 constexpr std::uint64_t nAngleStream = 0x20001;
 constexpr std::uint64_t nRepeatStream = 0x20002;
+constexpr std::uint64_t nCaptureStream = 0x20003;
 
 // Short enough to be typed after --seed and to be exact in every reader of JSON.
 std::uint64_t ShortSeed(std::uint64_t nSeed, std::uint64_t nStream, std::uint64_t n) {
     return chart::DerivedSeed(chart::DerivedSeed(nSeed, nStream), n) >> 11;
 }
 
-// From -dRange to dRange in steps of 0.0001 degrees, so that list and truth show the angle itself.
+// From 0 up to 1.
+double UnitDraw(std::uint64_t nSeed, std::uint64_t nStream, std::uint64_t n) {
+    return static_cast<double>(ShortSeed(nSeed, nStream, n)) / 0x1p53;
+}
+
+// In steps of 0.0001, so that list and truth show the number itself.
+double Stepped(double d) {
+    return std::round(d * 1e4) / 1e4;
+}
+
+// From -dRange to dRange.
 double Drawn(std::uint64_t nSeed, std::uint64_t n, double dRange) {
-    const double dUnit = static_cast<double>(ShortSeed(nSeed, nAngleStream, n)) / 0x1p53;
-    return std::round(dRange * (2 * dUnit - 1) * 1e4) / 1e4;
+    return Stepped(dRange * (2 * UnitDraw(nSeed, nAngleStream, n) - 1));
 }
 
 // Three draws from nFirst on.
 chart::Pose DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
     return {Drawn(nSeed, nFirst, dRange), Drawn(nSeed, nFirst + 1, dRange), Drawn(nSeed, nFirst + 2, dRange)};
+}
+
+double DrawnBetween(double dLowest, double dHighest, double dUnit) {
+    return std::clamp(Stepped(dLowest + (dHighest - dLowest) * dUnit), dLowest, dHighest);
+}
+
+// The pair's own seed draws first its noise, then its blur.
+chart::Capture DrawnCapture(const Study& t, std::uint64_t nSeed) {
+    chart::Capture tCapture = t.tCentre.tMasterCapture;
+    tCapture.dNoiseSigma =
+        DrawnBetween(tCapture.dNoiseSigma, t.dMaxNoise, UnitDraw(nSeed, nCaptureStream, 0));
+    tCapture.dBlurSigma = DrawnBetween(tCapture.dBlurSigma, t.dMaxBlur, UnitDraw(nSeed, nCaptureStream, 1));
+    tCapture.nSeed = nSeed;
+    return tCapture;
 }
 
 struct StudyPair {
@@ -59,8 +84,8 @@ StudyPair PairOf(const Study& t, std::size_t nPair) {
                        t.tCentre};
     tPair.tSetup.tRelativePose = t.tCentre.tRelativePose + DrawnPose(nSeed, 0, t.dRange);
     tPair.tSetup.tMasterPose = t.tCentre.tMasterPose + DrawnPose(nSeed, 3, t.dMasterRange);
-    tPair.tSetup.tMasterCapture.nSeed = tPair.tSetup.tSlaveCapture.nSeed =
-        nRepeat == 0 ? nSeed : ShortSeed(nSeed, nRepeatStream, nRepeat);
+    tPair.tSetup.tMasterCapture = tPair.tSetup.tSlaveCapture =
+        DrawnCapture(t, nRepeat == 0 ? nSeed : ShortSeed(nSeed, nRepeatStream, nRepeat));
     return tPair;
 }
 
@@ -77,8 +102,12 @@ std::string LineOf(const StudyPair& t) {
                     Json(tTrue.dRy).dump(), Json(tTrue.dRz).dump()});
 }
 
+std::filesystem::path FolderOf(const Study& t, const StudyPair& tPair) {
+    return std::filesystem::path(t.strFolder) / tPair.strFolder;
+}
+
 PairFiles FilesOf(const Study& t, const StudyPair& tPair) {
-    return PairFiles(std::filesystem::path(t.strFolder) / tPair.strFolder);
+    return PairFiles(FolderOf(t, tPair));
 }
 
 std::size_t CountOf(const Study& t) {
@@ -96,30 +125,54 @@ std::size_t PairsThere(const Study& t) {
     return n;
 }
 
-void WriteList(const Study& t, const std::string& strFile) {
-    std::string strList = Head();
+NewFile ListOf(const Study& t) {
+    NewFile tList = {std::filesystem::path(t.strFolder) / "LIST.csv", Head()};
     for (std::size_t i = 0; i < CountOf(t); ++i)
-        strList += LineOf(PairOf(t, i));
-    WriteFiles({{strFile, strList}});
+        tList.strBytes += LineOf(PairOf(t, i));
+    return tList;
+}
+
+// As far as it shows before anything is rendered.
+void RefuseOtherStudy(const Study& t, const NewFile& tList) {
+    RefuseToReplace({tList});
+    std::error_code tIgnored; // what else is wrong with a name shows on writing
+    for (std::size_t i = 0; i < CountOf(t); ++i) {
+        const StudyPair tPair = PairOf(t, i);
+        if (std::filesystem::exists(FolderOf(t, tPair), tIgnored))
+            RefuseToReplace(NotesOf(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed));
+    }
+}
+
+// The list speaks of whole pairs as they are: it goes before one of them changes.
+void WriteStudyPair(const Study& t, const StudyPair& tPair, const std::string& strList) {
+    const PairFiles tFiles = FilesOf(t, tPair);
+    const std::vector<NewFile> aFiles = RenderedFiles(tPair.tSetup, tFiles, tPair.nCalibrationSeed);
+    if (std::ranges::all_of(aFiles, Holds))
+        return;
+    if (!t.bOverwrite)
+        RefuseToReplace(aFiles);
+    CreateFolder(FolderOf(t, tPair));
+    RemoveFile(strList);
+    WriteFiles(aFiles);
 }
 
 } // namespace
 
 StudyOutcome WriteStudy(const Study& t) {
+    const NewFile tList = ListOf(t);
+    if (!t.bOverwrite)
+        RefuseOtherStudy(t, tList);
     const StopSignals tStop;
     const std::size_t nThere = t.bResume ? PairsThere(t) : 0;
     Progress tProgress(nThere, CountOf(t));
     for (std::size_t i = nThere; i < CountOf(t); ++i) {
         if (const int nSignal = tStop.Take())
             return {"", nSignal, i};
-        const StudyPair tPair = PairOf(t, i);
-        CreateFolder(std::filesystem::path(t.strFolder) / tPair.strFolder);
-        WritePair(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed);
+        WriteStudyPair(t, PairOf(t, i), tList.strFile);
         tProgress.Step();
     }
-    const std::string strFile = std::filesystem::path(t.strFolder) / "LIST.csv";
-    WriteList(t, strFile);
-    return {strFile, 0, CountOf(t)};
+    WriteFiles({tList});
+    return {tList.strFile, 0, CountOf(t)};
 }
 
 } // namespace tools

@@ -7,7 +7,7 @@
 
 namespace tools {
 
-// Many pairs whose angles are drawn uniformly around those of one setup.
+// Many pairs whose angles are drawn uniformly around those of one setup, noise and blur from its own upwards.
 struct Study {
     std::string strFolder;
     chart::PairSetup tCentre;
@@ -15,7 +15,9 @@ struct Study {
     std::size_t nCount;          // modules, each with angles of its own
     std::size_t nRepeats;        // pairs of one module, each with noise of its own
     double dRange, dMasterRange; // degrees to both sides
+    double dMaxNoise, dMaxBlur;  // of both cameras: grey levels, px
     bool bResume;                // keep the pairs that are there, rendered alike
+    bool bOverwrite;             // replace files that are there with other content
 };
 
 struct StudyOutcome {
@@ -24,8 +26,8 @@ struct StudyOutcome {
     std::size_t nPairs;  // there
 };
 
-// Writes each pair into a folder of its own and, when all are there, the list with their true angles. Throws
-// ToolError.
+// Writes each pair into a folder of its own and, when all are there, the list with their true angles. A list
+// that is there goes before the first pair changes. Throws ToolError.
 StudyOutcome WriteStudy(const Study& t);
 
 } // namespace tools

@@ -2,9 +2,9 @@
 #define ORVEX_TOOLS_RENDERED_PAIR_H
 
 #include "chart/pair.h"
+#include "files.h"
 
 #include <filesystem>
-#include <string>
 
 namespace tools {
 
@@ -16,8 +16,13 @@ struct PairFiles {
     std::string strMaster, strSlave, strTruth, strCalibration;
 };
 
-// Renders the pair and writes its four files, all or none. Throws ToolError.
-void WritePair(const chart::PairSetup& tSetup, const PairFiles& tFiles, std::uint64_t nCalibrationSeed);
+// The pair's truth and calibration. The truth tells all that the pictures are rendered with.
+std::vector<NewFile> NotesOf(const chart::PairSetup& tSetup, const PairFiles& tFiles,
+                             std::uint64_t nCalibrationSeed);
+
+// All four files, with the pictures rendered.
+std::vector<NewFile> RenderedFiles(const chart::PairSetup& tSetup, const PairFiles& tFiles,
+                                   std::uint64_t nCalibrationSeed);
 
 // Whether these four files are there whole: truth and calibration byte by byte, the pictures by their sizes.
 bool IsWritten(const chart::PairSetup& tSetup, const PairFiles& tFiles, std::uint64_t nCalibrationSeed);

@@ -74,6 +74,8 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
         {"render --out x --size 65535x65535", {"at most 100000000 px"}},
         {"render --out x --rx 40 --count 2 --range 6", {"40.0000 deg +- 6.0000 deg, is beyond 45 deg"}},
         {"render --out x --range 1", {"--range requires --count"}},
+        {"render --out x --count 2 --noise 3 --max-noise 2",
+         {"--max-noise: 2.0000 is below --noise, 3.0000"}},
         {"batch x --jobs 0", {"\"0\" is not a number from 1 to 1024"}},
         {"batch x --resume", {"needs --out"}},
         {"batch ''", {"LIST.csv: the name is empty"}},

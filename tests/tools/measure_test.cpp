@@ -36,7 +36,7 @@ TEST_F(MeasureCommand, RenderedPairComesOutAtItsTruthInTextAndJson) {
     };
     for (const char* const szPose : aszPoses) {
         SCOPED_TRACE(szPose);
-        Render(szPose);
+        Render(std::string("--overwrite ") + szPose);
         const Json tJson = MeasureAsJson(strPair, "--truth truth.json"), tTruth = tJson["truth"];
         EXPECT_EQ(NumbersIn(tTruth).size(), 3u * (3 + 2 * 10)) << "angles; per camera centre and corners";
         for (const std::string& strPath : NumbersIn(tTruth))
