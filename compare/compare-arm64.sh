@@ -43,7 +43,7 @@ measure() {
         (
             trap - EXIT INT
             # shellcheck disable=SC2086 # no word if there is no emulator
-            run "$name" "$part" $emulator "$build/$name/tests/measured_bits"
+            run "$name" "$part" $emulator "$build/$name/compare/measured_bits"
         ) &
         running="$running $!"
     done
@@ -56,7 +56,7 @@ measure() {
             code=$(cat "$file") ended=$((ended + 1))
             if [ "$code" != 0 ]; then
                 part=${file%.ended}
-                echo "$build/$name/tests/measured_bits: part ${part##*.} of $jobs ended with $code;" \
+                echo "$build/$name/compare/measured_bits: part ${part##*.} of $jobs ended with $code;" \
                     "run it with \"${part##*.} $jobs\" to see why. Nothing was compared." >&2
                 exit 1
             fi
@@ -80,6 +80,6 @@ measure arm64 qemu-aarch64
 
 failed=0
 for other in clang arm64; do
-    "$build/release/tests/compare_bits" "$results/release.bits" "$results/$other.bits" || failed=1
+    "$build/release/compare/compare_bits" "$results/release.bits" "$results/$other.bits" || failed=1
 done
 exit $failed
