@@ -1,5 +1,6 @@
 #include "batch_warnings.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace tools {
@@ -20,16 +21,20 @@ std::string WithoutSides(const std::string& str) {
     return str;
 }
 
-std::string WithoutNumbers(const std::string& str) {
+// Behind its last digit: a full stop is not part of it.
+std::size_t EndOfNumber(const std::string& str, std::size_t nStart) {
+    const std::size_t nEnd = std::min(str.find_first_not_of("0123456789.", nStart), str.size());
+    return str.find_last_not_of('.', nEnd - 1) + 1;
+}
+
+// A limit, as in "more than 0.3 px", is the same in all rows and stays.
+std::string WithoutMeasuredNumbers(const std::string& str) {
     std::string strRest;
-    for (std::size_t i = 0; i < str.size(); ++i) {
-        const bool bBehindDigit = i > 0 && IsDigit(str[i - 1]), bDigit = IsDigit(str[i]);
-        const bool bPoint = bBehindDigit && str[i] == '.' && i + 1 < str.size() && IsDigit(str[i + 1]);
-        const bool bFraction = bDigit && i > 1 && str[i - 1] == '.' && IsDigit(str[i - 2]);
-        if (!bDigit && !bPoint)
-            strRest += str[i];
-        else if (bDigit && !bBehindDigit && !bFraction)
-            strRest += 'N';
+    for (std::size_t i = 0; i < str.size();) {
+        const bool bNumber = IsDigit(str[i]);
+        const std::size_t nEnd = bNumber ? EndOfNumber(str, i) : i + 1;
+        strRest += bNumber && !strRest.ends_with("than ") ? "N" : str.substr(i, nEnd - i);
+        i = nEnd;
     }
     return strRest;
 }
@@ -47,7 +52,7 @@ std::vector<std::string> WarningKinds(const std::string& strCell) {
     std::vector<std::string> a;
     for (std::size_t nStart = 0, nEnd = 0; nEnd != strCell.npos; nStart = nEnd + strBetween.size()) {
         nEnd = strCell.find(strBetween, nStart);
-        a.push_back(WithoutNumbers(WithoutSides(strCell.substr(nStart, nEnd - nStart))));
+        a.push_back(WithoutMeasuredNumbers(WithoutSides(strCell.substr(nStart, nEnd - nStart))));
     }
     return a;
 }

@@ -9,7 +9,8 @@ namespace tools {
 // All of a row's warnings in one cell.
 std::string JoinedWarnings(const std::vector<std::string>& a);
 
-// What each of them warns of, without what differs from row to row: N for every number, and no sides.
+// What each of them warns of, without what differs from row to row: N for every measured number, and no
+// sides.
 std::vector<std::string> WarningKinds(const std::string& strCell);
 
 } // namespace tools

@@ -215,8 +215,9 @@ TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
         tRow["id"] = szId;
         tRow["raw_rx_deg"] = nRx;
         if (nRx != 1)
-            tRow["warnings"] = nRx == 5 ? "slave camera, left, top sides: at worst 1.5 of 30 px; x. | y"
-                                        : "slave camera, left side: 0.25 of 3 px; x.";
+            tRow["warnings"] =
+                nRx == 5 ? "slave camera, left, top sides: at worst 1.5 px, more than 0.3 px; 30. | y"
+                         : "slave camera, left side: 12 px, more than 0.3 px; 5.";
         strRows += tRow.dump() + "\n";
         strList += szId + std::string(",0001/master.pgm,0001/slave.pgm,0001/calibration.bin,1,0,0\n");
     }
@@ -225,7 +226,7 @@ TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     const std::string strOut = Run("batch L --resume --out r --format jsonl --repeatability").strOut;
     for (const char* const szPart :
          {"\n3 rows measured with warnings: their angles may be wrong (id B, A)\n"
-          "  3 x slave camera: N of N px; x.\n  1 x y\n",
+          "  3 x slave camera: N px, more than 0.3 px; N.\n  1 x y\n",
           "  3 of 4 measured rows carry warnings;", "  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
           "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
           "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"})
