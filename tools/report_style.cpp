@@ -54,6 +54,7 @@ rect, line, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scal
 .screen { filter: drop-shadow(0 0 0.8px #fff) drop-shadow(0 0 0.8px #fff); }
 .screen text { font: 600 13px system-ui, sans-serif; text-rendering: geometricPrecision; }
 .window { --c: #0a58ca; } .frame { --c: #c2410c; } .cross { --c: #d6007f; } .side { --c: #0a8f3c; }
+.fitted { --c: #9a5cf5; }
 rect, line, .screen path, .screen circle { stroke: var(--c); }
 .screen text { fill: var(--c); }
 .legend i { background: var(--c); }
@@ -62,6 +63,7 @@ rect, line, .screen path, .screen circle { stroke: var(--c); }
 line { stroke-width: 2px; }
 .cross line { stroke: #ff5cc0; }
 .side line { stroke: #3ddc84; }
+.fitted line { stroke-dasharray: 10 8; }
 .screen circle { stroke-width: 2px; }
 footer { padding: 0 20px 20px; color: var(--soft); font-size: 14px; }
 @media print { .tools, .legend input { display: none; } }

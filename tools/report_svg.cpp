@@ -82,7 +82,18 @@ std::string Sides(const std::string& strCamera, const CameraMeasurement& t) {
     for (const SideName& n : kSides)
         if (t.aoCorners[n.nFrom] && t.aoCorners[n.nTo])
             str += Line(strCamera + "-side-" + n.szKey, *t.aoCorners[n.nFrom], *t.aoCorners[n.nTo],
-                        std::string(n.szKey) + " side");
+                        std::string(n.szKey) + " side, between its measured corners");
+    return str;
+}
+
+// The lines whose residual is told: of every side that was read, also where a corner is missing.
+std::string FittedLines(const std::string& strCamera, const CameraTrust& t) {
+    std::string str;
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        if (const std::optional<SideReading>& o = t.aoSides[i]; o && o->oEnds)
+            str += Line(strCamera + "-fitted-" + kSides[i].szKey, (*o->oEnds)[0], (*o->oEnds)[1],
+                        std::string("line fitted along the ") + kSides[i].szKey + " side, residual " +
+                            Fixed(*o->oResidual, 3) + " px");
     return str;
 }
 
@@ -105,7 +116,7 @@ std::vector<Mark> MarksOf(const CameraMeasurement& t) {
 }
 
 std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasurement& tMeasured,
-                  const StageView& tView) {
+                  const StageView& tView, const CameraTrust& tTrust) {
     const std::string strCamera = NameOf(tCamera);
     std::string strCentre, strCorners;
     // Corners are not measured without a centre.
@@ -123,7 +134,10 @@ std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasureme
                  Box(strCamera + "-frame-outer", tView.oOuterFrame, "outer frame rectangle") +
                      Box(strCamera + "-frame-inner", tView.oInnerFrame, "inner frame rectangle")) +
            Layer(kShapeKinds[2], Cross(strCamera, tMeasured) + strCentre) +
-           Layer(kShapeKinds[3], Sides(strCamera, tMeasured) + strCorners) + "</svg>\n";
+           // Fitted lines and sides mostly coincide; the marks stay above both.
+           Layer(kShapeKinds[3], Sides(strCamera, tMeasured)) +
+           Layer(kShapeKinds[4], FittedLines(strCamera, tTrust)) + Layer(kShapeKinds[3], strCorners) +
+           "</svg>\n";
 }
 
 } // namespace tools

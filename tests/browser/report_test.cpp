@@ -89,6 +89,22 @@ void ExpectFrameAround(const Json& tShapes, const std::string& strCamera, const 
     }
 }
 
+// Every fitted line, and no other, is drawn and goes with its box in the legend.
+void ExpectFittedLines(const Json& tSeen, const Json& tTrust, std::size_t nLines) {
+    for (const std::string strCamera : {"master", "slave"})
+        for (const auto& [strSide, tLine] : tTrust[strCamera]["side_line_px"].items()) {
+            const std::string strId = strCamera + "-fitted-" + strSide;
+            SCOPED_TRACE(strId);
+            const bool bFitted = tLine["from"]["x"].is_number();
+            EXPECT_EQ(bFitted, tTrust[strCamera]["side_residual_px"][strSide].is_number());
+            ASSERT_EQ(tSeen["shapes"].contains(strId), bFitted);
+            for (const char* const szEnd : {"from", "to"})
+                if (bFitted)
+                    ExpectAt(tSeen["shapes"][strId][szEnd], tLine[szEnd]);
+        }
+    EXPECT_EQ(tSeen["hidden"].size(), nLines) << tSeen["hidden"];
+}
+
 void ExpectMeasuredShapes(const Json& tSeen, const std::string& strCamera, const Json& tCamera) {
     SCOPED_TRACE(strCamera);
     const Json& tShapes = tSeen["shapes"];
@@ -106,10 +122,11 @@ void ExpectMeasuredShapes(const Json& tSeen, const std::string& strCamera, const
     EXPECT_NEAR(tWindow.dRight - tWindow.dLeft, 0.45 * nColumns, 1.5);
     EXPECT_NEAR(tWindow.dBottom - tWindow.dTop, 0.45 * nRows, 1.5);
     EXPECT_NEAR((tWindow.dLeft + tWindow.dRight) / 2, tCentre["x"], 8) << "the coarse centre lies on the bar";
-    const Box tBar = BoxOf(tShapes[strCamera + "-bar-horizontal"]);
-    EXPECT_NEAR((tBar.dTop + tBar.dBottom) / 2, tCentre["y"], dTolerance);
-    EXPECT_NEAR(std::atan2(tBar.dBottom - tBar.dTop, tBar.dRight - tBar.dLeft) * 180 / M_PI,
-                std::fabs(tCamera["cross_angle_deg"].get<double>()), 0.001);
+    const Json tBar = tShapes[strCamera + "-bar-horizontal"].flatten();
+    const double dRise = double(tBar["/from/y"]) - double(tBar["/to/y"]);
+    EXPECT_NEAR(double(tBar["/to/y"]) + dRise / 2, tCentre["y"], dTolerance);
+    EXPECT_NEAR(std::atan2(dRise, double(tBar["/to/x"]) - double(tBar["/from/x"])) * 180 / M_PI,
+                tCamera["cross_angle_deg"], 0.001);
 
     const Json& tCorners = tCamera["corners_px"];
     ExpectFrameAround(tShapes, strCamera, tCorners);
@@ -122,11 +139,9 @@ void ExpectMeasuredShapes(const Json& tSeen, const std::string& strCamera, const
         EXPECT_NEAR(tZoomed["ring"], 16, 1) << "screen px at every zoom";
         EXPECT_LT(tZoomed["view"], nColumns / 20);
     }
-    const Box tLeft = BoxOf(tShapes[strCamera + "-side-left"]),
-              tTop = BoxOf(tShapes[strCamera + "-side-top"]);
-    EXPECT_NEAR(tLeft.dTop, tCorners["left_top"]["y"], dTolerance);
-    EXPECT_NEAR(tLeft.dBottom, tCorners["left_down"]["y"], dTolerance);
-    EXPECT_NEAR(tTop.dRight, tCorners["right_top"]["x"], dTolerance);
+    ExpectAt(tShapes[strCamera + "-side-left"]["from"], tCorners["left_top"]);
+    ExpectAt(tShapes[strCamera + "-side-left"]["to"], tCorners["left_down"]);
+    ExpectAt(tShapes[strCamera + "-side-top"]["to"], tCorners["right_top"]);
 }
 
 } // namespace
@@ -140,6 +155,7 @@ TEST_F(ReportInBrowser, PassingPairStandsWhereItWasMeasured) {
         EXPECT_LE(tSeen["overflow"], 0);
         for (const std::string strCamera : {"master", "slave"})
             ExpectMeasuredShapes(tSeen, strCamera, tJson[strCamera]);
+        ExpectFittedLines(tSeen, tJson["trust"], 8);
     }
     Photograph("passing-wide", "--window-size=1400,1500");
     Photograph("passing-narrow", "--window-size=500,2600");
@@ -154,24 +170,27 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
         Plane tPicture;
         std::string strPictures;
         const char* szStopped;
-        std::size_t nMaster, nSlave; // shapes
+        std::size_t nMaster, nSlave; // shapes, without fitted lines
+        std::size_t nFitted;         // in both pictures
     } aCases[] = {
         {"frame", UprightChart().Fill(1300, 700, 1727, 971, ubPaper), strQuoted + "slave.pgm",
-         "frame location: no edge", 5, 1},
-        {"blank", Paper(), strQuoted + "slave.pgm", "centre cross: ", 2, 1},
+         "frame location: no edge", 5, 1, 4},
+        {"blank", Paper(), strQuoted + "slave.pgm", "centre cross: ", 2, 1, 0},
         // All: picture, window, 2 frame rectangles, 2 bars, centre, 4 corners, 4 sides.
         {"corner", WithoutRightDown(), "master.pgm" + strQuoted,
-         "corner points: the frame's line is not found", 15, 12},
+         "corner points: the frame's line is not found", 15, 12, 8},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szName);
         Write(strName,
               "P5\n1728 972\n255\n" + std::string(t.tPicture.aPixels.begin(), t.tPicture.aPixels.end()));
-        EXPECT_EQ(Measure(t.strPictures, "--report report.html").nExit, 2);
-        const Json tSeen = SeenIn("1400,1000");
+        const Json tJson = MeasureAsJson(t.strPictures, "--report report.html"), tSeen = SeenIn("1400,1000");
+        EXPECT_EQ(tJson["exit_code"], 2);
+        ExpectFittedLines(tSeen, tJson["trust"], t.nFitted);
         std::size_t nMaster = 0, nSlave = 0;
         for (const auto& [strId, tShape] : tSeen["shapes"].items())
-            ++(strId.starts_with("master") ? nMaster : nSlave);
+            if (strId.find("-fitted-") == strId.npos)
+                ++(strId.starts_with("master") ? nMaster : nSlave);
         EXPECT_EQ(nMaster, t.nMaster) << tSeen["shapes"];
         EXPECT_EQ(nSlave, t.nSlave) << tSeen["shapes"];
         const std::string strCaptions = tSeen["captions"].dump(), strShown = Json(strName).dump();

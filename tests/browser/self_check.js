@@ -1,20 +1,29 @@
 'use strict';
 // Where the page's shapes stand, in picture pixels, as the browser laid them out. Appended to a copy of a report.
 addEventListener('load', () => {
-  const seen = {shapes: {}, pictures: {}, zoomed: {}};
+  const seen = {shapes: {}, pictures: {}, zoomed: {}, hidden: []};
   const place = e => {
     const m = e.ownerSVGElement.getScreenCTM().inverse().multiply(e.getScreenCTM());
     if (e.classList.contains('mark'))
       return {x: m.e, y: m.f};
-    const b = e.getBBox(), p = new DOMPoint(b.x, b.y).matrixTransform(m);
-    return {x: p.x, y: p.y, width: b.width * m.a, height: b.height * m.d};
+    const at = (x, y) => { const p = new DOMPoint(x, y).matrixTransform(m); return {x: p.x, y: p.y}; };
+    const v = name => e[name].baseVal.value;
+    if (e.localName === 'line')
+      return {from: at(v('x1'), v('y1')), to: at(v('x2'), v('y2'))};
+    const b = e.getBBox();
+    return {...at(b.x, b.y), width: b.width * m.a, height: b.height * m.d};
   };
   const middle = e => {
     const b = e.getBoundingClientRect();
     return [b.left + b.width / 2, b.top + b.height / 2];
   };
-  for (const e of document.querySelectorAll('svg [id]'))
+  const shapes = [...document.querySelectorAll('svg [id]')];
+  for (const e of shapes)
     seen.shapes[e.id] = place(e);
+  const box = document.querySelector('.legend [value=fitted]');
+  box.click();
+  seen.hidden = shapes.filter(e => e.getClientRects().length === 0).map(e => e.id);
+  box.click();
   seen.captions = [...document.querySelectorAll('figcaption')].map(e => e.textContent);
   seen.overflow = document.documentElement.scrollWidth - innerWidth;
   for (const figure of document.querySelectorAll('figure')) {
