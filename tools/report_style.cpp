@@ -56,7 +56,7 @@ rect, line, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scal
 .window { --c: #0a58ca; } .frame { --c: #c2410c; } .cross { --c: #d6007f; } .side { --c: #0a8f3c; }
 .fitted { --c: #9a5cf5; }
 rect, line, .screen path, .screen circle { stroke: var(--c); }
-.screen text { fill: var(--c); }
+.screen text { fill: var(--c); stroke: #fff; stroke-width: 3px; stroke-linejoin: round; paint-order: stroke; }
 .legend i { background: var(--c); }
 .window rect { stroke-dasharray: 8 5; }
 .frame rect { stroke-dasharray: 3 3; }

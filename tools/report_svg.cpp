@@ -46,14 +46,19 @@ std::string Line(const std::string& strId, Point tFrom, Point tTo, const std::st
 }
 
 // A ring that leaves the measured point itself free, at one size on the screen, and its label beyond the
-// frame's side there; the centre's label stands between the bars.
+// frame's side there, within the frame if the page finds no room beyond it; the centre's label stands between
+// the bars.
 std::string MarkShape(const std::string& strCamera, const Mark& t, Point tCentre) {
     const bool bCentre = t.strKey == "centre", bLower = t.tPoint.dY >= tCentre.dY,
                bRight = !bCentre && t.tPoint.dX > tCentre.dX;
+    const int nInward = bRight ? -12 : 12, nAbove = -16, nBelow = 24;
     return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + t.strKey) +
            Attribute("transform", "translate(" + Number(t.tPoint.dX) + " " + Number(t.tPoint.dY) + ")") +
            R"(><g class="screen"><path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/><text)" +
-           Attribute("x", bRight || bCentre ? "12" : "-12") + Attribute("y", bLower ? "24" : "-16") +
+           Attribute("x", std::to_string(bCentre ? nInward : -nInward)) +
+           Attribute("y", std::to_string(bLower ? nBelow : nAbove)) +
+           Attribute("data-x", std::to_string(nInward)) +
+           Attribute("data-y", std::to_string(bLower ? nAbove : nBelow)) +
            Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(t.strLabel) +
            "</text></g><title>" +
            Escaped(t.strLabel + ": x " + Fixed(t.tPoint.dX, 3) + " px, y " + Fixed(t.tPoint.dY, 3) + " px") +

@@ -205,4 +205,15 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
     Photograph("failing-narrow-dark", "--window-size=500,2600" + strDark);
 }
 
+TEST_F(ReportInBrowser, LabelsOfAFrameAtTheBorderStayWithinThePicture) {
+    Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2");
+    const Json tJson = MeasureAsJson("master.pgm slave.pgm", "--report report.html");
+    const double dTop = tJson["slave"]["corners_px"]["left_top"]["y"];
+    EXPECT_LT(dTop, 0) << "otherwise there is room beyond the frame";
+    for (const char* const szSize : {"1400,1000", "500,900"})
+        EXPECT_EQ(SeenIn(szSize)["cutLabels"], Json::array());
+    Photograph("border-wide", "--window-size=1400,1500");
+    Photograph("border-narrow", "--window-size=500,2600");
+}
+
 } // namespace program

@@ -1,7 +1,7 @@
 'use strict';
 // Where the page's shapes stand, in picture pixels, as the browser laid them out. Appended to a copy of a report.
 addEventListener('load', () => {
-  const seen = {shapes: {}, pictures: {}, zoomed: {}, hidden: []};
+  const seen = {shapes: {}, pictures: {}, zoomed: {}, cutLabels: [], hidden: []};
   const place = e => {
     const m = e.ownerSVGElement.getScreenCTM().inverse().multiply(e.getScreenCTM());
     if (e.classList.contains('mark'))
@@ -16,6 +16,11 @@ addEventListener('load', () => {
   const middle = e => {
     const b = e.getBoundingClientRect();
     return [b.left + b.width / 2, b.top + b.height / 2];
+  };
+  const checkLabel = (mark, svg) => {
+    const b = mark.querySelector('text').getBoundingClientRect(), s = svg.getBoundingClientRect();
+    if (Math.min(b.left - s.left, b.top - s.top, s.right - b.right, s.bottom - b.bottom) < -0.1)
+      seen.cutLabels.push(mark.id);
   };
   const shapes = [...document.querySelectorAll('svg [id]')];
   for (const e of shapes)
@@ -33,10 +38,13 @@ addEventListener('load', () => {
       const mark = [...svg.querySelectorAll('.mark')].find(
         e => e.querySelector('text').textContent === button.textContent);
       const ring = mark.querySelector('circle'), at = middle(ring), svgAt = middle(svg);
+      checkLabel(mark, svg);
       seen.zoomed[mark.id] = {off: Math.hypot(at[0] - svgAt[0], at[1] - svgAt[1]),
         ring: ring.getBoundingClientRect().width, place: place(mark), view: svg.viewBox.baseVal.width};
     }
     [...figure.querySelectorAll('button')].find(b => b.textContent === 'whole picture').click();
+    for (const mark of svg.querySelectorAll('.mark'))
+      checkLabel(mark, svg);
     const image = svg.querySelector('image'), loaded = new Image();
     loaded.src = image.getAttribute('href');
     seen.pictures[image.id] = [loaded.naturalWidth, loaded.naturalHeight];
