@@ -60,7 +60,7 @@ test-arm64:
 compare-arm64:
 	@./cmake/install-packages.sh clang $(ARM64_PACKAGES)
 	@$(MAKE) --no-print-directory build-release build-clang build-arm64 TARGET="measured_bits compare_bits"
-	@./tests/compare/compare-arm64.sh build $(JOBS)
+	@./compare/compare-arm64.sh build $(JOBS)
 
 # Format, shell scripts, cppcheck and clang-tidy.
 lint:

@@ -13,7 +13,7 @@ function(orvex_mbedtls_from_source target folder)
   set(USE_SHARED_MBEDTLS_LIBRARY OFF)
   set(USE_STATIC_MBEDTLS_LIBRARY ON)
   set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-  add_compile_options(-ffunction-sections -fdata-sections) # the linker drops what is not called
+  string(APPEND CMAKE_C_FLAGS " -ffunction-sections -fdata-sections") # the linker drops what is not called
   add_subdirectory(${folder} ${PROJECT_BINARY_DIR}/mbedtls EXCLUDE_FROM_ALL)
   add_library(${target} INTERFACE IMPORTED GLOBAL)
   target_link_libraries(${target} INTERFACE mbedcrypto)

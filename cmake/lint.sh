@@ -12,7 +12,7 @@ git ls-files -z .ci/run "*.sh" | xargs -0 shellcheck
 echo "cppcheck"
 cppcheck -j "$jobs" --quiet --error-exitcode=1 --std=c++20 --language=c++ --library=googletest --inconclusive \
     --enable=warning,performance,portability --suppressions-list=.cppcheck-suppressions --template=gcc \
-    -I include -I src -I tools -I tests src tools bench tests
+    -I include -I src -I tools -I tests -I . src tools bench compare tests
 echo "clang-tidy, some minutes"
 findings=build/lint/clang-tidy.txt
 run-clang-tidy -quiet -p build/lint -j "$jobs" >"$findings" 2>&1 || {

@@ -100,12 +100,27 @@ void TellNothingToResume(const Options& t) {
                stderr);
 }
 
-void TellStop(const Options& t, std::size_t nWritten, std::size_t nTotal) {
-    const std::string strRows = std::to_string(nWritten) + " of " + std::to_string(nTotal) + " rows";
+std::string WordsOfDropped(std::size_t n) {
+    return n == 0
+               ? ""
+               : "  " + std::to_string(n) +
+                     (n == 1
+                          ? " finished row behind a slower pair is dropped; the next run measures it"
+                          : " finished rows behind a slower pair are dropped; the next run measures them") +
+                     " again.\n";
+}
+
+void TellStop(const Options& t, const MeasuredRows& tMeasured, std::size_t nTotal) {
+    const std::string strRows =
+        std::to_string(tMeasured.nWritten) + " of " + std::to_string(nTotal) + " rows";
+    const std::string strHeld = t.strOut.empty() ? "" : ", which " + t.strOut + " holds";
     const std::string strRest = t.strOut.empty()
                                     ? "A run that can go on later writes to a file: see --out and --resume"
-                                    : t.strOut + " holds them. Go on with\n  " + ResumeCommand(t);
-    std::fputs(("orvex-align: stopped after " + strRows + ".\n  " + strRest + "\n").c_str(), stderr);
+                                    : "Go on with\n  " + ResumeCommand(t);
+    std::fputs(("orvex-align: stopped after " + strRows + strHeld + ".\n" +
+                WordsOfDropped(tMeasured.nDropped) + "  " + strRest + "\n")
+                   .c_str(),
+               stderr);
 }
 
 void TellSummary(const Options& t, const BatchSummary& tSummary) {
@@ -137,7 +152,7 @@ ExitCode Run(const Options& t) {
         {tList, nFirst, PictureOptions(t), t.Format(), t.nJobs, std::chrono::seconds(t.nTimeout), bProgress},
         tSink, tSummary);
     if (tMeasured.nSignal != 0) {
-        TellStop(t, tMeasured.nWritten, nTotal);
+        TellStop(t, tMeasured, nTotal);
         return static_cast<ExitCode>(kSignal + tMeasured.nSignal);
     }
     TellSummary(t, tSummary);
@@ -154,11 +169,14 @@ constexpr char szDescription[] =
     "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
     "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
     "an interrupted run keeps what it has and --resume goes on behind it. A summary follows: counts, "
-    "failures by status or reason and the spread of the raw angles. It goes to standard output with "
+    "failures by status or reason, warnings by kind and the spread of the raw angles. It goes to standard "
+    "output with "
     "--out, to standard error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
     "measure tells them (verdict also unfit_input, and no_answer for a process that crashed or took too "
-    "long); then every measurement, with its unit (deg, px) at the end of its name.";
+    "long); warnings, which measure gives where an angle may be wrong although it is within range, apart by "
+    "\" | \"; "
+    "then every measurement and trust number, with its unit (deg, px, percent, grey) at the end of its name.";
 
 constexpr char szExamples[] =
     "EXAMPLES\n"

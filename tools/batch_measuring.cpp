@@ -3,8 +3,14 @@
 #include "child_pool.h"
 #include "progress.h"
 
+#include <algorithm>
+
 namespace tools {
 namespace {
+
+// For each of those that run at once: so many rows may be measured behind one that is not. Fewer would leave
+// cores idle behind a pair that takes a little longer, more would be lost when the batch is stopped.
+constexpr std::size_t nAheadPerJob = 8;
 
 class Rows {
 public:
@@ -21,6 +27,12 @@ public:
     }
 
     std::size_t Written() const { return m_nNext; }
+
+    // Lines at fault need no measurement.
+    std::size_t WaitingMeasurements() const {
+        return static_cast<std::size_t>(std::ranges::count_if(
+            m_tWaiting, [this](const auto& t) { return m_tWork.tList.aItems[t.first].strFault.empty(); }));
+    }
 
 private:
     const BatchWork& m_tWork;
@@ -49,13 +61,14 @@ MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary
         else
             tRows.Add(i, FaultyRow(aItems[i]));
     Progress tProgress(aItems.size() - anFit.size(), aItems.size(), tWork.bProgress);
-    const int nSignal = RunChildren({anFit.size(), tWork.nAtOnce, tWork.tTimeLimit,
-                                     [&](std::size_t n) { return StartMeasuring(tWork, aItems[anFit[n]]); },
-                                     [&](std::size_t n, const ChildOutcome& tOutcome) {
-                                         tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
-                                         tProgress.Step();
-                                     }});
-    return {tRows.Written(), nSignal};
+    const int nSignal =
+        RunChildren({anFit.size(), tWork.nAtOnce, nAheadPerJob * tWork.nAtOnce, tWork.tTimeLimit,
+                     [&](std::size_t n) { return StartMeasuring(tWork, aItems[anFit[n]]); },
+                     [&](std::size_t n, const ChildOutcome& tOutcome) {
+                         tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
+                         tProgress.Step();
+                     }});
+    return {tRows.Written(), tRows.WaitingMeasurements(), nSignal};
 }
 
 } // namespace tools

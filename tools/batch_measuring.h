@@ -21,11 +21,12 @@ struct BatchWork {
 
 struct MeasuredRows {
     std::size_t nWritten; // of the list, with those that were there before
+    std::size_t nDropped; // measured, but not written as one before them is not there
     int nSignal;          // that stopped it, or 0
 };
 
 // Measures each remaining pair in a process of its own. Rows are written in the list's order, as soon as all
-// before them are. Throws ToolError.
+// before them are; behind a slow pair only a few more are measured until it is done. Throws ToolError.
 MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary);
 
 } // namespace tools

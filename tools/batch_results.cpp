@@ -25,7 +25,9 @@ BatchRow RowOfCells(const std::vector<std::string>& aCells) {
 }
 
 ToolError Foreign(const std::string& strFile, const std::string& strWhat) {
-    return {strFile, strWhat, "Name the unfinished results of this list in the same --format, or a new file"};
+    return {strFile, strWhat,
+            "Name the unfinished results of this list, from this version and in the same --format, or a new "
+            "file"};
 }
 
 ToolError ForeignRow(const std::string& strFile, std::size_t nRow) {

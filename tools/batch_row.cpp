@@ -1,6 +1,7 @@
 #include "batch_row.h"
 
-#include "quantities.h"
+#include "batch_warnings.h"
+#include "trust.h"
 
 #include <algorithm>
 
@@ -30,17 +31,21 @@ std::vector<std::string> NumberKeys() {
     Add("rescaled_deg/", QuantitiesOf(std::optional<Angles>()));
     Add("master/", QuantitiesOf(CameraMeasurement()));
     Add("slave/", QuantitiesOf(CameraMeasurement()));
+    Add("trust/master/", QuantitiesOf(CameraTrust()));
+    Add("trust/slave/", QuantitiesOf(CameraTrust()));
     return a;
 }
 
 // "raw_deg/rx" becomes "raw_rx_deg": the unit goes to the end.
 std::string ColumnOf(std::string strKey) {
-    for (const std::string strUnit : {"_deg", "_px"})
+    for (const std::string strUnit : {"_deg", "_px", "_percent", "_grey"})
         if (const std::size_t n = strKey.find(strUnit + "/"); n != strKey.npos)
             strKey.erase(n, strUnit.size()).append(strUnit);
     std::ranges::replace(strKey, '/', '_');
     return strKey;
 }
+
+constexpr char szWarnings[] = "warnings";
 
 // They name the pair; by them a row is known again.
 constexpr std::array<const char*, 4> aszIdentity = {"id", "master", "slave", "calibration"};
@@ -90,6 +95,7 @@ void Fail(BatchRow& tRow, ExitCode tExit, const char* szVerdict, const std::stri
 void CopyAnswer(BatchRow& tRow, const Json& tAnswer) {
     for (const TextColumn& t : aTextColumns)
         tRow[t.szColumn] = tAnswer.at(PlaceOf(t.szKey));
+    tRow[szWarnings] = Cell(JoinedWarnings(tAnswer.at(szWarnings)));
     for (const std::string& strKey : NumberKeys())
         tRow[ColumnOf(strKey)] = tAnswer.at(PlaceOf(strKey));
 }
@@ -111,6 +117,7 @@ const std::vector<std::string>& BatchColumns() {
         std::vector<std::string> a(aszIdentity.begin(), aszIdentity.end());
         for (const TextColumn& t : aTextColumns)
             a.emplace_back(t.szColumn);
+        a.emplace_back(szWarnings); // before the many numbers, where people see it
         for (const std::string& strKey : NumberKeys())
             a.push_back(ColumnOf(strKey));
         return a;

@@ -1,9 +1,11 @@
 #include "batch_summary.h"
 
+#include "batch_warnings.h"
 #include "numbers.h"
 #include "text_table.h"
 #include "verdict.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tools {
@@ -26,6 +28,9 @@ constexpr std::array<double Angles::*, 3> apAngles = {&Angles::dRx, &Angles::dRy
 
 constexpr int nDecimals = 4;
 
+// More are looked up in the rows.
+constexpr std::size_t nIdsShown = 10;
+
 // A row that was read back from CSV holds texts only.
 std::optional<double> NumberIn(const BatchRow& tRow, const char* szColumn) {
     const Json& t = tRow.at(szColumn);
@@ -42,7 +47,7 @@ std::string TextIn(const BatchRow& tRow, const char* szColumn, const char* szBeh
 
 // Without the row's own names, so that one reason is one text: the column stands for the file.
 std::string ReasonOf(const BatchItem& tItem, const BatchRow& tRow) {
-    const std::string strWords = TextIn(tRow, "words", "");
+    std::string strWords = TextIn(tRow, "words", "");
     for (const auto& [strOwn, szCommon] :
          {std::pair(PlaceInList(tItem), "list: "), std::pair(tItem.strMaster + ": ", "master: "),
           std::pair(tItem.strSlave + ": ", "slave: "),
@@ -61,13 +66,13 @@ Cells CellsOf(const char* szLabel, const Spread& t) {
             Number(t.dLowest), Number(t.dHighest)};
 }
 
-std::string Reasons(const char* szHeading, const std::map<std::string, std::size_t>& tReasons) {
+std::string Reasons(const std::string& strHeading, const std::map<std::string, std::size_t>& tReasons) {
     std::string str;
     for (const auto& [strReason, nCount] : tReasons) {
         const std::string strHead = "  " + std::to_string(nCount) + " x ";
         str += strHead + Wrapped(strReason, strHead.size()) + "\n";
     }
-    return str.empty() ? "" : std::string("\n") + szHeading + "\n" + str;
+    return str.empty() ? "" : "\n" + strHeading + "\n" + str;
 }
 
 } // namespace
@@ -81,6 +86,11 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
                       TextIn(tRow, "stage", ": ") + TextIn(tRow, "words", "")];
     if (tExit == kUnfitFile)
         ++m_tUnfit[ReasonOf(tItem, tRow)];
+    if (const std::string str = TextIn(tRow, "warnings", ""); !str.empty() && tExit <= kOutOfRange) {
+        m_tWarned[tItem.nLine] = tItem.strId;
+        for (const std::string& strKind : WarningKinds(str))
+            ++m_tWarnings[strKind];
+    }
     for (std::size_t i = 0; i < m_aAxes.size(); ++i)
         if (const std::optional<double> oRaw = NumberIn(tRow, aszRawColumns[i])) {
             m_aAxes[i].aRaw.push_back(*oRaw);
@@ -93,6 +103,18 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
 std::size_t BatchSummary::CountOf(ExitCode tExit) const {
     const auto p = m_tCounts.find(tExit);
     return p == m_tCounts.end() ? 0 : p->second;
+}
+
+std::string BatchSummary::WarningsText() const {
+    Cells aIds;
+    for (const auto& [nLine, strId] : m_tWarned)
+        if (std::ranges::find(aIds, strId) == aIds.end() && aIds.size() <= nIdsShown)
+            aIds.push_back(strId);
+    return Reasons(std::to_string(m_tWarned.size()) +
+                       (m_tWarned.size() == 1 ? " row measured with warnings: its"
+                                              : " rows measured with warnings: their") +
+                       " angles may be wrong" + (aIds.size() > nIdsShown ? "" : " (id " + Listed(aIds) + ")"),
+                   m_tWarnings);
 }
 
 std::string BatchSummary::Text() const {
@@ -111,7 +133,7 @@ std::string BatchSummary::Text() const {
         aDeviations.push_back(CellsOf(aszLabels[i], SpreadOf(m_aAxes[i].aDeviations)));
     }
     std::string str = "Batch\n" + Table(aCounts) + Reasons("Not measured, by status", m_tFailures) +
-                      Reasons("Unreadable or unfit input, by reason", m_tUnfit) +
+                      Reasons("Unreadable or unfit input, by reason", m_tUnfit) + WarningsText() +
                       "\nRaw angles, degrees (standard deviation with n - 1)\n" + Table(aRaw);
     if (!m_aAxes[0].aDeviations.empty())
         str += "\nRaw angles minus the list's truth, degrees\n" + Table(aDeviations);
@@ -127,7 +149,11 @@ std::string BatchSummary::RepeatabilityText() const {
                          Number(t.dBetween), Number(t.dTotal),
                          std::isnan(dShare) ? "-" : Fixed(dShare, 1) + " %"});
     }
-    return "\nRepeatability of the raw angles, degrees\n" + Table(aRows) + szGaugeFormulae;
+    return "\nRepeatability of the raw angles, degrees\n" + Table(aRows) + "  " +
+           std::to_string(m_tWarned.size()) + " of " +
+           std::to_string(CountOf(kWithinRange) + CountOf(kOutOfRange)) + " measured rows carry warnings" +
+           (m_tWarned.empty() ? "" : "; a wrong angle among them widens the figures above") + "\n" +
+           szGaugeFormulae;
 }
 
 } // namespace tools

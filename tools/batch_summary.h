@@ -19,8 +19,8 @@ public:
     // The gravest of all rows.
     ExitCode Exit() const { return m_tExit; }
 
-    // Counts, failures by status or reason, spread of the raw angles and of their deviations from a known
-    // truth.
+    // Counts, failures by status or reason, warnings by kind, spread of the raw angles and of their
+    // deviations from a known truth.
     std::string Text() const;
 
     // The gauge study over rows of the same id.
@@ -33,11 +33,14 @@ private:
     };
 
     std::size_t CountOf(ExitCode tExit) const;
+    std::string WarningsText() const;
 
     ExitCode m_tExit = kWithinRange;
     std::map<int, std::size_t> m_tCounts;           // by exit code
     std::map<std::string, std::size_t> m_tFailures; // by status, place and words
     std::map<std::string, std::size_t> m_tUnfit;    // by reason
+    std::map<std::size_t, std::string> m_tWarned;   // ids of rows measured with warnings, by line in the list
+    std::map<std::string, std::size_t> m_tWarnings; // by kind
     std::array<Axis, 3> m_aAxes;
 };
 

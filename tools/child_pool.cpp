@@ -43,8 +43,14 @@ public:
     }
 
 private:
+    // Those that run are in the order of their jobs.
+    bool MayStart() const {
+        return m_nSignal == 0 && m_nNext < m_tWork.nJobs && m_aRunning.size() < m_tWork.nAtOnce &&
+               (m_aRunning.empty() || m_nNext - m_aRunning.front().nJob < m_tWork.nAhead);
+    }
+
     void StartMore() {
-        for (; m_nSignal == 0 && m_nNext < m_tWork.nJobs && m_aRunning.size() < m_tWork.nAtOnce; ++m_nNext)
+        for (; MayStart(); ++m_nNext)
             m_aRunning.push_back({m_nNext, m_tWork.Start(m_nNext), Clock::now() + m_tWork.tTimeLimit});
     }
 

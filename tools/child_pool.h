@@ -13,6 +13,7 @@ namespace tools {
 struct ChildWork {
     std::size_t nJobs; // numbered from 0
     std::size_t nAtOnce;
+    std::size_t nAhead;              // a job starts less than that many behind the first that still runs
     std::chrono::seconds tTimeLimit; // for each; a child that takes longer is killed
     std::function<std::unique_ptr<Child>(std::size_t)> Start;
     std::function<void(std::size_t, const ChildOutcome&)> Done; // in the order in which they end

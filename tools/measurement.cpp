@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <new>
 #include <unistd.h>
 
@@ -17,10 +16,11 @@ namespace {
 
 // The library frees the pictures that it measures.
 unsigned char* MallocCopy(const std::string& strBytes) {
-    void* const p = std::malloc(strBytes.size());
+    auto* const p = static_cast<unsigned char*>(std::malloc(strBytes.size()));
     if (p == nullptr)
         throw std::bad_alloc();
-    return static_cast<unsigned char*>(std::memcpy(p, strBytes.data(), strBytes.size()));
+    std::ranges::copy(strBytes, p);
+    return p;
 }
 
 void SetSizes(const Picture& tMaster, const Picture& tSlave) {

@@ -18,6 +18,17 @@ function(add_description name place)
   configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${name}.in ${stage}/${place}/${name} @ONLY NEWLINE_STYLE UNIX)
 endfunction()
 
+# The script of tests/, with these settings, finds no fault with the library.
+function(check library script)
+  execute_process(COMMAND ${CMAKE_COMMAND} -DLIBRARY=${library} ${ARGN} -P ${project}/tests/${script}
+    RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE told)
+  if(NOT result EQUAL 0)
+    string(REGEX REPLACE "\n[ \n]*\n" "\n" told "${told}")
+    message(FATAL_ERROR "${library} is not fit for phones, nothing was packed: build it anew with one of the android "
+      "presets; if it stays so, its link is at fault (cmake/PhoneLink.cmake).\n${told}")
+  endif()
+endfunction()
+
 # The files of the folder in a fixed order and with one time of change, whenever they are packed.
 function(zip folder archive)
   file(GLOB_RECURSE files LIST_DIRECTORIES false RELATIVE ${folder} ${folder}/*)
@@ -45,6 +56,10 @@ foreach(folder IN LISTS folders)
   string(REGEX REPLACE "^android-" "" api ${platform})
   list(APPEND versions ${version})
   list(APPEND abis ${abi})
+  cache_value(CMAKE_READELF ${folder} readelf)
+  cache_value(CMAKE_NM ${folder} nm)
+  check(${library} phone/linked_library.cmake -DREADELF=${readelf})
+  check(${library} exported_symbols.cmake -DNM=${nm} -DLIST=${project}/src/exports.list)
 
   file(COPY ${library} DESTINATION ${stage}/jni/${abi})
   file(COPY ${library} DESTINATION ${stage}/${module}/libs/android.${abi})

@@ -14,7 +14,7 @@ static void PrintVersion(const Alignment* pAlignment) {
 /* Angles with as many digits as tell any two apart. */
 static int PrintRotation(Rotation t) {
     if (t.nStatus != ORVEX_OK && t.nStatus != ORVEX_ANGLE_OUT_OF_RANGE) {
-        /* The library's own line about it stands before this, without an end. */
+        /* The library's own line about it may stand before this in stdout's buffer, mostly without an end. */
         printf("\nstatus 0x%X\nThe chart could not be measured: orvex-align measure --report shows why.\n",
                t.nStatus);
         return EXIT_NOT_MEASURED;

@@ -6,13 +6,15 @@ namespace {
 
 compare::Comparison Compared(const std::string& strOne, const std::string& strOther) {
     std::istringstream tOne(strOne), tOther(strOther);
-    return compare::Compare(tOne, tOther);
+    return compare::Compare(tOne, tOther, 1);
 }
 
 } // namespace
 
-TEST(Comparison, OneBitIsADifferenceButForAnAnglesLastPlace) {
-    const std::string strHead = "007 bytes status 00000000\n";
+TEST(Comparison, OneBitIsADifferenceButForWhatTheAtanOfTheSamePairExcuses) {
+    const std::string strHead = "007 count rendered\n";
+    const std::string strAtan = "007 atan a 3fefffffffffffff\n", strNext = "007 atan a 3ff0000000000000\n";
+    const std::string strTilt = "007 angle t 3ff0000000000000\n", strMoved = "007 angle t 3ff0000000000002\n";
     const struct {
         std::string strOne, strOther;
         std::size_t nDifferences, nLastPlaces;
@@ -21,10 +23,24 @@ TEST(Comparison, OneBitIsADifferenceButForAnAnglesLastPlace) {
         {"007 bytes f 0010ff\n", "007 bytes f 0011ff\n", 1, 0},
         {"007 bytes f \n", "007 bytes f 00\n", 1, 0},
         {"007 bytes f 3fefffffffffffff\n", "007 bytes f 3ff0000000000000\n", 1, 0},
-        {"007 angle f 3fefffffffffffff\n", "007 angle f 3ff0000000000000\n", 0, 1},
-        {"007 angle f 3ff0000000000001\n", "007 angle f 3fefffffffffffff\n", 1, 0},
-        {"007 angle f 8000000000000001\n", "007 angle f 0000000000000001\n", 1, 0},
-        {"007 angle f 7ff8000000000000\n", "007 angle f fff8000000000000\n", 1, 0},
+        {strAtan, strNext, 0, 1},
+        {strAtan, "007 atan a 3ff0000000000001\n", 1, 0},
+        {"007 atan a 8000000000000001\n", "007 atan a 0000000000000001\n", 1, 0},
+        {"007 atan a 7ff8000000000000\n", "007 atan a fff8000000000000\n", 1, 0},
+        {strTilt, strMoved, 1, 0},
+        {strAtan + strTilt, strAtan + strMoved, 1, 0},
+        {strAtan + strTilt, strNext + strMoved, 0, 2},
+        {strAtan + strTilt, strNext + "007 angle t 3ff0000000000003\n", 1, 1},
+        {strAtan + strTilt, strNext + "008 count drawn\n", 1, 1},
+        {strAtan + "008 angle t 3ff0000000000000\n", strNext + "008 angle t 3ff0000000000001\n", 1, 1},
+        {strAtan + "007 single s 3ff0000000000000\n", strNext + "007 single s 3ff0000020000000\n", 0, 2},
+        {strAtan + "007 single s 3ff0000000000000\n", strNext + "007 single s 3ff0000020000001\n", 1, 1},
+        {strAtan + "007 difference d 3e80000000000000\n", strNext + "007 difference d 3e80000000000001\n", 1,
+         1},
+        {strAtan + strTilt + "007 difference d 3f50000000000000\n",
+         strNext + strMoved + "007 difference d 3f50000000000800\n", 0, 3},
+        {strAtan + strTilt + "007 difference d 3f50000000000000\n",
+         strNext + strMoved + "007 difference d 3f50000000001000\n", 1, 2},
         {"007 bytes f 00\n", "007 bytes g 00\n", 1, 0},
         {"007 bytes f 00\n", "008 bytes f 00\n", 1, 0},
         {"007 bytes f 00\n", "", 1, 0},
@@ -35,9 +51,11 @@ TEST(Comparison, OneBitIsADifferenceButForAnAnglesLastPlace) {
         EXPECT_EQ(tResult.aDifferences.size(), t.nDifferences) << t.strOne << t.strOther;
         EXPECT_EQ(tResult.aLastPlaces.size(), t.nLastPlaces) << t.strOne << t.strOther;
     }
+    const std::string strDrawn = "007 count drawn\n";
     EXPECT_EQ(Compared("", "").aDifferences.size(), 1u) << "nothing compared is nothing shown";
-    const compare::Comparison t = Compared(strHead + "008 bytes f aa\n", strHead + "008 bytes f ab\n");
-    EXPECT_EQ(t.nPairs, 2u);
-    EXPECT_EQ(t.nBytes, 5u);
+    EXPECT_EQ(Compared(strDrawn, strDrawn).aDifferences.size(), 1u) << "nor is too little";
+    compare::Comparison t = Compared(strHead + "008 bytes f aa\n", strHead + "008 bytes f ab\n");
+    EXPECT_EQ(t.aCounts["rendered"], 1u);
+    EXPECT_EQ(t.nBytes, 1u);
     EXPECT_EQ(t.aDifferences[0], "pair 008, f: aa against ab");
 }

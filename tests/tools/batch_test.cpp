@@ -132,6 +132,35 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
         << tOverdue;
 }
 
+TEST_F(BatchCommand, DoubtfulAngleIsWarnedOfInItsRow) {
+    Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2");
+    const Json tAnswer = MeasureAsJson("master.pgm slave.pgm");
+    Write("L", "master,slave,calibration\nmaster.pgm,slave.pgm,calibration.bin\n");
+    const Row tRow = Rows(0, "L").at(0);
+    const std::string strWarnings = tRow["warnings"], strFirst = tAnswer["warnings"].at(0);
+    EXPECT_TRUE(strWarnings.starts_with(strFirst)) << strWarnings;
+    EXPECT_TRUE(strWarnings.ends_with(std::string(tAnswer["warnings"].back()))) << strWarnings;
+    const Json tTrust = tAnswer["trust"]["slave"];
+    EXPECT_EQ(tRow["trust_slave_side_corner_distance_top_px"], tTrust["side_corner_distance_px"]["top"]);
+    EXPECT_EQ(tRow["trust_slave_side_lines_read_left_percent"], tTrust["side_lines_read_percent"]["left"]);
+}
+
+TEST_F(BatchCommand, SlowPairHoldsFewFinishedRowsBack) {
+    Render();
+    std::string strList = "calibration,slave,master\n";
+    for (int i = 0; i < 40; ++i)
+        strList += "calibration.bin,slave.pgm," + std::string(i == 0    ? "gate.pgm\n"
+                                                              : i == 15 ? "last.pgm\n"
+                                                                        : "master.pgm\n");
+    Write("L", strList);
+    const Outcome t = Run("--version", strGate + "mkfifo last.pgm; " + StartBatch("L --jobs 2 --out r", 1) +
+                                           "cat master.pgm >last.pgm; sleep 0.5; kill -INT $p; wait $p");
+    EXPECT_TRUE(std::regex_search(
+        t.strErr,
+        std::regex("after 0 of 40 rows, which r holds.\n  1[45] finished rows behind a slower pair")))
+        << t.strErr;
+}
+
 TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
     Render("--count 4 --noise 2", ".");
     for (const auto& [strFormat, strSignal] : {std::pair<std::string, std::string>("csv", "KILL"),
@@ -185,15 +214,21 @@ TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     for (const auto& [szId, nRx] : {std::pair("A", 1), {"B", 5}, {"A", 3}, {"B", 9}}) {
         tRow["id"] = szId;
         tRow["raw_rx_deg"] = nRx;
+        if (nRx != 1)
+            tRow["warnings"] = nRx == 5 ? "slave camera, left, top sides: at worst 1.5 of 30 px; x. | y"
+                                        : "slave camera, left side: 0.25 of 3 px; x.";
         strRows += tRow.dump() + "\n";
         strList += szId + std::string(",0001/master.pgm,0001/slave.pgm,0001/calibration.bin,1,0,0\n");
     }
     Write("r", strRows);
     Write("L", strList);
     const std::string strOut = Run("batch L --resume --out r --format jsonl --repeatability").strOut;
-    for (const char* const szPart : {"  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
-                                     "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
-                                     "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"})
+    for (const char* const szPart :
+         {"\n3 rows measured with warnings: their angles may be wrong (id B, A)\n"
+          "  3 x slave camera: N of N px; x.\n  1 x y\n",
+          "  3 of 4 measured rows carry warnings;", "  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
+          "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
+          "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"})
         EXPECT_NE(strOut.find(szPart), std::string::npos) << szPart << strOut;
 }
 
@@ -203,6 +238,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     const std::string strDone = Read("done"), strHead = "master,slave,calibration\n";
     const std::size_t nExitCode = strDone.find("calibration.bin,0,") + 16;
     Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
+    Write("older", std::string(strDone).erase(strDone.find(",warnings"), 9));
     const struct {
         std::string strList, strArguments, strTold;
     } aCases[] = {
@@ -223,6 +259,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead + "a,b,c\n", "--out done", "exists already"},
         {strHead + "a,b,c\n", "--out done --resume", "belongs to another list"},
         {strHead + "a,b,c\n", "--out done --resume --format jsonl", "does not begin as a batch's results"},
+        {strHead + "a,b,c\n", "--out older --resume", "results of this list, from this version"},
         {strHead + "a,b,c\n", "--out altered --resume", "does not hold a batch's results in row 1"},
         {strHead + "a,b,c\n", "--out 0001/master.pgm --resume", "does not begin as a batch's results"},
         {strHead + "a,b,c\n", "--repeatability", "no column \"id\""},

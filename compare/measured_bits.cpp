@@ -1,9 +1,19 @@
 // Measures pairs of all kinds and prints every bit of what came out, a line for each field of each pair:
 //
-//   PAIR KIND FIELD HEX     kind "bytes": as they lie in memory; kind "angle": a double's bits as one number
+//   PAIR bytes FIELD HEX    as they lie in memory
+//   PAIR count WORD         what the pair is or how it ended, to be counted
+//
+// and of the doubles that the C library's atan has a part in the bits as one number, in this order:
+//
+//   PAIR atan FIELD HEX          what atan returned; its argument comes before, as bytes
+//   PAIR angle FIELD HEX         computed from that in double precision
+//   PAIR single FIELD HEX        ... and rounded to single precision
+//   PAIR difference FIELD HEX    between two of those
 //
 // PART OF: of the pairs only the PARTth of every OF, so that several processes can share the work.
 #include "Orvex_Alignment_Stages.h"
+#include "compare/comparison.h"
+#include "compare/recorded_atan.h"
 #include "support/checksum.h"
 #include "support/failing_charts.h"
 #include "support/get_align.h"
@@ -72,17 +82,21 @@ constexpr Field atFields[] = {FIELD(dRz),
                               FIELD(afCrossCenterCopy_Slave)};
 #undef FIELD
 
-// What the C library's atan had a part in.
-bool IsAngle(const std::string& strField) {
-    return strField.starts_with("dR") || strField.starts_with("dTilt") || strField.starts_with("dCrossAngle");
+const char* KindOf(const std::string& strField) {
+    if (strField.starts_with("dCrossAngle"))
+        return "single";
+    if (strField.starts_with("dTilt"))
+        return "angle";
+    return strField.starts_with("dR") ? "difference" : "bytes";
 }
 
 class Lines {
 public:
     explicit Lines(unsigned int nPair) : m_nPair(nPair) {}
 
-    void Angle(const std::string& strField, double d) const {
-        std::printf("%03u angle %s %016llx\n", m_nPair, strField.c_str(),
+    void Count(const char* szWord) const { std::printf("%03u count %s\n", m_nPair, szWord); }
+    void Double(const char* szKind, const std::string& strField, double d) const {
+        std::printf("%03u %s %s %016llx\n", m_nPair, szKind, strField.c_str(),
                     static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(d)));
     }
     void Bytes(const std::string& strField, const void* pBytes, std::size_t nBytes) const {
@@ -100,6 +114,24 @@ private:
     unsigned int m_nPair;
 };
 
+void PrintAtans(const Lines& tLines) {
+    for (std::size_t n = 0; n < atAtanCalls.size(); ++n) {
+        const std::string strCall = "atan_" + std::to_string(n);
+        tLines.Bytes(strCall + "_argument", &atAtanCalls[n].dArgument, sizeof(double));
+        tLines.Double("atan", strCall, atAtanCalls[n].dResult);
+    }
+}
+
+void PrintField(const Lines& tLines, const Field& t) {
+    const unsigned char* const pField = reinterpret_cast<unsigned char*>(&m_tDualCamAlignData) + t.nOffset;
+    const std::string strKind = KindOf(t.szName);
+    if (strKind == "bytes")
+        return tLines.Bytes(t.szName, pField, t.nBytes);
+    double d;
+    std::memcpy(&d, pField, sizeof d);
+    tLines.Double(strKind.c_str(), t.szName, d);
+}
+
 // Every byte of the block in exactly one line; what lies between the fields is a field too.
 void PrintBlock(const Lines& tLines) {
     const auto* const pBlock = reinterpret_cast<const unsigned char*>(&m_tDualCamAlignData);
@@ -108,18 +140,17 @@ void PrintBlock(const Lines& tLines) {
         if (nNext > nEnd)
             tLines.Bytes("padding_at_" + std::to_string(nEnd), pBlock + nEnd, nNext - nEnd);
     };
+    const auto IsDifference = [](const Field& t) { return KindOf(t.szName) == std::string("difference"); };
     for (const Field& t : atFields) {
         PrintGap(t.nOffset);
-        double dAngle;
-        if (IsAngle(t.szName)) {
-            std::memcpy(&dAngle, pBlock + t.nOffset, sizeof dAngle);
-            tLines.Angle(t.szName, dAngle);
-        } else {
-            tLines.Bytes(t.szName, pBlock + t.nOffset, t.nBytes);
-        }
+        if (!IsDifference(t))
+            PrintField(tLines, t);
         nEnd = t.nOffset + t.nBytes;
     }
     PrintGap(sizeof m_tDualCamAlignData);
+    for (const Field& t : atFields)
+        if (IsDifference(t))
+            PrintField(tLines, t);
 }
 
 // The record as its reader decrypts it: the file's own bytes differ from run to run by their random vector.
@@ -134,25 +165,47 @@ void PrintRecord(const Lines& tLines, AlignResult t) {
     tLines.Bytes("record", aRecord.data(), static_cast<std::size_t>(nBytes));
 }
 
-void PrintPair(unsigned int nPair, const Picture& tMaster, const Picture& tSlave) {
+const char* Ending(unsigned int nStatus) {
+    return nStatus == ORVEX_OK ? "passed" : nStatus == ORVEX_ANGLE_OUT_OF_RANGE ? "out_of_range" : "failed";
+}
+
+// False if a whole measurement came without atan: then another one was called than the recorded.
+bool PrintPair(unsigned int nPair, const char* szOrigin, const Picture& tMaster, const Picture& tSlave) {
     const Lines tLines(nPair);
+    tLines.Count(szOrigin);
     tLines.Checksum("master_picture", tMaster.aPixels.data(), tMaster.aPixels.size());
     tLines.Checksum("slave_picture", tSlave.aPixels.data(), tSlave.aPixels.size());
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr(); // the log
+    atAtanCalls.clear();
     const AlignResult t = Align(tMaster, tSlave);
     std::fflush(nullptr);
     testing::internal::GetCapturedStderr();
-    const std::string strOutput = testing::internal::GetCapturedStdout();
+    const std::string strOutput = testing::internal::GetCapturedStdout(), strEnding = Ending(t.nStatus);
+    tLines.Count(strEnding.c_str());
     tLines.Bytes("status", &t.nStatus, sizeof t.nStatus);
     tLines.Bytes("standard_output", strOutput.data(), strOutput.size());
-    tLines.Angle("returned_Rx", t.dRx);
-    tLines.Angle("returned_Ry", t.dRy);
-    tLines.Angle("returned_Rz", t.dRz);
+    PrintAtans(tLines);
     PrintBlock(tLines);
+    tLines.Double("difference", "returned_Rx", t.dRx);
+    tLines.Double("difference", "returned_Ry", t.dRy);
+    tLines.Double("difference", "returned_Rz", t.dRz);
     tLines.Bytes("m_tDualCamAlignParam", &m_tDualCamAlignParam, sizeof m_tDualCamAlignParam);
     tLines.Bytes("m_tTested", &m_tTested, sizeof m_tTested);
     PrintRecord(tLines, t);
+    return std::fflush(stdout) == 0 && (strEnding == "failed" || !atAtanCalls.empty());
+}
+
+// Pairs from nFirst on: each failing chart as master, then as slave, beside a good one.
+bool PrintDrawnPair(unsigned int nPair, unsigned int nFirst) {
+    const Picture tGood = UprightChart(), tFailing = FailingCharts()[(nPair - nFirst) / 2].tPicture;
+    const bool bMaster = (nPair - nFirst) % 2 == 0;
+    return PrintPair(nPair, "drawn", bMaster ? tFailing : tGood, bMaster ? tGood : tFailing);
+}
+
+bool PrintRenderedPair(unsigned int nPair) {
+    const chart::Pair t = VariedPair(nPair);
+    return PrintPair(nPair, "rendered", t.tMaster, t.tSlave);
 }
 
 } // namespace
@@ -160,17 +213,13 @@ void PrintPair(unsigned int nPair, const Picture& tMaster, const Picture& tSlave
 int main(int nArguments, char** pszArguments) {
     const unsigned int nPart = nArguments == 3 ? static_cast<unsigned int>(std::atoi(pszArguments[1])) : 0;
     const unsigned int nParts = nArguments == 3 ? static_cast<unsigned int>(std::atoi(pszArguments[2])) : 1;
-    const std::vector<FailingChart> aFailing = FailingCharts();
-    const unsigned int nVaried = 80, nFailing = static_cast<unsigned int>(aFailing.size());
-    for (unsigned int nPair = nPart; nPair < nVaried + 2 * nFailing; nPair += nParts) {
-        if (nPair < nVaried) {
-            const chart::Pair t = VariedPair(nPair);
-            PrintPair(nPair, t.tMaster, t.tSlave);
+    const unsigned int nRendered = compare::nRenderedPairs;
+    const auto nFailing = static_cast<unsigned int>(FailingCharts().size());
+    for (unsigned int nPair = nPart; nPair < nRendered + 2 * nFailing; nPair += nParts) {
+        if (nPair < nRendered ? PrintRenderedPair(nPair) : PrintDrawnPair(nPair, nRendered))
             continue;
-        }
-        const Picture tGood = UprightChart(), tFailing = aFailing[(nPair - nVaried) / 2].tPicture;
-        const bool bMaster = (nPair - nVaried) % 2 == 0;
-        PrintPair(nPair, bMaster ? tFailing : tGood, bMaster ? tGood : tFailing);
+        std::fprintf(stderr, "pair %03u: not written, or measured without the recorded atan\n", nPair);
+        return 1;
     }
-    return std::fflush(stdout) == 0 ? 0 : 1;
+    return 0;
 }
