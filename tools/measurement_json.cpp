@@ -23,6 +23,16 @@ Json CameraJson(const PictureNote& tPicture, const CameraMeasurement& t) {
     return tJson;
 }
 
+Json TrustJson(const CameraTrust& t) {
+    Json tJson = JsonOf(QuantitiesOf(t));
+    tJson.update(JsonOf(LinesOf(t)));
+    return tJson;
+}
+
+Json TrustJson(const Report& t) {
+    return {{"master", TrustJson(t.tMasterTrust)}, {"slave", TrustJson(t.tSlaveTrust)}};
+}
+
 Json TruthJson(const Measurement& tMeasurement, const Truth& tTruth) {
     Json tJson = {{"file", tTruth.strFile}};
     for (const Comparison& t : Compare(tMeasurement, tTruth))
@@ -56,9 +66,7 @@ std::string JsonTextOf(const Report& tReport) {
                   {"rescaled_limit_deg", kRescaledLimit},
                   {"master", CameraJson(tReport.tMaster, t.tMaster)},
                   {"slave", CameraJson(tReport.tSlave, t.tSlave)},
-                  {"trust",
-                   {{"master", JsonOf(QuantitiesOf(tReport.tMasterTrust))},
-                    {"slave", JsonOf(QuantitiesOf(tReport.tSlaveTrust))}}},
+                  {"trust", TrustJson(tReport)},
                   {"trust_limits", TrustLimitsJson()},
                   {"warnings", WarningsOf(tReport)},
                   {"calibration_file", tReport.strCalibrationFile}};

@@ -24,12 +24,6 @@ Quantity Pixels(const std::string& strKey, const std::string& strLabel, Value oV
     return {strKey, strLabel, "px", nPixelDecimals, oValue};
 }
 
-void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLabel,
-              const std::optional<Point>& oPoint) {
-    a.push_back(Pixels(strKey + "/x", strLabel + " x", oPoint ? Value(oPoint->dX) : Value()));
-    a.push_back(Pixels(strKey + "/y", strLabel + " y", oPoint ? Value(oPoint->dY) : Value()));
-}
-
 void AddUnder(Quantities& a, const std::string& strPath, const std::string& strOwner,
               const Quantities& aAdded) {
     for (Quantity t : aAdded) {
@@ -40,6 +34,12 @@ void AddUnder(Quantities& a, const std::string& strPath, const std::string& strO
 }
 
 } // namespace
+
+void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLabel,
+              const std::optional<Point>& oPoint) {
+    a.push_back(Pixels(strKey + "/x", strLabel + " x", oPoint ? Value(oPoint->dX) : Value()));
+    a.push_back(Pixels(strKey + "/y", strLabel + " y", oPoint ? Value(oPoint->dY) : Value()));
+}
 
 Quantities QuantitiesOf(const std::optional<Angles>& oAngles) {
     const auto ValueOf = [&](double Angles::*pAngle) {

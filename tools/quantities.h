@@ -24,6 +24,10 @@ Quantities QuantitiesOf(const CameraMeasurement& t);
 Quantities QuantitiesOf(const std::optional<Angles>& oAngles, const CameraMeasurement& tMaster,
                         const CameraMeasurement& tSlave);
 
+// A point's two coordinates; without numbers if it was not measured.
+void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLabel,
+              const std::optional<Point>& oPoint);
+
 // The value with its decimals; a dash if it was not measured.
 std::string Shown(const Quantity& t);
 

@@ -75,9 +75,9 @@ std::string StateOf(Camera tCamera, const Report& t) {
 }
 
 std::string Figure(Camera tCamera, const Report& t, const Picture& tPicture,
-                   const CameraMeasurement& tMeasured, const StageView& tView) {
+                   const CameraMeasurement& tMeasured, const StageView& tView, const CameraTrust& tTrust) {
     return "<figure><figcaption>" + Element("b", NameOf(tCamera)) + " " + Escaped(tPicture.strFile) + ", " +
-           StateOf(tCamera, t) + "</figcaption>\n" + SvgOf(tPicture, tCamera, tMeasured, tView) +
+           StateOf(tCamera, t) + "</figcaption>\n" + SvgOf(tPicture, tCamera, tMeasured, tView, tTrust) +
            Buttons(tMeasured) + "</figure>\n";
 }
 
@@ -106,9 +106,9 @@ std::string HtmlOf(const Report& t, const Picture& tMaster, const Picture& tSlav
     const Measurement& m = t.tMeasurement;
     return Head(t) + "<body>\n<header class=\"" + t.tVerdict.szKey + "\">" +
            Element("h1", t.tVerdict.strHeadline) + "</header>\n<main>\n<div class=\"column pictures\">\n" +
-           Legend() + Figure(Camera::kMaster, t, tMaster, m.tMaster, t.tViews.tMaster) +
-           Figure(Camera::kSlave, t, tSlave, m.tSlave, t.tViews.tSlave) + "</div>\n<div class=\"column\">\n" +
-           Numbers(t) + "</div>\n</main>\n<footer>" +
+           Legend() + Figure(Camera::kMaster, t, tMaster, m.tMaster, t.tViews.tMaster, t.tMasterTrust) +
+           Figure(Camera::kSlave, t, tSlave, m.tSlave, t.tViews.tSlave, t.tSlaveTrust) +
+           "</div>\n<div class=\"column\">\n" + Numbers(t) + "</div>\n</main>\n<footer>" +
            Escaped(std::string("orvex-align ") + kToolVersion + ", libOrvex_Alignment " + LibraryVersion()) +
            "</footer>\n<script>" + kReportScript + "</script>\n</body>\n</html>\n";
 }

@@ -8,6 +8,23 @@ function setUp(figure) {
   const svg = figure.querySelector('svg');
   const whole = svg.viewBox.baseVal, w = whole.width, h = whole.height, x0 = whole.x, y0 = whole.y;
   const view = {x: x0, y: y0, w: w};
+  const labels = [...svg.querySelectorAll('.mark')].map(mark => {
+    const text = mark.querySelector('text'), at = mark.transform.baseVal[0].matrix, box = text.getBBox();
+    const x = Number(text.getAttribute('x')), y = Number(text.getAttribute('y'));
+    return {text, at, x, y, left: box.x - x, top: box.y - y, width: box.width, height: box.height};
+  });
+  // How far a stretch must move to lie between first and last.
+  const shift = (from, length, first, last) => Math.min(last - length - from, Math.max(first - from, 0));
+  function placeLabels(u) { // inside the frame if there is no room outside; never across the picture's border
+    for (const t of labels) {
+      const left = (x0 - t.at.e) / u, top = (y0 - t.at.f) / u;
+      const fitX = x => x + shift(x + t.left, t.width, left, left + w / u);
+      const fitY = y => y + shift(y + t.top, t.height, top, top + h / u);
+      const outside = fitY(t.y) === t.y;
+      t.text.setAttribute('x', fitX(outside ? t.x : Number(t.text.dataset.x)));
+      t.text.setAttribute('y', fitY(outside ? t.y : Number(t.text.dataset.y)));
+    }
+  }
   function show() {
     view.w = Math.min(w, Math.max(w / 400, view.w));
     const vh = view.w * h / w;
@@ -17,6 +34,7 @@ function setUp(figure) {
     const u = view.w / (svg.getBoundingClientRect().width || w);
     svg.style.setProperty('--u', u);
     svg.classList.toggle('close', u < 0.5);
+    placeLabels(u);
   }
   function zoom(factor, px, py) { // keeps the picture's point px, py where it is
     const w1 = Math.min(w, Math.max(w / 400, view.w * factor)), f = w1 / view.w;

@@ -54,14 +54,16 @@ rect, line, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scal
 .screen { filter: drop-shadow(0 0 0.8px #fff) drop-shadow(0 0 0.8px #fff); }
 .screen text { font: 600 13px system-ui, sans-serif; text-rendering: geometricPrecision; }
 .window { --c: #0a58ca; } .frame { --c: #c2410c; } .cross { --c: #d6007f; } .side { --c: #0a8f3c; }
+.fitted { --c: #9a5cf5; }
 rect, line, .screen path, .screen circle { stroke: var(--c); }
-.screen text { fill: var(--c); }
+.screen text { fill: var(--c); stroke: #fff; stroke-width: 3px; stroke-linejoin: round; paint-order: stroke; }
 .legend i { background: var(--c); }
 .window rect { stroke-dasharray: 8 5; }
 .frame rect { stroke-dasharray: 3 3; }
 line { stroke-width: 2px; }
 .cross line { stroke: #ff5cc0; }
 .side line { stroke: #3ddc84; }
+.fitted line { stroke-dasharray: 10 8; }
 .screen circle { stroke-width: 2px; }
 footer { padding: 0 20px 20px; color: var(--soft); font-size: 14px; }
 @media print { .tools, .legend input { display: none; } }

@@ -46,14 +46,19 @@ std::string Line(const std::string& strId, Point tFrom, Point tTo, const std::st
 }
 
 // A ring that leaves the measured point itself free, at one size on the screen, and its label beyond the
-// frame's side there; the centre's label stands between the bars.
+// frame's side there, within the frame if the page finds no room beyond it; the centre's label stands between
+// the bars.
 std::string MarkShape(const std::string& strCamera, const Mark& t, Point tCentre) {
     const bool bCentre = t.strKey == "centre", bLower = t.tPoint.dY >= tCentre.dY,
                bRight = !bCentre && t.tPoint.dX > tCentre.dX;
+    const int nInward = bRight ? -12 : 12, nAbove = -16, nBelow = 24;
     return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + t.strKey) +
            Attribute("transform", "translate(" + Number(t.tPoint.dX) + " " + Number(t.tPoint.dY) + ")") +
            R"(><g class="screen"><path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/><text)" +
-           Attribute("x", bRight || bCentre ? "12" : "-12") + Attribute("y", bLower ? "24" : "-16") +
+           Attribute("x", std::to_string(bCentre ? nInward : -nInward)) +
+           Attribute("y", std::to_string(bLower ? nBelow : nAbove)) +
+           Attribute("data-x", std::to_string(nInward)) +
+           Attribute("data-y", std::to_string(bLower ? nAbove : nBelow)) +
            Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(t.strLabel) +
            "</text></g><title>" +
            Escaped(t.strLabel + ": x " + Fixed(t.tPoint.dX, 3) + " px, y " + Fixed(t.tPoint.dY, 3) + " px") +
@@ -82,7 +87,18 @@ std::string Sides(const std::string& strCamera, const CameraMeasurement& t) {
     for (const SideName& n : kSides)
         if (t.aoCorners[n.nFrom] && t.aoCorners[n.nTo])
             str += Line(strCamera + "-side-" + n.szKey, *t.aoCorners[n.nFrom], *t.aoCorners[n.nTo],
-                        std::string(n.szKey) + " side");
+                        std::string(n.szKey) + " side, between its measured corners");
+    return str;
+}
+
+// The lines whose residual is told: of every side that was read, also where a corner is missing.
+std::string FittedLines(const std::string& strCamera, const CameraTrust& t) {
+    std::string str;
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        if (const std::optional<SideReading>& o = t.aoSides[i]; o && o->oEnds)
+            str += Line(strCamera + "-fitted-" + kSides[i].szKey, (*o->oEnds)[0], (*o->oEnds)[1],
+                        std::string("line fitted along the ") + kSides[i].szKey + " side, residual " +
+                            Fixed(*o->oResidual, 3) + " px");
     return str;
 }
 
@@ -105,7 +121,7 @@ std::vector<Mark> MarksOf(const CameraMeasurement& t) {
 }
 
 std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasurement& tMeasured,
-                  const StageView& tView) {
+                  const StageView& tView, const CameraTrust& tTrust) {
     const std::string strCamera = NameOf(tCamera);
     std::string strCentre, strCorners;
     // Corners are not measured without a centre.
@@ -123,7 +139,10 @@ std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasureme
                  Box(strCamera + "-frame-outer", tView.oOuterFrame, "outer frame rectangle") +
                      Box(strCamera + "-frame-inner", tView.oInnerFrame, "inner frame rectangle")) +
            Layer(kShapeKinds[2], Cross(strCamera, tMeasured) + strCentre) +
-           Layer(kShapeKinds[3], Sides(strCamera, tMeasured) + strCorners) + "</svg>\n";
+           // Fitted lines and sides mostly coincide; the marks stay above both.
+           Layer(kShapeKinds[3], Sides(strCamera, tMeasured)) +
+           Layer(kShapeKinds[4], FittedLines(strCamera, tTrust)) + Layer(kShapeKinds[3], strCorners) +
+           "</svg>\n";
 }
 
 } // namespace tools

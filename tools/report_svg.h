@@ -1,7 +1,7 @@
 #ifndef ORVEX_TOOLS_REPORT_SVG_H
 #define ORVEX_TOOLS_REPORT_SVG_H
 
-#include "stage_views.h"
+#include "trust.h"
 
 namespace tools {
 
@@ -10,10 +10,11 @@ struct ShapeKind {
     const char* szKey;
     const char* szWords;
 };
-constexpr std::array<ShapeKind, 4> kShapeKinds = {{{"window", "search window of the cross"},
+constexpr std::array<ShapeKind, 5> kShapeKinds = {{{"window", "search window of the cross"},
                                                    {"frame", "outer and inner frame rectangle"},
                                                    {"cross", "centre and bars' directions"},
-                                                   {"side", "sides and corners"}}};
+                                                   {"side", "corners and lines between them"},
+                                                   {"fitted", "lines fitted along the sides"}}};
 
 // A place worth a close look.
 struct Mark {
@@ -28,7 +29,7 @@ std::vector<Mark> MarksOf(const CameraMeasurement& t);
 // The picture and all that was found in it, in picture pixels: (0, 0) is the centre of the first one, so the
 // picture begins half a pixel before. Ids begin with the camera's name.
 std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasurement& tMeasured,
-                  const StageView& tView);
+                  const StageView& tView, const CameraTrust& tTrust);
 
 } // namespace tools
 

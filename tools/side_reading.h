@@ -30,7 +30,8 @@ struct SideReading {
     int nLines = 0; // across the side, at regular steps
     int nRead = 0;  // of them with a dark run
     // Of the straight line that is fitted to the runs' centres by least squares: their RMS distance from it
-    // and its points beside the side's ends. Nothing if there are too few runs to leave a residual.
+    // and its points beside the side's ends, in their order. Nothing if there are too few runs to leave a
+    // residual.
     std::optional<double> oResidual;
     std::optional<std::array<Point, 2>> oEnds;
     std::optional<double> oDark, oBright, oWidth; // medians; nothing if no line was read

@@ -40,8 +40,12 @@ SideReading SearchedSide(std::size_t nSide, const Picture& tPicture, const Recta
     const auto [tFrom, tTo] = EndsOf(kSides[nSide], CornersOf(tStart));
     const double dReach = BorderBeyond(nSide, tPicture, tFrom);
     const bool bOutwardIsRight = nSide == 0 || nSide == 3;
-    return bOutwardIsRight ? SearchSide(tPicture, tFrom, tTo, dReach)
-                           : SearchSide(tPicture, tTo, tFrom, dReach);
+    if (bOutwardIsRight)
+        return SearchSide(tPicture, tFrom, tTo, dReach);
+    SideReading t = SearchSide(tPicture, tTo, tFrom, dReach);
+    if (t.oEnds)
+        std::ranges::reverse(*t.oEnds);
+    return t;
 }
 
 bool WereMeasured(const SideName& n, const CameraMeasurement& t) {

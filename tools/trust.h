@@ -27,6 +27,9 @@ std::optional<double> ReadShareOf(const SideReading& t);
 
 Quantities QuantitiesOf(const CameraTrust& t);
 
+// Both ends of each side's fitted line, px. Apart from the others: people look at them in the report.
+Quantities LinesOf(const CameraTrust& t);
+
 // What speaks against a camera's numbers: value, limit and what to do.
 std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t);
 

@@ -27,6 +27,11 @@ Value CornerDistance(const CameraTrust& t, std::size_t nSide) {
     return t.aoCornerDistances[nSide];
 }
 
+std::optional<Point> LineEnd(const CameraTrust& t, std::size_t nSide, std::size_t nEnd) {
+    const std::optional<SideReading>& o = t.aoSides[nSide];
+    return o && o->oEnds ? std::optional((*o->oEnds)[nEnd]) : std::nullopt;
+}
+
 constexpr std::array<SideKind, 5> aSideKinds = {{
     {"side_residual_px", "residual of the fitted line (RMS)", "px", 3, Member<&SideReading::oResidual>},
     {"side_corner_distance_px", "measured corner to the fitted line", "px", 3, CornerDistance},
@@ -52,6 +57,17 @@ Quantities QuantitiesOf(const CameraTrust& t) {
     OfCross("cross_bright_grey", "bright level", t.oCross ? Value(t.oCross->dBright) : Value());
     OfCross("cross_threshold_grey", "threshold of its search", t.oCrossThreshold);
     a.push_back({"cross_span_px", "cross span", "px", 0, t.oCrossSpan});
+    return a;
+}
+
+Quantities LinesOf(const CameraTrust& t) {
+    constexpr std::array<const char*, 2> aszEnds = {"from", "to"};
+    Quantities a;
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        for (std::size_t nEnd = 0; nEnd < aszEnds.size(); ++nEnd)
+            AddPoint(a, std::string("side_line_px/") + kSides[i].szKey + "/" + aszEnds[nEnd],
+                     std::string(kSides[i].szKey) + " side, fitted line " + aszEnds[nEnd],
+                     LineEnd(t, i, nEnd));
     return a;
 }
 

@@ -89,6 +89,22 @@ void ExpectFrameAround(const Json& tShapes, const std::string& strCamera, const 
     }
 }
 
+// Every fitted line, and no other, is drawn and goes with its box in the legend.
+void ExpectFittedLines(const Json& tSeen, const Json& tTrust) {
+    std::size_t nLines = 0;
+    for (const std::string strCamera : {"master", "slave"})
+        for (const auto& [strSide, tLine] : tTrust[strCamera]["side_line_px"].items()) {
+            const std::string strId = strCamera + "-fitted-" + strSide;
+            const bool bFitted = tTrust[strCamera]["side_residual_px"][strSide].is_number();
+            ASSERT_EQ(tSeen["shapes"].contains(strId), bFitted) << strId;
+            for (const char* const szEnd : {"from", "to"})
+                if (bFitted)
+                    ExpectAt(tSeen["shapes"][strId][szEnd], tLine[szEnd]);
+            nLines += bFitted;
+        }
+    EXPECT_EQ(tSeen["hidden"].size(), nLines) << tSeen["hidden"];
+}
+
 void ExpectMeasuredShapes(const Json& tSeen, const std::string& strCamera, const Json& tCamera) {
     SCOPED_TRACE(strCamera);
     const Json& tShapes = tSeen["shapes"];
@@ -106,10 +122,11 @@ void ExpectMeasuredShapes(const Json& tSeen, const std::string& strCamera, const
     EXPECT_NEAR(tWindow.dRight - tWindow.dLeft, 0.45 * nColumns, 1.5);
     EXPECT_NEAR(tWindow.dBottom - tWindow.dTop, 0.45 * nRows, 1.5);
     EXPECT_NEAR((tWindow.dLeft + tWindow.dRight) / 2, tCentre["x"], 8) << "the coarse centre lies on the bar";
-    const Box tBar = BoxOf(tShapes[strCamera + "-bar-horizontal"]);
-    EXPECT_NEAR((tBar.dTop + tBar.dBottom) / 2, tCentre["y"], dTolerance);
-    EXPECT_NEAR(std::atan2(tBar.dBottom - tBar.dTop, tBar.dRight - tBar.dLeft) * 180 / M_PI,
-                std::fabs(tCamera["cross_angle_deg"].get<double>()), 0.001);
+    const Json tBar = tShapes[strCamera + "-bar-horizontal"].flatten();
+    const double dRise = double(tBar["/from/y"]) - double(tBar["/to/y"]);
+    EXPECT_NEAR(double(tBar["/to/y"]) + dRise / 2, tCentre["y"], dTolerance);
+    EXPECT_NEAR(std::atan2(dRise, double(tBar["/to/x"]) - double(tBar["/from/x"])) * 180 / M_PI,
+                tCamera["cross_angle_deg"], 0.001);
 
     const Json& tCorners = tCamera["corners_px"];
     ExpectFrameAround(tShapes, strCamera, tCorners);
@@ -122,11 +139,9 @@ void ExpectMeasuredShapes(const Json& tSeen, const std::string& strCamera, const
         EXPECT_NEAR(tZoomed["ring"], 16, 1) << "screen px at every zoom";
         EXPECT_LT(tZoomed["view"], nColumns / 20);
     }
-    const Box tLeft = BoxOf(tShapes[strCamera + "-side-left"]),
-              tTop = BoxOf(tShapes[strCamera + "-side-top"]);
-    EXPECT_NEAR(tLeft.dTop, tCorners["left_top"]["y"], dTolerance);
-    EXPECT_NEAR(tLeft.dBottom, tCorners["left_down"]["y"], dTolerance);
-    EXPECT_NEAR(tTop.dRight, tCorners["right_top"]["x"], dTolerance);
+    ExpectAt(tShapes[strCamera + "-side-left"]["from"], tCorners["left_top"]);
+    ExpectAt(tShapes[strCamera + "-side-left"]["to"], tCorners["left_down"]);
+    ExpectAt(tShapes[strCamera + "-side-top"]["to"], tCorners["right_top"]);
 }
 
 } // namespace
@@ -140,6 +155,7 @@ TEST_F(ReportInBrowser, PassingPairStandsWhereItWasMeasured) {
         EXPECT_LE(tSeen["overflow"], 0);
         for (const std::string strCamera : {"master", "slave"})
             ExpectMeasuredShapes(tSeen, strCamera, tJson[strCamera]);
+        ExpectFittedLines(tSeen, tJson["trust"]);
     }
     Photograph("passing-wide", "--window-size=1400,1500");
     Photograph("passing-narrow", "--window-size=500,2600");
@@ -157,18 +173,19 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
         std::size_t nMaster, nSlave; // shapes
     } aCases[] = {
         {"frame", UprightChart().Fill(1300, 700, 1727, 971, ubPaper), strQuoted + "slave.pgm",
-         "frame location: no edge", 5, 1},
+         "frame location: no edge", 9, 1},
         {"blank", Paper(), strQuoted + "slave.pgm", "centre cross: ", 2, 1},
-        // All: picture, window, 2 frame rectangles, 2 bars, centre, 4 corners, 4 sides.
+        // All: picture, window, 2 frame rectangles, 2 bars, centre, 4 corners, 4 sides, 4 fitted lines.
         {"corner", WithoutRightDown(), "master.pgm" + strQuoted,
-         "corner points: the frame's line is not found", 15, 12},
+         "corner points: the frame's line is not found", 19, 16},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szName);
         Write(strName,
               "P5\n1728 972\n255\n" + std::string(t.tPicture.aPixels.begin(), t.tPicture.aPixels.end()));
-        EXPECT_EQ(Measure(t.strPictures, "--report report.html").nExit, 2);
-        const Json tSeen = SeenIn("1400,1000");
+        const Json tJson = MeasureAsJson(t.strPictures, "--report report.html"), tSeen = SeenIn("1400,1000");
+        EXPECT_EQ(tJson["exit_code"], 2);
+        ExpectFittedLines(tSeen, tJson["trust"]);
         std::size_t nMaster = 0, nSlave = 0;
         for (const auto& [strId, tShape] : tSeen["shapes"].items())
             ++(strId.starts_with("master") ? nMaster : nSlave);
@@ -184,6 +201,16 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
     EXPECT_LE(SeenIn("500,900")["overflow"], 0);
     Photograph("failing-narrow", "--window-size=500,2600");
     Photograph("failing-narrow-dark", "--window-size=500,2600" + strDark);
+}
+
+TEST_F(ReportInBrowser, LabelsOfAFrameAtTheBorderStayWithinThePicture) {
+    Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2");
+    const Json tJson = MeasureAsJson("master.pgm slave.pgm", "--report report.html");
+    EXPECT_LT(tJson["slave"]["corners_px"]["left_top"]["y"], 0) << "otherwise there is room beyond the frame";
+    for (const char* const szSize : {"1400,1000", "500,900"})
+        EXPECT_EQ(SeenIn(szSize)["cutLabels"], Json::array());
+    Photograph("border-wide", "--window-size=1400,1500");
+    Photograph("border-narrow", "--window-size=500,2600");
 }
 
 } // namespace program
