@@ -204,7 +204,7 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
 }
 
 TEST_F(ReportInBrowser, LabelsOfAFrameAtTheBorderStayWithinThePicture) {
-    Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2");
+    Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2 --overwrite");
     const Json tJson = MeasureAsJson("master.pgm slave.pgm", "--report report.html");
     EXPECT_LT(tJson["slave"]["corners_px"]["left_top"]["y"], 0) << "otherwise there is room beyond the frame";
     for (const char* const szSize : {"1400,1000", "500,900"})
