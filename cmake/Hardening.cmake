@@ -13,7 +13,9 @@ if(NOT ORVEX_SANITIZE) # a sanitizer does this itself and more
   # Those that a processor or a compiler may not have.
   foreach(flag -fstack-clash-protection -fcf-protection=full -mbranch-protection=standard)
     string(MAKE_C_IDENTIFIER "ORVEX_HAS${flag}" known)
+    set(CMAKE_REQUIRED_FLAGS -Werror) # clang only warns of those of another processor
     check_cxx_compiler_flag(${flag} ${known})
+    unset(CMAKE_REQUIRED_FLAGS)
     if(${known})
       add_compile_options($<${release}:${flag}>)
     endif()
