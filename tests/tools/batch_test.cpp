@@ -140,7 +140,7 @@ TEST_F(BatchCommand, DoubtfulAngleIsWarnedOfInItsRow) {
     const std::string strWarnings = tRow["warnings"], strFirst = tAnswer["warnings"].at(0);
     EXPECT_TRUE(strWarnings.starts_with(strFirst)) << strWarnings;
     EXPECT_TRUE(strWarnings.ends_with(std::string(tAnswer["warnings"].back()))) << strWarnings;
-    const Json tTrust = tAnswer["trust"]["slave"];
+    const Row tTrust = tAnswer["trust"]["slave"];
     EXPECT_EQ(tRow["trust_slave_side_corner_distance_top_px"], tTrust["side_corner_distance_px"]["top"]);
     EXPECT_EQ(tRow["trust_slave_side_lines_read_left_percent"], tTrust["side_lines_read_percent"]["left"]);
 }
