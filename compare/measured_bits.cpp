@@ -10,7 +10,7 @@
 //   PAIR single FIELD HEX        ... and rounded to single precision
 //   PAIR difference FIELD HEX    between two of those
 //
-// PART OF: of the pairs only the PARTth of every OF, so that several processes can share the work.
+// PART OF: of the pairs only the PARTth of every OF, from 0, so that several processes can share the work.
 #include "Orvex_Alignment_Stages.h"
 #include "compare/comparison.h"
 #include "compare/recorded_atan.h"
@@ -22,6 +22,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -127,7 +129,7 @@ void PrintField(const Lines& tLines, const Field& t) {
     const std::string strKind = KindOf(t.szName);
     if (strKind == "bytes")
         return tLines.Bytes(t.szName, pField, t.nBytes);
-    double d;
+    double d = 0;
     std::memcpy(&d, pField, sizeof d);
     tLines.Double(strKind.c_str(), t.szName, d);
 }
@@ -211,11 +213,16 @@ bool PrintRenderedPair(unsigned int nPair) {
 } // namespace
 
 int main(int nArguments, char** pszArguments) {
-    const unsigned int nPart = nArguments == 3 ? static_cast<unsigned int>(std::atoi(pszArguments[1])) : 0;
-    const unsigned int nParts = nArguments == 3 ? static_cast<unsigned int>(std::atoi(pszArguments[2])) : 1;
+    const unsigned long nPart = nArguments == 3 ? std::strtoul(pszArguments[1], nullptr, 10) : 0;
+    const unsigned long nParts = nArguments == 3 ? std::strtoul(pszArguments[2], nullptr, 10) : 1;
+    if (nPart >= nParts) {
+        std::fprintf(stderr, "measured_bits: PART must be a number below OF, as in \"measured_bits 0 2\"\n");
+        return 64;
+    }
     const unsigned int nRendered = compare::nRenderedPairs;
     const auto nFailing = static_cast<unsigned int>(FailingCharts().size());
-    for (unsigned int nPair = nPart; nPair < nRendered + 2 * nFailing; nPair += nParts) {
+    for (unsigned long n = nPart; n < nRendered + 2 * nFailing; n += nParts) {
+        const auto nPair = static_cast<unsigned int>(n);
         if (nPair < nRendered ? PrintRenderedPair(nPair) : PrintDrawnPair(nPair, nRendered))
             continue;
         std::fprintf(stderr, "pair %03u: not written, or measured without the recorded atan\n", nPair);

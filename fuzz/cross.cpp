@@ -23,7 +23,7 @@ void SearchCross(Input& t, Plane& tGrey, Plane& tBinary, const Search& tSearch, 
                  bool bRefine) {
     double dAngle = 1234.5;
     float afCentre[2];
-    int nSpan;
+    int nSpan = 0;
     const int nBinarised = DualCamAlign_BinaryImage(
         tGrey.Data(), tGrey.nColumns, tGrey.nRows, tSearch.dBinaryRatio, nullptr, tBinary.Data(),
         tSearch.dWidthRatio, tSearch.dHeightRatio, tSearch.bMaster, pCentre, bRefine);

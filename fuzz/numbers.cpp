@@ -7,7 +7,9 @@
 #include "require.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 
 using namespace fuzz;
@@ -69,7 +71,8 @@ void Sort(Input& t) {
     const std::vector<double> adBefore = ad;
     bubblesort(ad.data(), auw.data(), static_cast<int>(ad.size()));
     for (std::size_t i = 0; i < ad.size(); ++i) {
-        Require(std::memcmp(&ad[i], &adBefore[auw[i]], sizeof(double)) == 0, "an index follows its value");
+        Require(std::bit_cast<std::uint64_t>(ad[i]) == std::bit_cast<std::uint64_t>(adBefore[auw[i]]),
+                "an index follows its value");
         Require(i == 0 || !(ad[i - 1] < ad[i]), "values descend");
         Require(i == 0 || ad[i - 1] != ad[i] || auw[i - 1] < auw[i], "equal values keep their order");
     }

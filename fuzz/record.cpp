@@ -39,7 +39,8 @@ Bytes PlainText(Input& t) {
     const _AFPROTECT tRecord = orvex::MakeRecord(afCentre, afCentre, Calibration().data());
     const auto* const pub = reinterpret_cast<const unsigned char*>(&tRecord);
     Bytes a(pub + orvex::nVersionBytes, pub + orvex::nRecordBytes);
-    a.resize(static_cast<std::size_t>(orvex::nPlainBytes + t.Around0(40)));
+    const int nBytes = orvex::nPlainBytes + t.Around0(40);
+    a.resize(static_cast<std::size_t>(nBytes));
     for (int i = t.Int(0, 6); i > 0; --i)
         a[static_cast<std::size_t>(t.Int(0, static_cast<int>(a.size()) - 1))] = t.Byte();
     if (t.OneIn(2))

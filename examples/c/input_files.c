@@ -32,6 +32,7 @@ Picture ReadPgm(const char* szFile) {
     FILE* const pFile = Open(szFile);
     Picture t = {0, 0, NULL};
     int nLargest = 0;
+    /* NOLINTNEXTLINE(cert-err34-c): so few digits fit into an int */
     if (fscanf(pFile, "P5 %5d %5d %3d", &t.nColumns, &t.nRows, &nLargest) != 3 || nLargest != 255 ||
         fgetc(pFile) == EOF || t.nColumns < 1 || t.nRows < 1)
         Refuse(szFile, "is no binary PGM picture (P5) with 255 as its largest value",

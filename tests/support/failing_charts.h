@@ -10,7 +10,7 @@ namespace support {
 // Pictures that get as far as one failure point of the pipeline, for either camera.
 
 inline Plane Paper() {
-    return Plane(1728, 972, ubPaper);
+    return {1728, 972, ubPaper};
 }
 
 // A stroke of slope nPer100 / 100 from (x1, y1) to column x2.
