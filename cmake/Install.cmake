@@ -6,7 +6,10 @@ install(FILES include/Orvex_Alignment.h include/Orvex_Alignment_Stages.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(ORVEX_BUILD_TOOLS)
   file(RELATIVE_PATH to_library ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  set_target_properties(orvex-align PROPERTIES INSTALL_RPATH "$ORIGIN/${to_library}")
+  # The same search path before and after installation: one of the build folder alone CMake ends with an empty entry,
+  # which the loader takes for the working directory. The link leads the tool in the build folder to the library.
+  set_target_properties(orvex-align PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${to_library}")
+  file(CREATE_LINK ${PROJECT_BINARY_DIR}/src ${PROJECT_BINARY_DIR}/tools/${to_library} SYMBOLIC)
   install(TARGETS orvex-align RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 

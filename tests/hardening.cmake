@@ -10,3 +10,8 @@ foreach(pattern IN LISTS wanted)
     message(SEND_ERROR "${FILE}: nothing matches \"${pattern}\"")
   endif()
 endforeach()
+
+# An empty entry among the folders searched for libraries is the working directory, whoever may write there.
+if(elf MATCHES "(RPATH|RUNPATH)\\)[^\n]*[[:](:|\\])")
+  message(SEND_ERROR "${FILE}: loads libraries from the working directory: ${CMAKE_MATCH_0}")
+endif()
