@@ -14,7 +14,7 @@ enum ExitCode {
     kAccepted = 0,
     kOutOfRange = 1,
     kNotMeasured = 2,
-    kRefused = 2, // a record, by its reader
+    kRefused = 2, // a record
     kUnfitFile = 3,
     kWrongUsage = 64, // as sysexits.h has it, clear of the answers
     kSignal = 128,    // plus the number of the signal that stopped the program, as shells have it

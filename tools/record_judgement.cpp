@@ -21,6 +21,9 @@ bool IsAllZero(const _AFPROTECT& t) {
 
 constexpr char szChecksum[] = "ORVEX_RECORD_CHECKSUM", szOtherModule[] = "ORVEX_RECORD_OTHER_MODULE";
 
+constexpr char szOfFailure[] =
+    "decrypted, but it is all zeros: the record that a measurement leaves when it fails";
+
 constexpr char szCheckBoth[] = "Name the calibration memory of the module that was measured; copy the record "
                                "file again, as binary and not as text";
 
@@ -64,9 +67,7 @@ RecordJudgement WrongChecksum(const RecordReading& tReading) {
 
 RecordJudgement OtherModule(const RecordReading& t) {
     if (IsAllZero(*t.oRecord))
-        return {kRefused, szOtherModule,
-                "decrypted, but it is all zeros: the record that a measurement leaves when it fails",
-                "Measure the module again and mend what measure tells"};
+        return {kRefused, szOtherModule, szOfFailure, "Measure the module again and mend what measure tells"};
     if (IsNoise(t))
         return Noise(szOtherModule);
     return {kRefused, szOtherModule,
@@ -76,8 +77,18 @@ RecordJudgement OtherModule(const RecordReading& t) {
             "that module again"};
 }
 
+// The reader takes zeros for the focus lines of a memory that holds none, as one never written.
+RecordJudgement FailedUnderBlankMemory() {
+    return {kRefused, "ORVEX_OK",
+            std::string(szOfFailure) + "; the reader took it, because the focus lines of the calibration "
+                                       "memory are zero too, as in a blank one",
+            "Read the calibration memory out of the module again, then measure the module again"};
+}
+
 // Says no more than the reader checks: one sum over 20 bytes, and the focus lines as whole numbers.
 RecordJudgement Accepted(const RecordReading& t) {
+    if (IsAllZero(*t.oRecord))
+        return FailedUnderBlankMemory();
     const std::string strChecked = "decrypted, its checksum is right, and its focus lines are, as whole "
                                    "numbers, those of this calibration";
     std::vector<std::string> aWarnings = WarningsOf(t);

@@ -56,14 +56,14 @@ std::string BytesText(const char* szLabel, const std::string& str) {
     return strHead + ", hexadecimal:\n    " + Hex(str) + "\n";
 }
 
-std::string FieldsText(const RecordReading& t) {
+std::string FieldsText(const RecordReading& t, ExitCode tExit) {
     if (!t.oRecord)
         return "";
     std::vector<std::vector<std::string>> aRows;
     for (const Quantity& tField : FieldsOf(*t.oRecord))
         aRows.push_back({*tField.szUnit != '\0' ? LabelWithUnit(tField) : tField.strLabel, Shown(tField)});
     const char* const szHeading =
-        t.nStatus == ORVEX_OK ? "\nThe record\n" : "\nThe record as decrypted; do not use these values\n";
+        tExit == kAccepted ? "\nThe record\n" : "\nThe record as decrypted; do not use these values\n";
     return szHeading + Table(aRows) + BytesText("reserved", ReservedOf(*t.oRecord)) +
            BytesText("behind the known fields", t.strFurther);
 }
@@ -95,7 +95,7 @@ std::string TextOf(const RecordReport& t) {
            Line("Status       ", HexOf(tReading.nStatus) + " " + tJudgement.szStatusName) +
            Line("Try          ", tJudgement.szTry) + "  Record       " + tReading.strFile + ", " +
            std::to_string(tReading.nFileBytes) + " bytes\n" + "  Calibration  " + t.strCalibrationFile +
-           "\n" + List("Warnings", tJudgement.aWarnings) + FieldsText(tReading);
+           "\n" + List("Warnings", tJudgement.aWarnings) + FieldsText(tReading, tJudgement.tExit);
 }
 
 std::string JsonTextOf(const RecordReport& t) {

@@ -9,7 +9,7 @@ namespace tools {
 
 constexpr std::array<ExitMeaning, 7> kRecordExits = {{
     {kAccepted, "accepted"},
-    {kRefused, "refused by the reader"},
+    {kRefused, "refused"},
     {kUnfitFile, "a file could not be read, or does not fit"},
     {kWrongUsage, "wrong usage"},
     kHungUp,

@@ -102,7 +102,8 @@ TEST_F(RecordFile, IsRewrittenWithZerosWhenTheMeasurementFails) {
     _AFPROTECT tRecord;
     const std::vector<unsigned char> aFile = RecordBytes();
     ASSERT_EQ(aFile.size(), 194u);
-    EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0x3010003) << "no module has zero floats";
+    EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0x3010003)
+        << "this calibration's focus lines are not zero";
     const _AFPROTECT tZero = {};
     EXPECT_EQ(std::memcmp(&tRecord, &tZero, sizeof tZero), 0);
     ASSERT_EQ(g_aLog.size(), 1u);

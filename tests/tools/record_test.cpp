@@ -15,6 +15,8 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
     const support::Plane tPaper = support::Paper();
     Write("blank.pgm", "P5 1728 972 255\n" + std::string(tPaper.aPixels.begin(), tPaper.aPixels.end()));
     EXPECT_EQ(Measure("blank.pgm slave.pgm", "--record failed.bin").nExit, 2);
+    Write("zero.bin", std::string(4096, '\0'));
+    Run("measure blank.pgm slave.pgm --calibration zero.bin --record zero_failed.bin");
     Write("short.bin", strRecord.substr(0, 178));
     // Byte 20 is the vector's: the same bit of the first plain block. The others no check covers.
     for (const std::size_t nPlace : {0u, 8u, 10u, 20u, 165u}) {
@@ -40,6 +42,7 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
         {"flipped10 --calibration calibration.bin", 0, "0x0", "damaged", {"0: 10.", "11 bytes"}},
         {"flipped165 --calibration calibration.bin", 0, "0x0", "damaged", {"128 reserved"}},
         {"failed.bin --calibration calibration.bin", 2, "0x3010003", "all zeros"},
+        {"zero_failed.bin --calibration zero.bin", 2, "0x0", "as in a blank one"},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.strArguments);
@@ -57,6 +60,7 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
             EXPECT_NE(tJson["warnings"][i].get<std::string>().find(t.aWarnings[i]), std::string::npos)
                 << tJson;
         EXPECT_EQ(tJson["record"].is_null(), tJson["status"]["hex"] == "0x3010001");
+        EXPECT_EQ(tText.strOut.find("\nThe record\n") == std::string::npos, t.nExit != 0);
         EXPECT_EQ(tText.strOut.find("focus line") == std::string::npos, tJson["record"].is_null());
         for (const char* const szAxis : {"x", "y"})
             if (t.nExit == 0) {
