@@ -4,12 +4,16 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <deque>
+#include <fcntl.h>
 #include <filesystem>
 #include <memory>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -43,27 +47,49 @@ std::string BehindLinks(const std::string& strTarget) {
     return tError ? strTarget : t.string();
 }
 
-// A file under its temporary name; gone again unless it took its place.
+mode_t Umask() {
+    const mode_t n = umask(0);
+    umask(n);
+    return n;
+}
+
+// The mode, owner and group of the file that is replaced, or the mode of any new file. Only root may give a
+// file away, and not every file system has modes: what fails leaves the file no more open than it was.
+void TakeRightsOf(const std::string& strPlace, int nDescriptor) {
+    struct stat t = {};
+    if (stat(strPlace.c_str(), &t) == -1) {
+        fchmod(nDescriptor, 0666 & ~Umask());
+        return;
+    }
+    const bool bGroupKept =
+        fchown(nDescriptor, t.st_uid, t.st_gid) == 0 || fchown(nDescriptor, getuid(), t.st_gid) == 0;
+    const mode_t nOfOthers = t.st_mode & 07; // another group has what everyone has
+    fchmod(nDescriptor, bGroupKept ? t.st_mode & 0777 : (t.st_mode & 0700) | nOfOthers << 3 | nOfOthers);
+}
+
+// A file under a temporary name that nobody can foresee; gone again unless it took its place.
 class StagedFile {
 public:
     explicit StagedFile(const std::string& strTarget)
         : m_strTarget(strTarget), m_strPlace(BehindLinks(strTarget)),
-          m_strTemporary(m_strPlace + ".new-" + std::to_string(getpid())) {}
+          m_strTemporary(m_strPlace + ".new-XXXXXX"),
+          m_nDescriptor(mkostemp(m_strTemporary.data(), O_CLOEXEC)) {
+        if (m_nDescriptor == -1)
+            throw NotStaged(m_strTarget);
+    }
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
 
     ~StagedFile() {
+        if (m_nDescriptor != -1)
+            Close();
         if (!m_bInPlace)
             std::remove(m_strTemporary.c_str());
     }
 
-    void Write(const std::string& strBytes) const {
-        File pFile(std::fopen(m_strTemporary.c_str(), "wb"));
-        const bool bWritten =
-            pFile && std::fwrite(strBytes.data(), 1, strBytes.size(), pFile.get()) == strBytes.size() &&
-            std::fflush(pFile.get()) == 0 && fsync(fileno(pFile.get())) == 0 &&
-            std::fclose(pFile.release()) == 0;
-        if (!bWritten)
+    void Write(const std::string& strBytes) {
+        TakeRightsOf(m_strPlace, m_nDescriptor);
+        if (!WriteAll(m_nDescriptor, strBytes) || fsync(m_nDescriptor) != 0 || !Close())
             throw NotStaged(m_strTarget);
     }
 
@@ -74,16 +100,23 @@ public:
     }
 
 private:
+    bool Close() { return close(std::exchange(m_nDescriptor, -1)) == 0; }
+
     std::string m_strTarget; // as named
     std::string m_strPlace;
     std::string m_strTemporary;
+    int m_nDescriptor;
     bool m_bInPlace = false;
 };
 
-// What a rename would replace, or fail on, only after the first files took their places: a folder, a device.
+// What a rename would replace, or fail on, only after the first files took their places: a folder, a device,
+// a link without its file.
 void RefuseNoFile(const std::string& strTarget) {
-    std::error_code tIgnored; // whatever else is wrong with the name shows on writing
-    const std::filesystem::file_status t = std::filesystem::status(strTarget, tIgnored);
+    std::error_code tError, tIgnored; // whatever else is wrong with the name shows on writing
+    const std::filesystem::file_status t = std::filesystem::status(strTarget, tError);
+    if (!std::filesystem::exists(t) && std::filesystem::is_symlink(strTarget, tIgnored))
+        throw NotWritten(strTarget, "Create the file that it leads to, remove the link, or name another file",
+                         "a link of this name leads nowhere: " + tError.message());
     if (std::filesystem::is_directory(t))
         throw NotWritten(strTarget, "Name another file", "a folder of this name is in the way");
     if (std::filesystem::exists(t) && !std::filesystem::is_regular_file(t))
@@ -157,6 +190,16 @@ void WriteFiles(const std::vector<NewFile>& aFiles) {
     }
     for (StagedFile& t : aStaged)
         t.TakePlace();
+}
+
+bool WriteAll(int nDescriptor, const std::string& str) {
+    for (std::size_t nDone = 0; nDone < str.size();) {
+        const ssize_t n = write(nDescriptor, str.data() + nDone, str.size() - nDone);
+        if (n == -1 && errno != EINTR)
+            return false;
+        nDone += n > 0 ? static_cast<std::size_t>(n) : 0;
+    }
+    return true;
 }
 
 bool IsSameFile(const std::string& strOne, const std::string& strOther) {

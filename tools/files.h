@@ -32,8 +32,11 @@ struct NewFile {
 
 // Writes a set of files that belong together. Each is written beside its target under a temporary name; only
 // when all of them lie on the disk do they take their places, so that no failure to write leaves half a file
-// or a mixed set. Throws ToolError.
+// or a mixed set. A file that is replaced keeps its mode. Throws ToolError.
 void WriteFiles(const std::vector<NewFile>& aFiles);
+
+// Writes all bytes; false with the reason in errno.
+bool WriteAll(int nDescriptor, const std::string& str);
 
 // Whether two names, links followed, lead to one file, there or not yet; an empty name leads to none.
 bool IsSameFile(const std::string& strOne, const std::string& strOther);

@@ -14,16 +14,6 @@ namespace {
 
 constexpr char szChoose[] = "Name a file in a folder that you may write to";
 
-bool WriteAll(int nDescriptor, const std::string& str) {
-    for (std::size_t nDone = 0; nDone < str.size();) {
-        const ssize_t n = write(nDescriptor, str.data() + nDone, str.size() - nDone);
-        if (n == -1 && errno != EINTR)
-            return false;
-        nDone += n > 0 ? static_cast<std::size_t>(n) : 0;
-    }
-    return true;
-}
-
 } // namespace
 
 ResultSink::ResultSink(const std::string& strFile, OpenMode tMode) : m_strFile(strFile) {

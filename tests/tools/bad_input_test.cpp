@@ -35,6 +35,7 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
     Write("broken.json", "{\"master\": ");
     Write("other.json", "{\"relative_deg\": {\"rx\": \"1\"}}");
     Write("huge.json", "{\"relative_deg\": {\"rx\": 1e400}}");
+    std::filesystem::create_symlink("nofile", m_tFolder / "dangling");
     const std::string strPair = "measure master.pgm slave.pgm --calibration ",
                       strAll = strPair + "calibration.bin";
     const Refusal aCases[] = {
@@ -52,11 +53,14 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
         {strAll + " --record calibration.bin", {"calibration.bin: is an input of this measurement"}},
         {strAll + " --record x --report ./x", {"./x: is named for the record and for the report"}},
         {strAll + " --record new --report missing/report.html", {"missing/report.html: cannot be written"}},
+        {strAll + " --record new --report dangling", {"dangling: cannot be written (a link", "remove the"}},
         {strAll + " --record " + std::string(300, 'x'), {"File name too long", "shorter name"}},
         {strAll + " >/dev/full", {"standard output: the result could not be written"}},
     };
     for (const Refusal& t : aCases)
         ExpectRefused(3, t);
+    EXPECT_TRUE(std::filesystem::is_symlink(m_tFolder / "dangling"));
+    EXPECT_FALSE(std::filesystem::exists(m_tFolder / "new"));
     ExpectRefused(3, {strAll, {"/none: no temporary file", "TMPDIR"}}, "export TMPDIR=/none");
 }
 

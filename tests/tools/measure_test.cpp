@@ -122,4 +122,17 @@ TEST_F(MeasureCommand, FilesMayVaryInFormAndName) {
     EXPECT_EQ(MeasureAsJson("master.pgm 'a \"b\" \xFF\n.pgm'")["raw_deg"], tPlain["raw_deg"]);
 }
 
+TEST_F(MeasureCommand, ReportKeepsItsLinkAndModeAndWritesThroughNoPlantedOne) {
+    Render();
+    const Outcome t = RunInShell("umask 027; echo old >kept; chmod 604 kept; ln -s kept link; "
+                                 "echo other >other; ln -s other kept.new-$$; exec '" ORVEX_ALIGN_PROGRAM
+                                 "' measure master.pgm slave.pgm --calibration calibration.bin "
+                                 "--report link --record new");
+    EXPECT_EQ(t.nExit, 0) << t.strErr;
+    EXPECT_TRUE(Read("kept").starts_with("<!"));
+    EXPECT_TRUE(Read("other") == "other\n");
+    EXPECT_EQ(RunInShell("stat -c '%a %F' kept new link kept.*").strOut,
+              "604 regular file\n640 regular file\n777 symbolic link\n777 symbolic link\n");
+}
+
 } // namespace program
