@@ -6,11 +6,14 @@ install(FILES include/Orvex_Alignment.h include/Orvex_Alignment_Stages.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(ORVEX_BUILD_TOOLS)
   file(RELATIVE_PATH to_library ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  # The same search path before and after installation: one of the build folder alone CMake ends with an empty entry,
-  # which the loader takes for the working directory. The link leads the tool in the build folder to the library.
-  set_target_properties(orvex-align PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${to_library}")
-  file(CREATE_LINK ${PROJECT_BINARY_DIR}/src ${PROJECT_BINARY_DIR}/tools/${to_library} SYMBOLIC)
-  install(TARGETS orvex-align RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  # Linked once more, with the search path of its later place: where CMake is to rewrite the path at installation, it
+  # ends the build folder's with an empty entry, which the loader takes for the working directory.
+  add_executable(installed_orvex-align $<TARGET_OBJECTS:orvex-align>)
+  target_link_libraries(installed_orvex-align PRIVATE orvex_tool)
+  set_target_properties(installed_orvex-align PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME orvex-align
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/installed BUILD_WITH_INSTALL_RPATH ON
+    INSTALL_RPATH "$ORIGIN/${to_library}")
+  install(TARGETS installed_orvex-align RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Orvex_Alignment)
