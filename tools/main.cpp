@@ -1,5 +1,6 @@
 #include "batch_command.h"
 #include "exit_codes.h"
+#include "harmless_text.h"
 #include "man_page.h"
 #include "measure_command.h"
 #include "record_command.h"
@@ -46,7 +47,7 @@ std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
     const CLI::App& tCommand = aChosen.empty() ? *pApp : *aChosen.front();
     const std::string strName =
         aChosen.empty() ? pApp->get_name() : pApp->get_name() + " " + tCommand.get_name();
-    return strName + ": " + Reason(tCommand, tError) + ".\n  See " + strName + " --help.\n";
+    return strName + ": " + Harmless(Reason(tCommand, tError)) + ".\n  See " + strName + " --help.\n";
 }
 
 ExitCode Fail(const std::string& strMessage) {
@@ -100,7 +101,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
         return Fail(
             "not enough memory for pictures of this size.\n  Close other programs or use smaller pictures.");
     } catch (const std::exception& t) { // a fault of ours: told, not aborted
-        return Fail(std::string("ended by a fault of the program: ") + t.what() +
+        return Fail("ended by a fault of the program: " + Harmless(t.what()) +
                     ".\n  Keep the files of this command and report them with this line.");
     }
     return tExit;
