@@ -1,15 +1,17 @@
-# The release build defends itself against its own faults: stack canaries, checked copies, no writable tables of
-# addresses, indirect jumps only where one may land. For everything the project builds; no result depends on it.
+# Every build that optimises defends itself against its own faults: stack canaries, checked copies, no writable tables
+# of addresses, marks where an indirect jump may land. For everything the project builds; no result depends on it.
 include(CheckCXXCompilerFlag)
 include(CheckPIESupported)
 
 check_pie_supported()
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 if(NOT ORVEX_SANITIZE) # a sanitizer does this itself and more
-  set(release $<CONFIG:Release>)
-  add_compile_options($<${release}:-fstack-protector-strong>)
-  add_compile_options($<${release}:-U_FORTIFY_SOURCE> $<${release}:-D_FORTIFY_SOURCE=2>)
-  add_link_options($<${release}:-Wl,-z,relro> $<${release}:-Wl,-z,now> $<${release}:-Wl,-z,noexecstack>)
+  set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+  add_compile_options($<${optimised}:-fstack-protector-strong>)
+  if(NOT "${CMAKE_C_FLAGS} ${CMAKE_CXX_FLAGS}" MATCHES "_FORTIFY_SOURCE") # a distributor's level stays
+    add_compile_options($<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=2>)
+  endif()
+  add_link_options($<${optimised}:-Wl,-z,relro> $<${optimised}:-Wl,-z,now> $<${optimised}:-Wl,-z,noexecstack>)
   # Those that a processor or a compiler may not have.
   foreach(flag -fstack-clash-protection -fcf-protection=full -mbranch-protection=standard)
     string(MAKE_C_IDENTIFIER "ORVEX_HAS${flag}" known)
@@ -17,7 +19,7 @@ if(NOT ORVEX_SANITIZE) # a sanitizer does this itself and more
     check_cxx_compiler_flag(${flag} ${known})
     unset(CMAKE_REQUIRED_FLAGS)
     if(${known})
-      add_compile_options($<${release}:${flag}>)
+      add_compile_options($<${optimised}:${flag}>)
     endif()
   endforeach()
 endif()

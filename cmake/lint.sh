@@ -5,14 +5,16 @@ set -eu
 cd "$(dirname "$0")/.."
 jobs=${1:-1}
 
+git rev-parse --git-dir >/dev/null # the files are those git knows
+
 echo "clang-format"
-git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
+git ls-files -z '*.cpp' '*.h' '*.c' | xargs -0 clang-format --dry-run -Werror
 echo "shellcheck"
 git ls-files -z .ci/run "*.sh" | xargs -0 shellcheck
 echo "cppcheck"
 cppcheck -j "$jobs" --quiet --error-exitcode=1 --std=c++20 --language=c++ --library=googletest --inconclusive \
     --enable=warning,performance,portability --suppressions-list=.cppcheck-suppressions --template=gcc \
-    -I include -I src -I tools -I tests -I fuzz -I . src tools bench compare fuzz tests
+    -I include -I src -I tools -I tests -I fuzz -I . src tools bench examples compare fuzz tests
 echo "clang-tidy, some minutes"
 findings=build/lint/clang-tidy.txt
 run-clang-tidy -quiet -p build/lint -j "$jobs" "^$PWD/(src|tools|examples|compare|bench|fuzz)/" >"$findings" 2>&1 || {

@@ -55,15 +55,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     Input t(pBytes, nBytes);
     support::Picture tMaster = AnyPicture(t), tSlave = AnyPicture(t);
     static std::vector<unsigned char> aCalibration = support::Calibration();
-    double adAngles[3] = {};
+    constexpr double dUntouched = 77.0;
+    double adAngles[3] = {dUntouched, dUntouched, dUntouched};
     _AFPROTECT tRecord = {};
     const unsigned int nStatus = RequireSameTwice([&] {
         return Orvex_Alignment_ForAndroid(tMaster.aPixels.data(), tSlave.aPixels.data(), tMaster.nColumns,
                                           tMaster.nRows, tSlave.nColumns, tSlave.nRows, &adAngles[0],
                                           &adAngles[1], &adAngles[2], aCalibration.data(), &tRecord);
     });
-    const bool bUntouched = adAngles[0] == 0 && adAngles[1] == 0 && adAngles[2] == 0;
-    Require(nStatus == ORVEX_OK || bUntouched, "angles are written on success only");
+    for (const double dAngle : adAngles)
+        Require((nStatus == ORVEX_OK) == (dAngle != dUntouched), "angles are written on success only");
     Require((nStatus == ORVEX_OK) == (tRecord.ubVersionMajor == 1), "the record is written on success only");
     return 0;
 }

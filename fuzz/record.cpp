@@ -33,8 +33,12 @@ Bytes KeyOfModule() {
 
 // A plain record of this module without bytes, all of it then changed or replaced.
 Bytes PlainText(Input& t) {
-    if (t.OneIn(3))
-        return t.Bytes(700);
+    if (t.OneIn(3)) { // of any length, however few bytes are at hand
+        const int nBytes = t.Int(0, 700);
+        Bytes a = t.Bytes(nBytes);
+        a.resize(static_cast<std::size_t>(nBytes));
+        return a;
+    }
     const float afCentre[] = {864.0f, 486.0f};
     const _AFPROTECT tRecord = orvex::MakeRecord(afCentre, afCentre, Calibration().data());
     const auto* const pub = reinterpret_cast<const unsigned char*>(&tRecord);

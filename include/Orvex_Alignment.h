@@ -31,7 +31,7 @@ enum OrvexAlignmentStatus {
     ORVEX_CENTRE_SEARCH_SLAVE = 0x1010005,
 
     /* Centre cross, horizontal bar. */
-    ORVEX_CROSS_NO_COLUMN_RUN = 0x1010006,      /* no dense run of dark columns, or a blank picture */
+    ORVEX_CROSS_NO_COLUMN_RUN = 0x1010006,      /* no dense run of columns, a blank picture, or no memory */
     ORVEX_CROSS_NO_COLUMN_START = 0x1010007,    /* the run has no start; 0x1010006 is met first */
     ORVEX_CROSS_NO_ROW_BAND = 0x1010008,        /* no row near the centre holds more than 20 dark pixels */
     ORVEX_CROSS_COLUMNS_OFF_CENTRE = 0x1010009, /* the centre lies beside the run of columns */
@@ -113,9 +113,10 @@ extern ORVEX_API const unsigned char AF_ProtectVersion[2];
  *   pOutFile               out, may be null: the bytes of the record file, up to ORVEX_OUT_FILE_CAPACITY;
  *                          a record made now has 194. Untouched if the record cannot be encrypted.
  *
- * Also writes "/sdcard/AFProtect.txt" (on failure an encrypted record of zeros), one line to the Android
- * log (tag "Test", priority 4; a second one of priority 5 if the file could not be written) and diagnostic
- * lines to standard output. Returns ORVEX_OK or any status above but the record reader's. */
+ * Also writes "/sdcard/AFProtect.txt" (on failure an encrypted record of zeros; a full disk can leave a cut
+ * one, which the reader refuses), one line to the Android log (tag "Test", priority 4; a second one of
+ * priority 5 if the file could not be written) and diagnostic lines to standard output. Returns ORVEX_OK or
+ * any status above but the record reader's. */
 ORVEX_API unsigned int getAlign(unsigned char* pMasterRGB, unsigned char* pSlaveRGB, double* pRx, double* pRy,
                                 double* pRz, unsigned char* pCalibData, unsigned short* pOutFile);
 

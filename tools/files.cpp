@@ -6,8 +6,10 @@
 #include <cstdio>
 #include <cstring>
 #include <deque>
+#include <fcntl.h>
 #include <filesystem>
 #include <memory>
+#include <poll.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -27,6 +29,25 @@ std::string Advice(const char* szUsually) {
 ToolError NotRead(const std::string& strFile) {
     return {strFile, "cannot be read (" + ErrnoText() + ")",
             Advice("Check the name and the permissions of the file")};
+}
+
+// A pipe or a device may have nothing to read yet: then it says what it waits for, after two seconds.
+File OpenToRead(const std::string& strFile) {
+    const int nFile = open(strFile.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (nFile < 0)
+        throw NotRead(strFile);
+    pollfd t = {nFile, POLLIN, 0};
+    if (poll(&t, 1, 2000) == 0) {
+        std::fprintf(stderr, "orvex-align: waiting for data from %s\n", strFile.c_str());
+        poll(&t, 1, -1);
+    }
+    fcntl(nFile, F_SETFL, 0); // from here on reading waits
+    File pFile(fdopen(nFile, "rb"));
+    if (!pFile) {
+        close(nFile);
+        throw NotRead(strFile);
+    }
+    return pFile;
 }
 
 // A staged file's.
@@ -123,25 +144,25 @@ ToolError NotCreated(const std::string& strFile, const char* szUsually) {
                                                : Advice(szUsually));
 }
 
-std::string ReadStart(const std::string& strFile, std::size_t nBytes) {
+std::string ReadStart(const std::string& strFile, std::size_t nBytes, const CheckStart& Check) {
     constexpr std::size_t nChunk = std::size_t{1} << 20;
-    const File pFile(std::fopen(strFile.c_str(), "rb"));
-    if (!pFile)
-        throw NotRead(strFile);
+    const File pFile = OpenToRead(strFile);
     std::string strBytes;
     for (std::size_t nRead = 1; nRead != 0 && strBytes.size() < nBytes;) {
         const std::size_t nOld = strBytes.size();
         strBytes.resize(std::min(nOld + nChunk, nBytes));
         nRead = std::fread(strBytes.data() + nOld, 1, strBytes.size() - nOld, pFile.get());
         strBytes.resize(nOld + nRead);
+        if (std::ferror(pFile.get()) != 0)
+            throw NotRead(strFile);
+        if (nOld == 0 && Check)
+            Check(strBytes);
     }
-    if (std::ferror(pFile.get()) != 0)
-        throw NotRead(strFile);
     return strBytes;
 }
 
-std::string ReadFile(const std::string& strFile, std::size_t nLimit) {
-    std::string strBytes = ReadStart(strFile, nLimit + 1);
+std::string ReadFile(const std::string& strFile, std::size_t nLimit, const CheckStart& Check) {
+    std::string strBytes = ReadStart(strFile, nLimit + 1, Check);
     if (strBytes.size() > nLimit)
         throw ToolError(strFile, "holds more than " + std::to_string(nLimit) + " bytes, the most it may have",
                         "Check that this is the right file");

@@ -4,6 +4,7 @@
 #include "tool_error.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,11 +13,15 @@ namespace tools {
 // The latest failed system call's reason.
 std::string ErrnoText();
 
+// Is given what a file begins with, a megabyte at most, and throws ToolError if the rest is not worth
+// reading.
+using CheckStart = std::function<void(const std::string& strStart)>;
+
 // All bytes of a file of at most nLimit bytes. Throws ToolError.
-std::string ReadFile(const std::string& strFile, std::size_t nLimit);
+std::string ReadFile(const std::string& strFile, std::size_t nLimit, const CheckStart& Check = {});
 
 // The first nBytes bytes of a file, or all if it has fewer. Throws ToolError.
-std::string ReadStart(const std::string& strFile, std::size_t nBytes);
+std::string ReadStart(const std::string& strFile, std::size_t nBytes, const CheckStart& Check = {});
 
 // A file that cannot be written, by the latest system call's reason unless another is given.
 ToolError NotWritten(const std::string& strFile, const std::string& strToDo,

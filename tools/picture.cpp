@@ -43,6 +43,14 @@ const char* KindOf(const std::string& strBytes) {
     return IsPng(strBytes) ? "PNG" : IsJpeg(strBytes) ? "JPEG" : IsPgm(strBytes) ? "PGM" : nullptr;
 }
 
+void RefuseForeign(const std::string& strFile, const std::string& strStart) {
+    if (KindOf(strStart) == nullptr)
+        throw ToolError(
+            strFile, "is " + FormatOf(strStart),
+            "Name a PNG, a JPEG or an 8-bit binary PGM picture (P5), convert this one to PNG, or give "
+            "the size of a raw plane with --raw");
+}
+
 // No camera's first pixels read like the start of a picture file, whose bytes would be measured as noise, or
 // as a picture that is shifted by its header.
 Picture ReadRawPlane(const std::string& strFile, PictureSize tSize) {
@@ -58,17 +66,13 @@ Picture ReadRawPlane(const std::string& strFile, PictureSize tSize) {
 Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw) {
     if (oRaw)
         return ReadRawPlane(strFile, *oRaw);
-    std::string strBytes = ReadFile(strFile, nLimit);
+    std::string strBytes =
+        ReadFile(strFile, nLimit, [&](const std::string& strStart) { RefuseForeign(strFile, strStart); });
     if (IsPng(strBytes))
         return DecodePng(strFile, strBytes);
     if (IsJpeg(strBytes))
         return DecodeJpeg(strFile, strBytes);
-    if (IsPgm(strBytes))
-        return DecodePgm(strFile, std::move(strBytes));
-    throw ToolError(
-        strFile, "is " + FormatOf(strBytes),
-        "Name a PNG, a JPEG or an 8-bit binary PGM picture (P5), convert this one to PNG, or give "
-        "the size of a raw plane with --raw");
+    return DecodePgm(strFile, std::move(strBytes));
 }
 
 } // namespace tools

@@ -54,7 +54,7 @@ constexpr auto aStatuses = std::to_array<StatusWords>({
      szMemory},
 
     {ROW(CROSS_NO_COLUMN_RUN), Stage::kCross,
-     "no horizontal bar (no dense run of dark columns), or a blank picture", szCross},
+     "no horizontal bar (no dense run of dark columns), a blank picture, or not enough memory", szCross},
     {ROW(CROSS_NO_COLUMN_START), Stage::kCross, "no left end of the horizontal bar", szCross},
     {ROW(CROSS_NO_ROW_BAND), Stage::kCross,
      "no horizontal bar (no row near the centre holds more than 20 dark pixels)", szCross},

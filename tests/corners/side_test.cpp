@@ -97,6 +97,8 @@ TEST(StripeCentre, RefusesEmptyOutsideAndNegative) {
     // picture.
     Plane tDark = Plane(8, 20, 200).Fill(0, 1, 7, 3, 0).Fill(0, 0, 7, 0, 1);
     EXPECT_FALSE(MeasureStripeLineCentre(tDark.Data(), 8, 20, 0, 1, 7, 19, true, &x, &y, 100.0));
+    Plane tLeft = Plane(20, 8, 200).Fill(1, 0, 3, 7, 0).Fill(0, 0, 0, 7, 1);
+    EXPECT_FALSE(MeasureStripeLineCentre(tLeft.Data(), 20, 8, 1, 0, 19, 7, false, &x, &y, 100.0));
     EXPECT_EQ(x, dUnset);
 }
 

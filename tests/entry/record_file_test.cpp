@@ -170,11 +170,12 @@ const Place atPlaces[] = {
 
 // That the pictures are freed all the same is for the leak checkers that this runs under.
 TEST_F(RecordFile, ThatCannotBeWrittenOnlyWarns) {
+    std::string strLeftOut;
     for (const Place& t : atPlaces) {
         SCOPED_TRACE(t.szName);
         fs::remove_all(tRecordFile);
         if (!t.Arrange()) {
-            std::printf("cannot be arranged by this user: %s\n", t.szName);
+            strLeftOut += std::string("; ") + t.szName;
             t.Undo();
             continue;
         }
@@ -195,6 +196,8 @@ TEST_F(RecordFile, ThatCannotBeWrittenOnlyWarns) {
         }
         t.Undo();
     }
+    if (!strLeftOut.empty())
+        GTEST_SKIP() << "this user cannot arrange all places" << strLeftOut;
 }
 
 TEST_F(RecordFile, HoldsNothingAndIsNotReadWhenCryptographyFails) {

@@ -108,9 +108,12 @@ TEST(Container, DecryptsForeignContainersAndRefusesEveryFault) {
             const Bytes a(aContainer.begin(), aContainer.begin() + static_cast<std::ptrdiff_t>(nLength));
             EXPECT_FALSE(Decrypted(aKey, a)) << nLength << " bytes";
         }
-        Bytes aLonger = aContainer;
-        aLonger.push_back(0);
-        EXPECT_FALSE(Decrypted(aKey, aLonger));
+        // One byte more; whole blocks beyond the longest container.
+        for (const std::size_t nLength : Sizes{aContainer.size() + 1, 672, 65536}) {
+            Bytes a = aContainer;
+            a.resize(nLength);
+            EXPECT_FALSE(Decrypted(aKey, a)) << nLength << " bytes";
+        }
         if (aPlain.size() % 16 != 0) {
             // A change in the last but one block flips the same bits of the padding.
             for (std::size_t nFromEnd = 1; nFromEnd <= 16 - aPlain.size() % 16; ++nFromEnd) {
@@ -135,6 +138,13 @@ TEST(Container, WritesWhatItReadsUnderAFreshVector) {
         EXPECT_TRUE(std::equal(aHeader.begin(), aHeader.end(), a.begin()));
         EXPECT_EQ(Decrypted(aKey, a), aPlain);
         EXPECT_FALSE(std::equal(a.begin() + 16, a.begin() + 32, aAgain.begin() + 16)) << "vector used twice";
+    }
+    const Bytes aPlain(621, 0xA7);
+    for (const auto& [nPlain, nCapacity] : {std::pair{0, 700}, {621, 700}, {149, 191}}) {
+        Bytes aContainer(700);
+        int nLength = nCapacity;
+        EXPECT_FALSE(OAES_Encrypt(aKey.data(), 32, aPlain.data(), nPlain, aContainer.data(), &nLength));
+        EXPECT_EQ(aContainer, Bytes(700)) << nPlain << " bytes into " << nCapacity;
     }
 }
 
@@ -214,8 +224,14 @@ TEST(RecordReader, AcceptsItsOwnAndNamesWhatDiffers) {
     Bytes aLong = aPlain;
     aLong.resize(nMostPlainBytes);
     EXPECT_EQ(Read(aCalibration, RecordFile(aCalibration, aLong)).nLength, 622);
-    int nStatus = 0;
-    EXPECT_EQ(Orvex_SpecialAFDataTransform(nullptr, 0, nullptr, 0, nullptr, nullptr, &nStatus), 0);
-    EXPECT_EQ(nStatus, 0x3010001);
-    EXPECT_EQ(Orvex_SpecialAFDataTransform(nullptr, 0, nullptr, 0, nullptr, nullptr, nullptr), 0);
+    Bytes aMemory = aCalibration, aFile = RecordFile(aCalibration, aPlain), aRecord(622);
+    for (int nNull = 0; nNull < 5; ++nNull) {
+        int nLength = 0, nStatus = 0;
+        const auto Unless = [&](int n, auto* p) { return n == nNull ? nullptr : p; };
+        EXPECT_EQ(Orvex_SpecialAFDataTransform(Unless(0, aMemory.data()), 0, Unless(1, aFile.data()),
+                                               static_cast<int>(aFile.size()), Unless(2, aRecord.data()),
+                                               Unless(3, &nLength), Unless(4, &nStatus)),
+                  0);
+        EXPECT_EQ(nStatus, nNull == 4 ? 0 : 0x3010001) << "null pointer " << nNull;
+    }
 }

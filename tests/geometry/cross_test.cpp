@@ -1,4 +1,5 @@
 #include "Orvex_Alignment_Stages.h"
+#include "geometry/bar_line.h"
 #include "geometry/centroid.h"
 #include "geometry/crossing.h"
 #include "geometry/dark_histograms.h"
@@ -158,4 +159,19 @@ TEST(Crossing, UprightBranchIsTheLimitOfTheGeneralOne) {
     // Columns closer than a millionth of a pixel are rounding noise; the formula would lose the centre to it.
     EXPECT_EQ(At(1e-13).dY, At(0.0).dY);
     EXPECT_NEAR(At(1e-5).dY, At(0.0).dY, 1e-4);
+}
+
+TEST(BarLine, RefusesEitherEndLeftOfThePicture) {
+    const BarStatuses tStatuses = {1, 2, 3, 4, 5, 6};
+    const auto Measure = [&](Plane t) {
+        BarLine tLine;
+        return MeasureBarLine({t.Data(), {10, 101}}, false, {10, 90}, 50, {1, 3}, 100, tStatuses, &tLine);
+    };
+    const Plane tBar = Plane(10, 101, 200).Fill(1, 0, 3, 100, 0);
+    EXPECT_EQ(Measure(tBar), 0u);
+    for (const int nFirstRow :
+         {15, 80}) { // barely brighter beside the band: the edge flies out of the picture
+        Plane t = tBar;
+        EXPECT_EQ(Measure(t.Fill(0, nFirstRow, 0, nFirstRow + 5, 1)), tStatuses.nOutside) << nFirstRow;
+    }
 }

@@ -123,4 +123,7 @@ TEST_F(FrameBinarisation, BlackensPieceByPieceUntilOneFails) {
     Plane tUntouched = tWhite;
     EXPECT_EQ(Run(tUntouched, 10, 50, 1), 0x101001E) << "the first piece is empty";
     EXPECT_EQ(tUntouched.aPixels, tWhite.aPixels);
+    m_tDualCamAlignParam.dFrameParam0_Slave = 1.0;
+    EXPECT_EQ(Run(tUntouched, 50, 50, 0), 0x101001E) << "a dark share that no level exceeds";
+    EXPECT_EQ(tUntouched.aPixels, tWhite.aPixels);
 }

@@ -65,6 +65,8 @@ TEST(HostilePictures, ThreeHundredRandomPairs) {
         const unsigned int nStatus = Align(tMaster, Any(t, 2000, 1500)).nStatus;
         EXPECT_TRUE(IsDocumented(nStatus)) << std::hex << nStatus << " for pair " << std::dec << i;
     }
+    // So large a slave needs more than what the master alone would have left free in the buffers.
+    EXPECT_TRUE(IsDocumented(Align(UprightChart(), Rectangles(t, 4000, 3000)).nStatus));
     testing::internal::GetCapturedStdout();
 }
 
@@ -134,7 +136,10 @@ TEST(HostilePictures, StagesRefuseNullAndUnusableSizes) {
     m_pCMainView.nWidth_Master = 65536;
     EXPECT_EQ(DualCamAlign_Calculation(tChart.aPixels.data(), tChart.aPixels.data()), 0x1010004u);
     bubblesort(nullptr, nullptr, 2);
-    bubblesort(nullptr, nullptr, INT32_MIN);
+    double adValues[] = {1.0, 2.0};
+    unsigned short auwIndices[] = {0, 1};
+    bubblesort(adValues, auwIndices, INT32_MIN);
+    EXPECT_EQ(auwIndices[0], 0);
     DualCamAlign_CoordinateTransfer(nullptr, nullptr, 3);
     DualCamAlign_NewMeasureSquareLength(nullptr, true);
 }

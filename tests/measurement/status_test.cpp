@@ -52,37 +52,51 @@ TEST(Status, EachFailurePointHasItsOwnCodeAndMessageForBothCameras) {
             EXPECT_EQ(tResult.nStatus, t.nStatus) << std::hex << tResult.nStatus << " for " << t.nStatus;
             EXPECT_EQ(strOutput, MessageOf(StageOf(t.nStatus), bMaster, t.nStatus));
             EXPECT_EQ(m_tDualCamAlignData.dRx, 0.0);
+            for (const double dAngle : {tResult.dRx, tResult.dRy, tResult.dRz})
+                EXPECT_EQ(dAngle, AlignResult::dUntouched);
         }
     EXPECT_EQ(AlignQuietly(tGood, tGood, &strOutput).nStatus, 0u);
     EXPECT_EQ(strOutput, "Alignment Processing.....\n");
 }
 
+TEST(Status, OnePictureMayStandForBothCameras) {
+    nWidth = nWidth_Slave = 1728;
+    nHeight = nHeight_Slave = 972;
+    std::vector<unsigned char> aCalibration = Calibration();
+    unsigned char* const p = Picture(UprightChart()).OnHeap(); // freed once
+    double adAngle[3];
+    EXPECT_EQ(getAlign(p, p, &adAngle[0], &adAngle[1], &adAngle[2], aCalibration.data(), nullptr), 0u);
+}
+
 TEST(Status, AngleOutsideTheRangeIsReportedAndDelivered) {
-    chart::PairSetup t;
-    t.tRelativePose.dRz = -3.0;
-    const chart::Pair tPair = chart::RenderPair(t);
-    const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
-    EXPECT_EQ(tResult.nStatus, 0x1020015u);
-    EXPECT_NEAR(tResult.dRz, (-3.0 + 0.2) * 1.8 / 2.3 - 0.2, 0.01);
-    EXPECT_NEAR(m_tDualCamAlignData.dRz, -3.0, 0.01) << "the raw angle stays in the working block";
+    for (double chart::Pose::*const pdPose : {&chart::Pose::dRx, &chart::Pose::dRy, &chart::Pose::dRz}) {
+        chart::PairSetup t;
+        t.tRelativePose.*pdPose = -3.0;
+        const chart::Pair tPair = chart::RenderPair(t);
+        const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
+        EXPECT_EQ(tResult.nStatus, 0x1020015u);
+        const chart::Pose tDelivered = {tResult.dRx, tResult.dRy, tResult.dRz};
+        EXPECT_NEAR(tDelivered.*pdPose, (-3.0 + 0.2) * 1.8 / 2.3 - 0.2, 0.01);
+        const chart::Pose tRaw = {m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz};
+        EXPECT_NEAR(tRaw.*pdPose, -3.0, 0.01) << "the raw angle stays in the working block";
+    }
 }
 
 TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
     std::vector<unsigned char> aCalibration = Calibration();
     double adAngle[3] = {5, 5, 5};
-    const auto Run = [&](bool bMaster, bool bSlave, bool bAngle, bool bCalibration) {
-        return getAlign(bMaster ? Picture(Paper()).OnHeap() : nullptr,
-                        bSlave ? Picture(Paper()).OnHeap() : nullptr, &adAngle[0],
-                        bAngle ? &adAngle[1] : nullptr, &adAngle[2],
-                        bCalibration ? aCalibration.data() : nullptr, nullptr);
+    constexpr int nNone = -1;
+    const auto Run = [&](int nNull) {
+        const auto Angle = [&](int n) { return n == nNull ? nullptr : &adAngle[n]; };
+        const auto Blank = [&](int n) { return n == nNull ? nullptr : Picture(Paper()).OnHeap(); };
+        return getAlign(Blank(3), Blank(4), Angle(0), Angle(1), Angle(2),
+                        nNull == 5 ? nullptr : aCalibration.data(), nullptr);
     };
     testing::internal::CaptureStdout();
     nWidth = nWidth_Slave = 1728;
     nHeight = nHeight_Slave = 972;
-    EXPECT_EQ(Run(false, true, true, true), 0x1020001u);
-    EXPECT_EQ(Run(true, false, true, true), 0x1020001u);
-    EXPECT_EQ(Run(true, true, false, true), 0x1020001u);
-    EXPECT_EQ(Run(true, true, true, false), 0x1020001u);
+    for (int nNull = 0; nNull < 6; ++nNull)
+        EXPECT_EQ(Run(nNull), 0x1020001u) << nNull;
     for (const auto& [nColumns, nRows] : {std::pair{0, 972},
                                           {1728, -1},
                                           {65536, 1},
@@ -95,7 +109,7 @@ TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
             nHeight = nHeight_Slave = 972;
             *pnSize = nColumns;
             (pnSize == &nWidth ? nHeight : nHeight_Slave) = nRows;
-            EXPECT_EQ(Run(true, true, true, true), 0x1020002u) << nColumns << " x " << nRows;
+            EXPECT_EQ(Run(nNone), 0x1020002u) << nColumns << " x " << nRows;
         }
     double d = 0.0;
     unsigned char ub = 0;

@@ -40,10 +40,15 @@ inline std::vector<unsigned char> Calibration() {
     return a;
 }
 
+// What is not written stays as it is here.
 struct AlignResult {
-    unsigned int nStatus;
-    double dRx = 0.0, dRy = 0.0, dRz = 0.0;
-    std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aFile = {};
+    static constexpr double dUntouched = 77.0;
+
+    AlignResult() { aFile.fill(0xC3C3); }
+
+    unsigned int nStatus = 0;
+    double dRx = dUntouched, dRy = dUntouched, dRz = dUntouched;
+    std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aFile;
 };
 
 inline AlignResult Align(const Picture& tMaster, const Picture& tSlave) {
@@ -52,7 +57,7 @@ inline AlignResult Align(const Picture& tMaster, const Picture& tSlave) {
     nWidth_Slave = tSlave.nColumns;
     nHeight_Slave = tSlave.nRows;
     std::vector<unsigned char> aCalibration = Calibration();
-    AlignResult t = {};
+    AlignResult t;
     t.nStatus = getAlign(tMaster.OnHeap(), tSlave.OnHeap(), &t.dRx, &t.dRy, &t.dRz, aCalibration.data(),
                          t.aFile.data());
     return t;

@@ -29,6 +29,14 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
     }
 }
 
+TEST_F(BadInput, PipeThatSaysNothingIsNamed) {
+    Render();
+    const Outcome t = Run("measure pipe slave.pgm --calibration calibration.bin",
+                          "mkfifo pipe; (sleep 2.5; cat master.pgm >pipe) & :");
+    EXPECT_EQ(t.nExit, 0);
+    EXPECT_EQ(t.strErr, "orvex-align: waiting for data from pipe\n");
+}
+
 TEST_F(BadInput, UnusableFileIsToldByName) {
     Render();
     Write("short.bin", std::string(2914, 'x'));
@@ -41,6 +49,7 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
         {"measure master.pgm missing.pgm --calibration calibration.bin", {"missing.pgm: cannot be read"}},
         {"measure master.pgm " + std::string(300, 'x') + " --calibration x",
          {"File name too long", "shorter name"}},
+        {"measure master.pgm /dev/zero --calibration calibration.bin", {"/dev/zero: is no picture"}},
         {"measure .. slave.pgm --calibration calibration.bin", {"..: cannot be read (Is a directory)"}},
         {strPair + "short.bin", {"short.bin: is too short"}},
         {strPair + "/dev/zero", {"/dev/zero: holds more than 1048576 bytes"}},
