@@ -3,6 +3,7 @@
 #include "batch_measuring.h"
 #include "console.h"
 #include "files.h"
+#include "harmless_text.h"
 #include "option_checks.h"
 #include "tool_error.h"
 
@@ -96,8 +97,9 @@ std::string ResumeCommand(const Options& t) {
 }
 
 void TellNothingToResume(const Options& t) {
-    std::fputs(("orvex-align: " + t.strOut + ": no such file yet; starting with the first row.\n").c_str(),
-               stderr);
+    std::fputs(
+        ("orvex-align: " + Harmless(t.strOut) + ": no such file yet; starting with the first row.\n").c_str(),
+        stderr);
 }
 
 std::string WordsOfDropped(std::size_t n) {
@@ -113,7 +115,7 @@ std::string WordsOfDropped(std::size_t n) {
 void TellStop(const Options& t, const MeasuredRows& tMeasured, std::size_t nTotal) {
     const std::string strRows =
         std::to_string(tMeasured.nWritten) + " of " + std::to_string(nTotal) + " rows";
-    const std::string strHeld = t.strOut.empty() ? "" : ", which " + t.strOut + " holds";
+    const std::string strHeld = t.strOut.empty() ? "" : ", which " + Harmless(t.strOut) + " holds";
     const std::string strRest = t.strOut.empty()
                                     ? "A run that can go on later writes to a file: see --out and --resume"
                                     : "Go on with\n  " + ResumeCommand(t);

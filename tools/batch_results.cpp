@@ -72,7 +72,7 @@ std::string HeadOf(RowFormat tFormat) {
 
 std::string LineOf(RowFormat tFormat, const BatchRow& tRow) {
     if (tFormat == RowFormat::kJsonLines)
-        return tRow.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+        return TextOf(tRow, kOneLine);
     std::vector<std::string> aCells;
     for (const Json& t : tRow)
         aCells.push_back(CellOf(t));

@@ -1,6 +1,7 @@
 #include "batch_summary.h"
 
 #include "batch_warnings.h"
+#include "harmless_text.h"
 #include "numbers.h"
 #include "text_table.h"
 #include "verdict.h"
@@ -48,10 +49,11 @@ std::string TextIn(const BatchRow& tRow, const char* szColumn, const char* szBeh
 // Without the row's own names, so that one reason is one text: the column stands for the file.
 std::string ReasonOf(const BatchItem& tItem, const BatchRow& tRow) {
     std::string strWords = TextIn(tRow, "words", "");
+    const auto OfFile = [](const std::string& str) { return Harmless(str) + ": "; }; // as messages name it
     for (const auto& [strOwn, szCommon] :
-         {std::pair(PlaceInList(tItem), "list: "), std::pair(tItem.strMaster + ": ", "master: "),
-          std::pair(tItem.strSlave + ": ", "slave: "),
-          std::pair(tItem.strCalibration + ": ", "calibration: ")})
+         {std::pair(PlaceInList(tItem), "list: "), std::pair(OfFile(tItem.strMaster), "master: "),
+          std::pair(OfFile(tItem.strSlave), "slave: "),
+          std::pair(OfFile(tItem.strCalibration), "calibration: ")})
         if (strWords.starts_with(strOwn))
             return szCommon + strWords.substr(strOwn.size());
     return strWords;
@@ -113,7 +115,8 @@ std::string BatchSummary::WarningsText() const {
     return Reasons(std::to_string(m_tWarned.size()) +
                        (m_tWarned.size() == 1 ? " row measured with warnings: its"
                                               : " rows measured with warnings: their") +
-                       " angles may be wrong" + (aIds.size() > nIdsShown ? "" : " (id " + Listed(aIds) + ")"),
+                       " angles may be wrong" +
+                       (aIds.size() > nIdsShown ? "" : " (id " + Harmless(Listed(aIds)) + ")"),
                    m_tWarnings);
 }
 

@@ -1,5 +1,6 @@
 #include "console.h"
 
+#include "harmless_text.h"
 #include "tool_error.h"
 
 #include <cerrno>
@@ -7,6 +8,22 @@
 #include <cstring>
 
 namespace tools {
+namespace {
+
+// In the shell's $'...', which takes any byte by its number.
+std::string QuotedByNumbers(const std::string& str) {
+    std::string strWord = "$'";
+    for (const char c : str) {
+        char szCode[8];
+        std::snprintf(szCode, sizeof szCode, "\\%03o",
+                      static_cast<unsigned int>(static_cast<unsigned char>(c)));
+        const bool bPlain = c >= ' ' && c <= '~' && c != '\'' && c != '\\';
+        strWord += bPlain ? std::string(1, c) : szCode;
+    }
+    return strWord + "'";
+}
+
+} // namespace
 
 void Print(const std::string& str) {
     if (std::fwrite(str.data(), 1, str.size(), stdout) != str.size() || std::fflush(stdout) != 0)
@@ -19,6 +36,8 @@ std::string ShellWord(const std::string& str) {
     constexpr char szPlain[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./,:=@%+-";
     if (!str.empty() && str.find_first_not_of(szPlain) == str.npos)
         return str;
+    if (Harmless(str) != str)
+        return QuotedByNumbers(str);
     std::string strWord = "'";
     for (const char c : str)
         strWord += c == '\'' ? std::string("'\\''") : std::string(1, c);

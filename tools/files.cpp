@@ -1,5 +1,7 @@
 #include "files.h"
 
+#include "harmless_text.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
@@ -41,7 +43,7 @@ File OpenToRead(const std::string& strFile) {
         throw NotRead(strFile);
     pollfd t = {nFile, POLLIN, 0};
     if (poll(&t, 1, 2000) == 0) {
-        std::fprintf(stderr, "orvex-align: waiting for data from %s\n", strFile.c_str());
+        std::fprintf(stderr, "orvex-align: waiting for data from %s\n", Harmless(strFile).c_str());
         poll(&t, 1, -1);
     }
     fcntl(nFile, F_SETFL, 0); // from here on reading waits

@@ -1,5 +1,7 @@
 #include "html_text.h"
 
+#include "harmless_text.h"
+
 namespace tools {
 namespace {
 
@@ -25,7 +27,7 @@ std::string Base64(std::string_view str) {
 
 std::string Escaped(std::string_view str) {
     std::string strText;
-    for (const char c : str)
+    for (const char c : Harmless(str))
         switch (c) {
         case '&':
             strText += "&amp;";

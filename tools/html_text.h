@@ -6,7 +6,8 @@
 
 namespace tools {
 
-// Text for any place of a page, attributes in double quotes included.
+// Text for any place of a page, attributes in double quotes included, with harmless names: a page that turns
+// its lines around misleads as a terminal does.
 std::string Escaped(std::string_view str);
 
 // Bytes as a URL that carries them itself.

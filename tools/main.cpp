@@ -1,5 +1,7 @@
 #include "batch_command.h"
+#include "console.h"
 #include "exit_codes.h"
+#include "harmless_text.h"
 #include "man_page.h"
 #include "measure_command.h"
 #include "record_command.h"
@@ -9,8 +11,10 @@
 #include "versions.h"
 
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <new>
 #include <unistd.h>
@@ -41,12 +45,29 @@ std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
     return tCommand.get_parent() == nullptr ? "name a command: " + Commands(tCommand) : tError.what();
 }
 
+// The name of a file that begins with a dash reads like an option.
+bool IsLikeFile(const std::string& str) {
+    const std::string strExtension = std::filesystem::path(str).extension();
+    const bool bNamed =
+        strExtension.size() > 1 && std::isalpha(static_cast<unsigned char>(strExtension[1])) != 0;
+    std::error_code tIgnored; // a name that cannot be looked up is no file
+    return str.starts_with('-') && (bNamed || std::filesystem::exists(str, tIgnored));
+}
+
+std::string Advice(const CLI::App& tCommand) {
+    const std::vector<std::string> aUnknown = tCommand.remaining();
+    if (aUnknown.empty() || !IsLikeFile(aUnknown.front()))
+        return "";
+    return "  If it is a file, write " + ShellWord("./" + aUnknown.front()) + ".\n";
+}
+
 std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
     const std::vector<CLI::App*> aChosen = pApp->get_subcommands();
     const CLI::App& tCommand = aChosen.empty() ? *pApp : *aChosen.front();
     const std::string strName =
         aChosen.empty() ? pApp->get_name() : pApp->get_name() + " " + tCommand.get_name();
-    return strName + ": " + Reason(tCommand, tError) + ".\n  See " + strName + " --help.\n";
+    return strName + ": " + Harmless(Reason(tCommand, tError)) + ".\n" + Advice(tCommand) + "  See " +
+           strName + " --help.\n";
 }
 
 ExitCode Fail(const std::string& strMessage) {
@@ -100,7 +121,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
         return Fail(
             "not enough memory for pictures of this size.\n  Close other programs or use smaller pictures.");
     } catch (const std::exception& t) { // a fault of ours: told, not aborted
-        return Fail(std::string("ended by a fault of the program: ") + t.what() +
+        return Fail("ended by a fault of the program: " + Harmless(t.what()) +
                     ".\n  Keep the files of this command and report them with this line.");
     }
     return tExit;

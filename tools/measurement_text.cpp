@@ -1,3 +1,4 @@
+#include "harmless_text.h"
 #include "report_tables.h"
 #include "text_table.h"
 
@@ -9,11 +10,11 @@ constexpr std::size_t nLabelColumns = 13;
 std::string TextOf(const Fact& t) {
     std::string strLabel = t.szLabel;
     strLabel.resize(nLabelColumns, ' ');
-    return "  " + strLabel + (t.bFile ? t.strText : Wrapped(t.strText, nLabelColumns + 2)) + "\n";
+    return "  " + strLabel + (t.bFile ? Harmless(t.strText) : Wrapped(t.strText, nLabelColumns + 2)) + "\n";
 }
 
 std::string TextOf(const ReportTable& t) {
-    return "\n" + t.strHeading + "\n" + Table(t.aRows);
+    return std::string("\n") + Harmless(t.strHeading) + "\n" + Table(t.aRows);
 }
 
 std::string TextOf(const ReportList& t) {

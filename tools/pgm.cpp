@@ -15,14 +15,6 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// A damaged header's words may hold anything, also what would end the message or command the terminal.
-std::string Shown(std::string_view str) {
-    std::string strShown(str);
-    std::ranges::replace_if(
-        strShown, [](char c) { return c < ' ' || c > '~'; }, '?');
-    return strShown;
-}
-
 // Walks through the header's words. Comments reach from # to the end of their line.
 class Header {
 public:
@@ -49,7 +41,7 @@ public:
 
 private:
     static std::string Named(const char* szName, std::string_view str) {
-        return std::string(szName) + " \"" + Shown(str.substr(0, 24)) + "\"";
+        return std::string(szName) + " \"" + std::string(str.substr(0, 24)) + "\"";
     }
 
     void MoveTo(std::size_t nPos) { m_nPos = std::min(nPos, m_str.size()); }

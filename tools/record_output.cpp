@@ -1,5 +1,6 @@
 #include "record_output.h"
 
+#include "harmless_text.h"
 #include "quantities.h"
 #include "status_words.h"
 #include "text_table.h"
@@ -93,9 +94,10 @@ std::string TextOf(const RecordReport& t) {
     const std::string strVerdict = tJudgement.tExit == kAccepted ? "ACCEPTED: " : "REFUSED: ";
     return Wrapped(strVerdict + tJudgement.strFound + ".", 0) + "\n\n" +
            Line("Status       ", HexOf(tReading.nStatus) + " " + tJudgement.szStatusName) +
-           Line("Try          ", tJudgement.szTry) + "  Record       " + tReading.strFile + ", " +
-           std::to_string(tReading.nFileBytes) + " bytes\n" + "  Calibration  " + t.strCalibrationFile +
-           "\n" + List("Warnings", tJudgement.aWarnings) + FieldsText(tReading, tJudgement.tExit);
+           Line("Try          ", tJudgement.szTry) + "  Record       " + Harmless(tReading.strFile) + ", " +
+           std::to_string(tReading.nFileBytes) + " bytes\n" + "  Calibration  " +
+           Harmless(t.strCalibrationFile) + "\n" + List("Warnings", tJudgement.aWarnings) +
+           FieldsText(tReading, tJudgement.tExit);
 }
 
 std::string JsonTextOf(const RecordReport& t) {

@@ -3,6 +3,7 @@
 #include "chart/blur.h"
 #include "console.h"
 #include "files.h"
+#include "harmless_text.h"
 #include "man_page.h"
 #include "option_checks.h"
 #include "render_study.h"
@@ -125,7 +126,7 @@ ExitCode RenderMany(const Options& t) {
                    stderr);
         return static_cast<ExitCode>(kSignal + tOutcome.nSignal);
     }
-    Print("Wrote " + std::to_string(t.nCount * t.nRepeats) + " pairs and " + tOutcome.strList +
+    Print("Wrote " + std::to_string(t.nCount * t.nRepeats) + " pairs and " + Harmless(tOutcome.strList) +
           "\n\nMeasure them:\n  orvex-align batch " + ShellWord(tOutcome.strList) + " --out " +
           ShellWord(std::filesystem::path(t.strFolder) / "results.csv") +
           (t.nRepeats > 1 ? " --repeatability" : "") + "\n");

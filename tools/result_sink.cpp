@@ -2,6 +2,7 @@
 
 #include "console.h"
 #include "files.h"
+#include "harmless_text.h"
 #include "tool_error.h"
 
 #include <cerrno>
@@ -13,6 +14,13 @@ namespace tools {
 namespace {
 
 constexpr char szChoose[] = "Name a file in a folder that you may write to";
+
+// Programs read the names as they are, people read them harmless.
+std::string AsRead(const std::string& strLine) {
+    if (isatty(STDOUT_FILENO) == 0)
+        return strLine;
+    return Harmless(strLine.substr(0, strLine.size() - 1)) + "\n";
+}
 
 } // namespace
 
@@ -51,7 +59,7 @@ void ResultSink::KeepOnly(std::size_t nBytes) {
 
 void ResultSink::Write(const std::string& strLine) {
     if (m_nDescriptor == -1)
-        return Print(strLine);
+        return Print(AsRead(strLine));
     if (!WriteAll(m_nDescriptor, strLine)) {
         const ToolError tError = NotWritten(
             m_strFile, "Make room and go on with --resume; the file holds all rows before this one");

@@ -1,5 +1,7 @@
 #include "text_table.h"
 
+#include "harmless_text.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iomanip>
@@ -23,7 +25,7 @@ std::string Listed(const std::vector<std::string>& a) {
 
 std::string Wrapped(const std::string& str, std::size_t nIndent) {
     constexpr std::size_t nColumns = 100;
-    std::string strLines = str, strBreak(nIndent + 1, ' ');
+    std::string strLines = Harmless(str), strBreak(nIndent + 1, ' ');
     strBreak.front() = '\n';
     std::size_t nStart = 0;
     while (strLines.size() - nStart > nColumns - nIndent) {
@@ -43,12 +45,14 @@ std::string List(const std::string& strHeading, const std::vector<std::string>& 
     return str;
 }
 
-std::string Table(const std::vector<std::vector<std::string>>& aRows) {
+std::string Table(std::vector<std::vector<std::string>> aRows) {
     std::vector<std::size_t> anWidths;
-    for (const auto& aCells : aRows) {
+    for (auto& aCells : aRows) {
         anWidths.resize(std::max(anWidths.size(), aCells.size()));
-        for (std::size_t i = 0; i < aCells.size(); ++i)
+        for (std::size_t i = 0; i < aCells.size(); ++i) {
+            aCells[i] = Harmless(aCells[i]);
             anWidths[i] = std::max(anWidths[i], aCells[i].size());
+        }
     }
     std::ostringstream t;
     for (const auto& aCells : aRows) {

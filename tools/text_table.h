@@ -12,6 +12,8 @@ std::string Fixed(double d, int nDecimals);
 // "left, top"
 std::string Listed(const std::vector<std::string>& a);
 
+// What the next three return is harmless, whatever names went in; a heading is the caller's.
+
 // Breaks a text that starts in column nIndent into lines that do so, too, and end before column 100.
 std::string Wrapped(const std::string& str, std::size_t nIndent);
 
@@ -19,7 +21,7 @@ std::string Wrapped(const std::string& str, std::size_t nIndent);
 std::string List(const std::string& strHeading, const std::vector<std::string>& aLines);
 
 // Rows of as many cells; each column as wide as its widest cell, the first one flush left, the others right.
-std::string Table(const std::vector<std::vector<std::string>>& aRows);
+std::string Table(std::vector<std::vector<std::string>> aRows);
 
 } // namespace tools
 

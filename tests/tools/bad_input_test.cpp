@@ -74,9 +74,12 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
 }
 
 TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
+    Write("-out", "");
     const Refusal aCases[] = {
         {"", {"name a command", "See orvex-align --help"}},
-        {"measure a b --calibration c --jsn", {"\"--jsn\" is not understood"}},
+        {"measure a b --calibration c --jsn", {"\"--jsn\" is not understood.\n  See"}},
+        {"measure -dash.pgm b --calibration c", {"understood.\n  If it is a file, write ./-dash.pgm.\n"}},
+        {"measure a -out --calibration c", {"write ./-out."}}, // such a file is there
         {"measure a '' --calibration c", {"SLAVE: the name is empty"}},
         {"measure a b --calibration c --record ''", {"--record: the name is empty"}},
         {"measure a b", {"--calibration is required", "See orvex-align measure --help"}},
