@@ -64,7 +64,8 @@ compare-arm64:
 
 # Format, shell scripts, cppcheck and clang-tidy.
 lint:
-	@./cmake/install-packages.sh $(PACKAGES) libbenchmark-dev clang clang-format clang-tidy cppcheck git shellcheck
+	@./cmake/install-packages.sh $(PACKAGES) libbenchmark-dev clang libclang-rt-dev clang-format clang-tidy cppcheck git \
+	  shellcheck
 	@cmake --preset lint --log-level=NOTICE
 	@./cmake/lint.sh $(JOBS)
 

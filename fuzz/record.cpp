@@ -92,12 +92,19 @@ void Decrypt(const Bytes& aKey, const Bytes& aContainer, int nCapacity) {
             "nothing behind the plain text is written");
 }
 
-void ReadRecord(Bytes aFile) {
+// Also in place, as hosts do, and with lengths that no file has.
+void ReadRecord(Input& t, Bytes aFile) {
     Bytes aRecord(nMostPlainBytes + orvex::nVersionBytes);
+    const int nFile = t.OneIn(16) ? -t.Int(0, 65536) : static_cast<int>(aFile.size());
+    const bool bInPlace = t.OneIn(4);
+    if (bInPlace) {
+        aFile.resize(std::max(aFile.size(), aRecord.size()));
+        aRecord.swap(aFile);
+    }
     int nLength = 0, nStatus = -1;
-    const int nAccepted =
-        Orvex_SpecialAFDataTransform(Calibration().data(), ORVEX_CALIBRATION_SIZE, aFile.data(),
-                                     static_cast<int>(aFile.size()), aRecord.data(), &nLength, &nStatus);
+    const int nAccepted = Orvex_SpecialAFDataTransform(Calibration().data(), ORVEX_CALIBRATION_SIZE,
+                                                       bInPlace ? aRecord.data() : aFile.data(), nFile,
+                                                       aRecord.data(), &nLength, &nStatus);
     Require((nAccepted == 1) == (nStatus == 0), "accepted means status 0");
     Require(nStatus == 0 || (nStatus >= 0x3010001 && nStatus <= 0x3010003), "the status is documented");
     Require((nLength == 0) == (nStatus == ORVEX_RECORD_NOT_DECRYPTED), "what decrypts is handed out");
@@ -115,9 +122,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     Bytes aFile = {1, 0};
     aFile.insert(aFile.end(), aContainer.begin(), aContainer.end());
     aFile.resize(t.OneIn(8) ? aFile.size() % 3 : aFile.size());
-    ReadRecord(std::move(aFile));
     if (t.OneIn(8))
         aKey.resize(static_cast<std::size_t>(t.Int(0, 40)));
     Decrypt(aKey, aContainer, nCapacity);
+    ReadRecord(t, std::move(aFile));
     return 0;
 }
