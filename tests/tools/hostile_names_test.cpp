@@ -49,7 +49,7 @@ TEST_F(HostileNames, CommandNoTerminalAndForgeNoLine) {
         {"batch L --out N/r", "(id " + strShown + ")"},
         {"batch L --out N/r --overwrite", "1 x master: cannot be read"},
         {"batch L --out N/new --resume", strShown},
-        {"measure N/../gate.pgm a --calibration b & until [ -s err ]; do sleep 0.1; done; kill $!",
+        {"measure N/../gate.pgm a --calibration b & until [ -s err ]; do sleep 0.1; done; kill $!; wait $!",
          "from " + strShown},
         {"batch S --out N/S & exec 9>gate.pgm; kill $!; sleep 0.1; kill $!; wait $!", "which " + strShown},
     };
