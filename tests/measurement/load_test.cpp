@@ -1,7 +1,6 @@
-#include "Orvex_Alignment_Stages.h"
 #include "support/failing_charts.h"
-#include "support/get_align.h"
 #include "support/record_folder.h"
+#include "support/trace.h"
 
 #include <android/log.h>
 #include <fstream>
@@ -12,26 +11,9 @@ using namespace support;
 
 namespace {
 
-// All that a run leaves behind; the record as its reader sees it, because its encryption never repeats.
-struct Trace {
-    unsigned int nStatus;
-    std::array<double, 3> adAngles;
-    std::array<unsigned char, sizeof(DualCamAlignData)> aData;
-    int nReading;
-    std::array<unsigned char, 622> aRecord;
-
-    bool operator==(const Trace&) const = default;
-};
-
 Trace Measure(const Picture& tMaster, const Picture& tSlave) {
-    const AlignResult tResult = Align(tMaster, tSlave);
-    Trace t = {tResult.nStatus, {tResult.dRx, tResult.dRy, tResult.dRz}, {}, 0, {}};
-    std::memcpy(t.aData.data(), &m_tDualCamAlignData, sizeof m_tDualCamAlignData);
-    std::vector<unsigned char> aFile = RecordBytes(), aCalibration = Calibration();
-    int nLength = 0;
-    Orvex_SpecialAFDataTransform(aCalibration.data(), ORVEX_CALIBRATION_SIZE, aFile.data(),
-                                 static_cast<int>(aFile.size()), t.aRecord.data(), &nLength, &t.nReading);
-    return t;
+    const AlignResult t = Align(tMaster, tSlave);
+    return TraceOf(t.nStatus, {t.dRx, t.dRy, t.dRz}, RecordBytes());
 }
 
 long ResidentPages() {

@@ -1,8 +1,7 @@
-#include "Orvex_Alignment_Stages.h"
 #include "support/failing_charts.h"
 #include "support/failing_heap.h"
-#include "support/get_align.h"
 #include "support/record_folder.h"
+#include "support/trace.h"
 
 #include <android/log.h>
 #include <gtest/gtest.h>
@@ -43,27 +42,16 @@ const std::string strMasterSearch =
 const std::string strSlaveSearch =
     "Alignment Processing.....\nGet center of binary image fail from Slave image  !!.  err=0!! Line=444.\n";
 
-// All that getAlign leaves behind, as bytes; the record as its reader sees it, which is without it if it
-// could not be encrypted.
-struct Trace {
-    unsigned int nStatus;
-    double adAngles[3];
-    std::array<unsigned char, sizeof(DualCamAlignData)> aData;
-    int nReading;
-    std::array<unsigned char, 622> aRecord;
-
-    bool operator==(const Trace&) const = default;
-};
-
 // Measures with every library as it is after loading, so that the cryptography library's start can fail too.
 Trace TraceWithFailing(int nFailing, const Picture& tMaster, const Picture& tSlave) {
     unsigned char *const pMaster = tMaster.OnHeap(), *const pSlave = tSlave.OnHeap();
     std::vector<unsigned char> aCalibration = Calibration(), aFile(ORVEX_OUT_FILE_CAPACITY);
-    Trace t = {};
+    std::array<double, 3> adAngles = {};
     std::filesystem::remove(tRecordFile);
     WatchHeap(nFailing);
-    t.nStatus = getAlign(pMaster, pSlave, &t.adAngles[0], &t.adAngles[1], &t.adAngles[2], aCalibration.data(),
-                         reinterpret_cast<unsigned short*>(aFile.data()));
+    const unsigned int nStatus =
+        getAlign(pMaster, pSlave, &adAngles[0], &adAngles[1], &adAngles[2], aCalibration.data(),
+                 reinterpret_cast<unsigned short*>(aFile.data()));
     mbedtls_psa_stats_t tKeys = {};
     mbedtls_psa_get_stats(&tKeys);
     mbedtls_psa_crypto_free();
@@ -77,11 +65,7 @@ Trace TraceWithFailing(int nFailing, const Picture& tMaster, const Picture& tSla
     const std::vector<unsigned char> aWritten = RecordBytes();
     aFile.resize(194);
     EXPECT_TRUE(aWritten.empty() || aWritten == aFile) << "no half record, and nothing plain";
-    std::memcpy(t.aData.data(), &m_tDualCamAlignData, sizeof m_tDualCamAlignData);
-    int nLength = 0;
-    Orvex_SpecialAFDataTransform(aCalibration.data(), ORVEX_CALIBRATION_SIZE, aFile.data(), 194,
-                                 t.aRecord.data(), &nLength, &t.nReading);
-    return t;
+    return TraceOf(nStatus, adAngles, aFile);
 }
 
 } // namespace
