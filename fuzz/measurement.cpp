@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     Input t(pBytes, nBytes);
     support::Picture tMaster = AnyPicture(t), tSlave = AnyPicture(t);
     static std::vector<unsigned char> aCalibration = support::Calibration();
-    constexpr double dUntouched = 77.0;
+    constexpr double dUntouched = support::AlignResult::dUntouched;
     double adAngles[3] = {dUntouched, dUntouched, dUntouched};
     _AFPROTECT tRecord = {};
     const unsigned int nStatus = RequireSameTwice([&] {

@@ -37,7 +37,8 @@ struct NewFile {
 
 // Writes a set of files that belong together. Each is written beside its target under a temporary name; only
 // when all of them lie on the disk do they take their places, so that no failure to write leaves half a file
-// or a mixed set. A file that is replaced keeps its mode. Throws ToolError.
+// or a mixed set. A file that is replaced keeps its mode and,
+// where the system allows it, its owner. Throws ToolError.
 void WriteFiles(const std::vector<NewFile>& aFiles);
 
 // Writes all bytes; false with the reason in errno.

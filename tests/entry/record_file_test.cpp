@@ -131,8 +131,7 @@ struct Place {
 };
 
 bool MountAtFolder(unsigned long nFlags, const char* szOptions) {
-    // Seen by nobody else; in a change-root environment, whose root is no mount, for the moment by others
-    // too.
+    // Seen by nobody else; in a chroot, whose root is no mount, for the moment by others too.
     const auto Hide = [] { return mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) == 0 || errno == EINVAL; };
     return unshare(CLONE_NEWNS) == 0 && Hide() && mount("", tFolder.c_str(), "tmpfs", nFlags, szOptions) == 0;
 }

@@ -169,8 +169,8 @@ TEST(BarLine, RefusesEitherEndLeftOfThePicture) {
     };
     const Plane tBar = Plane(10, 101, 200).Fill(1, 0, 3, 100, 0);
     EXPECT_EQ(Measure(tBar), 0u);
-    for (const int nFirstRow :
-         {15, 80}) { // barely brighter beside the band: the edge flies out of the picture
+    // Barely brighter beside the band: the edge flies out of the picture.
+    for (const int nFirstRow : {15, 80}) {
         Plane t = tBar;
         EXPECT_EQ(Measure(t.Fill(0, nFirstRow, 0, nFirstRow + 5, 1)), tStatuses.nOutside) << nFirstRow;
     }

@@ -65,7 +65,7 @@ TEST(HostilePictures, ThreeHundredRandomPairs) {
         const unsigned int nStatus = Align(tMaster, Any(t, 2000, 1500)).nStatus;
         EXPECT_TRUE(IsDocumented(nStatus)) << std::hex << nStatus << " for pair " << std::dec << i;
     }
-    // So large a slave needs more than what the master alone would have left free in the buffers.
+    // A buffer that is sized by the master alone would be overrun by so large a slave.
     EXPECT_TRUE(IsDocumented(Align(UprightChart(), Rectangles(t, 4000, 3000)).nStatus));
     testing::internal::GetCapturedStdout();
 }

@@ -4,9 +4,8 @@ set(page 16384)
 set(largest 512000) # bytes of the file
 
 set(ENV{LC_ALL} C)
-execute_process(COMMAND ${READELF} --wide --dynamic --dyn-syms --program-headers --section-headers
-  ${LIBRARY} OUTPUT_VARIABLE elf
-  COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${READELF} --wide --dynamic --dyn-syms --program-headers --section-headers ${LIBRARY}
+  OUTPUT_VARIABLE elf COMMAND_ERROR_IS_FATAL ANY)
 
 string(REPLACE "[" "<" elf "${elf}")
 string(REPLACE "]" ">" elf "${elf}")
