@@ -1,8 +1,8 @@
 // The readers of PNG, JPEG, PGM and raw pictures. The input is the file.
 
+#include "basics/tool_error.h"
 #include "memory_file.h"
-#include "picture.h"
-#include "tool_error.h"
+#include "pictures/picture.h"
 
 #include <cstdint>
 #include <cstring>

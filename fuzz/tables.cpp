@@ -1,11 +1,11 @@
 // The list of a batch, earlier results that a batch goes on behind, and truth files. The first byte says
 // which of them the rest of the input is.
 
-#include "batch_results.h"
-#include "batch_summary.h"
+#include "basics/tool_error.h"
+#include "batch/results.h"
+#include "batch/summary.h"
+#include "measuring/truth.h"
 #include "memory_file.h"
-#include "tool_error.h"
-#include "truth.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "tools/program.h"
+#include "support/program.h"
 
 namespace program {
 namespace {

@@ -1,0 +1,283 @@
+#include "support/program.h"
+
+#include <regex>
+#include <sstream>
+
+namespace program {
+namespace {
+
+const std::string strProgram = std::string("'") + ORVEX_ALIGN_PROGRAM + "' ";
+
+using Row = nlohmann::ordered_json; // the columns' order is part of the form
+
+std::vector<Row> RowsOf(const std::string& strJsonLines) {
+    std::vector<Row> a;
+    std::istringstream tLines(strJsonLines);
+    for (std::string str; std::getline(tLines, str);)
+        a.push_back(Row::parse(str));
+    return a;
+}
+
+// Holds the measurement of a pair up until somebody writes to it.
+const std::string strGate = "mkfifo gate.pgm; ";
+
+// Starts a batch behind such a gate and waits until its file has as many lines.
+std::string StartBatch(const std::string& strArguments, int nLines) {
+    return strProgram + "batch " + strArguments + " & p=$!; until [ \"$(cat r 2>/dev/null | wc -l)\" -ge " +
+           std::to_string(nLines) + " ]; do sleep 0.02; done; ";
+}
+
+} // namespace
+
+class BatchCommand : public Program {
+protected:
+    // As JSON, so that every value has its type.
+    std::vector<Row> Rows(int nExit, const std::string& strArguments,
+                          const std::string& strBefore = ":") const {
+        const Outcome t = Run("batch --format jsonl " + strArguments, strBefore);
+        EXPECT_EQ(t.nExit, nExit) << t.strErr;
+        return RowsOf(t.strOut);
+    }
+};
+
+TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
+    Render("--count 2 --repeats 2 --noise 2 --range 1 --rx 0.5 --master-range 0.3", "study");
+    Render("--count 2 --repeats 2 --noise 2 --range 1 --rx 0.5 --master-range 0.3", "again");
+    EXPECT_EQ(Read("study/LIST.csv"), Read("again/LIST.csv"));
+    EXPECT_EQ(Read("study/0001-0001/calibration.bin"), Read("study/0001-0002/calibration.bin"));
+    const std::vector<Row> aRows = Rows(0, "study/LIST.csv --jobs 3");
+    ASSERT_EQ(aRows.size(), 4u);
+    for (std::size_t i = 0; i < 4; ++i) {
+        const std::string strFolder = std::string(i < 2 ? "0001" : "0002") + (i % 2 == 0 ? "-0001" : "-0002");
+        EXPECT_EQ(aRows[i]["id"], strFolder.substr(0, 4));
+        EXPECT_EQ(aRows[i]["master"], strFolder + "/master.pgm");
+        const Json tTruth = Json::parse(Read("study/" + strFolder + "/truth.json"))["relative_deg"];
+        for (const std::string strAxis : {"rx", "ry", "rz"}) {
+            EXPECT_NEAR(aRows[i]["raw_" + strAxis + "_deg"], tTruth[strAxis], 0.05);
+            EXPECT_NE(Read("study/LIST.csv").find(tTruth[strAxis].dump()), std::string::npos);
+        }
+    }
+    EXPECT_NE(aRows[0]["raw_rx_deg"], aRows[1]["raw_rx_deg"]) << "the noise is each picture's own";
+    EXPECT_NE(Json::parse(Read("study/0001-0001/truth.json"))["relative_deg"],
+              Json::parse(Read("study/0002-0001/truth.json"))["relative_deg"]);
+    for (const std::string strPair : {"0001-0001/", "0001-0002/", "0002-0001/", "0002-0002/"})
+        for (const std::string& strFile : {strPair + "master.pgm", strPair + "slave.pgm"}) {
+            const std::string str = Read("study/" + strFile);
+            Write("again/" + strFile,
+                  str.substr(str.size() - 1728 * 972) + std::string(1728 * 972 / 2, '\x80'));
+        }
+    EXPECT_EQ(Rows(0, "again/LIST.csv --raw 1728x972"), aRows) << "as the phone's frames";
+    EXPECT_EQ(Rows(2, "again/LIST.csv --raw 1728x972 --raw-slave 1000x500")[0]["camera"], "slave");
+    const std::string strCells = Run("batch study/LIST.csv").strOut;
+    std::string strFirst;
+    for (const Row& t : aRows[0])
+        strFirst += t.is_null() ? "," : (t.is_string() ? t.get<std::string>() : t.dump()) + ",";
+    strFirst.back() = '\n';
+    EXPECT_NE(strCells.find("\n" + strFirst), std::string::npos) << "both forms hold the same";
+}
+
+TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
+    Render("--rx 0.5", "sub/good");
+    Render("--ry -3.2", "sub/far");
+    Write("sub/blank.pgm", "P5 1000 500 255\n" + std::string(500000, '\xC8'));
+    const std::string strHead = "\xEF\xBB\xBF"
+                                "calibration,\"extra\",slave,master\r\n",
+                      strGood =
+                          "good/calibration.bin,\"a, \"\"b\"\"\r\n\",good/slave.pgm,good/master.pgm\r\n",
+                      strFar = "far/calibration.bin,,far/slave.pgm,far/master.pgm\r\n",
+                      strTiny = "good/calibration.bin,,good/slave.pgm,blank.pgm\r\n",
+                      strGone = "good/calibration.bin,,\"a, \"\"b\"\".pgm\",-x\r\n",
+                      strHole = "good/calibration.bin,,,good/master.pgm\r\n", strShort = ",,x\r\n",
+                      strHeld = "good/calibration.bin,,good/slave.pgm,../gate.pgm";
+    Write("sub/L", strHead + strGood);
+    EXPECT_EQ(Rows(0, "sub/L").size(), 1u);
+    Write("sub/L", strHead + strFar + strGood);
+    EXPECT_EQ(Rows(1, "sub/L").size(), 2u);
+    Write("sub/L", strHead + strTiny + strFar);
+    EXPECT_EQ(Rows(2, "sub/L").size(), 2u);
+    Write("sub/L",
+          strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHole + strHole + strShort + strHeld);
+    const Outcome t = Run("batch sub/L --resume --out r --format jsonl",
+                          strGate + StartBatch("sub/L --out r --format jsonl", 7) +
+                              "kill -9 $(cat /proc/$p/task/$p/children); wait $p");
+    EXPECT_EQ(t.nExit, 3);
+    for (const char* const szReason :
+         {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"})
+        EXPECT_NE(t.strOut.find(szReason), std::string::npos) << t.strOut;
+    const std::vector<Row> aRows = RowsOf(Read("r"));
+    const struct {
+        int nExit;
+        const char* szVerdict;
+        const char* szWords;
+    } aCases[] = {{0, "within_range", ""},
+                  {1, "out_of_range", "out of range"},
+                  {2, "not_measured", "no "},
+                  {3, "unfit_input", "-x: cannot be read"},
+                  {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
+                  {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
+                  {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
+                  {2, "no_answer", "ended by signal 9"}};
+    ASSERT_EQ(aRows.size(), std::size(aCases));
+    for (std::size_t i = 0; i < aRows.size(); ++i) {
+        EXPECT_EQ(aRows[i]["id"], std::to_string(i + 1));
+        EXPECT_EQ(aRows[i]["exit_code"], aCases[i].nExit) << aRows[i];
+        EXPECT_EQ(aRows[i]["verdict"], aCases[i].szVerdict);
+        EXPECT_NE(aRows[i]["words"].get<std::string>().find(aCases[i].szWords), std::string::npos)
+            << aRows[i];
+    }
+    EXPECT_EQ(aRows[3]["slave"], "a, \"b\".pgm");
+    Write("sub/L", strHead + strHeld);
+    const Row tOverdue = Rows(2, "sub/L --timeout 1").at(0);
+    EXPECT_NE(tOverdue["words"].get<std::string>().find("no answer within 1 s"), std::string::npos)
+        << tOverdue;
+}
+
+TEST_F(BatchCommand, DoubtfulAngleIsWarnedOfInItsRow) {
+    Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2");
+    const Json tAnswer = MeasureAsJson("master.pgm slave.pgm");
+    Write("L", "master,slave,calibration\nmaster.pgm,slave.pgm,calibration.bin\n");
+    const Row tRow = Rows(0, "L").at(0);
+    const std::string strWarnings = tRow["warnings"], strFirst = tAnswer["warnings"].at(0);
+    EXPECT_TRUE(strWarnings.starts_with(strFirst)) << strWarnings;
+    EXPECT_TRUE(strWarnings.ends_with(std::string(tAnswer["warnings"].back()))) << strWarnings;
+    const Row tTrust = tAnswer["trust"]["slave"];
+    EXPECT_EQ(tRow["trust_slave_side_corner_distance_top_px"], tTrust["side_corner_distance_px"]["top"]);
+    EXPECT_EQ(tRow["trust_slave_side_lines_read_left_percent"], tTrust["side_lines_read_percent"]["left"]);
+}
+
+TEST_F(BatchCommand, SlowPairHoldsFewFinishedRowsBack) {
+    Render();
+    std::string strList = "calibration,slave,master\n";
+    for (int i = 0; i < 40; ++i)
+        strList += "calibration.bin,slave.pgm," + std::string(i == 0    ? "gate.pgm\n"
+                                                              : i == 15 ? "last.pgm\n"
+                                                                        : "master.pgm\n");
+    Write("L", strList);
+    const Outcome t = Run("--version", strGate + "mkfifo last.pgm; " + StartBatch("L --jobs 2 --out r", 1) +
+                                           "cat master.pgm >last.pgm; sleep 0.5; kill -INT $p; wait $p");
+    EXPECT_TRUE(std::regex_search(
+        t.strErr,
+        std::regex("after 0 of 40 rows, which r holds.\n  1[45] finished rows behind a slower pair")))
+        << t.strErr;
+}
+
+TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
+    Render("--count 4 --noise 2", ".");
+    for (const auto& [strFormat, strSignal] : {std::pair<std::string, std::string>("csv", "KILL"),
+                                               {"csv", "INT"},
+                                               {"jsonl", "KILL"},
+                                               {"jsonl", "TERM"}}) {
+        SCOPED_TRACE(strFormat + strSignal);
+        const std::string strArguments = "LIST.csv --jobs 2 --out r --format " + strFormat;
+        const Outcome tWhole = Run("batch " + strArguments, "rm -f r");
+        EXPECT_EQ(tWhole.strErr, "") << "no progress in a pipe";
+        const std::string strWhole = Read("r");
+        // The first one lets the pair behind the gate a moment to end, the second none.
+        const std::string strKill = "kill -" + strSignal + " $p; ";
+        const Outcome tStopped =
+            Run("--version", "rm r; mv 0003/master.pgm kept; " + strGate + "mv gate.pgm 0003/master.pgm; " +
+                                 StartBatch(strArguments, strFormat == "csv" ? 3 : 2) + strKill +
+                                 "sleep 0.1; " + strKill +
+                                 "wait $p; echo code $?; : <>0003/master.pgm; "
+                                 "mv kept 0003/master.pgm");
+        const std::string strPart = Read("r");
+        EXPECT_LT(strPart.size(), strWhole.size());
+        EXPECT_TRUE(strWhole.starts_with(strPart)) << strPart;
+        const bool bKilled = strSignal == "KILL";
+        const char* const szCode = bKilled ? "code 137" : strSignal == "INT" ? "code 130" : "code 143";
+        EXPECT_NE(tStopped.strOut.find(szCode), std::string::npos) << tStopped.strOut << tStopped.strErr;
+        if (bKilled) // as a write that the kill cut off leaves it
+            Write("r", strWhole.substr(0, strPart.size() + 9));
+        else
+            EXPECT_NE(tStopped.strErr.find("after 2 of 4 rows"), std::string::npos) << tStopped.strErr;
+        const Outcome tResumed = Run("batch --resume " + strArguments);
+        EXPECT_EQ(Read("r"), strWhole);
+        EXPECT_EQ(tResumed.strOut, tWhole.strOut) << "the summary tells of all rows";
+    }
+}
+
+TEST_F(BatchCommand, TerminalShowsCountRateAndTimeLeft) {
+    Render("--count 2");
+    // The first pair takes long enough for the bar to be drawn again.
+    const std::string strShown =
+        ShownOnTerminal("batch LIST.csv --jobs 1 --out r", "mv 0001/master.pgm kept; mkfifo 0001/master.pgm; "
+                                                           "{ sleep 0.3; cat kept >0001/master.pgm; } & :");
+    const std::regex tBars("\\r\\[-{40}\\] 0/2\\x1b\\[K\\r\\[#{20}-{20}\\] 1/2  [0-9]+\\.[0-9]/s  0:[0-9]{2} "
+                           "left(.|\\r)*\\r\\x1b\\[K");
+    EXPECT_TRUE(std::regex_match(strShown, tBars)) << strShown;
+}
+
+TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
+    Render("--count 1 --range 0");
+    Row tRow = Rows(0, "LIST.csv")[0];
+    std::string strRows, strList = "id,master,slave,calibration,true_rx_deg,true_ry_deg,true_rz_deg\n";
+    for (const auto& [szId, nRx] : {std::pair("A", 1), {"B", 5}, {"A", 3}, {"B", 9}}) {
+        tRow["id"] = szId;
+        tRow["raw_rx_deg"] = nRx;
+        if (nRx != 1)
+            tRow["warnings"] =
+                nRx == 5 ? "slave camera, left, top sides: at worst 1.5 px, more than 0.3 px; 30. | y"
+                         : "slave camera, left side: 12 px, more than 0.3 px; 5.";
+        strRows += tRow.dump() + "\n";
+        strList += szId + std::string(",0001/master.pgm,0001/slave.pgm,0001/calibration.bin,1,0,0\n");
+    }
+    Write("r", strRows);
+    Write("L", strList);
+    const std::string strOut = Run("batch L --resume --out r --format jsonl --repeatability").strOut;
+    for (const char* const szPart :
+         {"\n3 rows measured with warnings: their angles may be wrong (id B, A)\n"
+          "  3 x slave camera: N px, more than 0.3 px; N.\n  1 x y\n",
+          "  3 of 4 measured rows carry warnings;", "  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
+          "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
+          "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"})
+        EXPECT_NE(strOut.find(szPart), std::string::npos) << szPart << strOut;
+}
+
+TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
+    Render("--count 1");
+    ASSERT_EQ(Run("batch LIST.csv --out done").nExit, 0);
+    const std::string strDone = Read("done"), strHead = "master,slave,calibration\n";
+    const std::size_t nExitCode = strDone.find("calibration.bin,0,") + 16;
+    Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
+    Write("older", std::string(strDone).erase(strDone.find(",warnings"), 9));
+    const struct {
+        std::string strList, strArguments, strTold;
+    } aCases[] = {
+        {"", "--out r", "L: is empty"},
+        {strHead, "--out r", "no pair to measure"},
+        {"master;slave;calibration\na;b;c\n", "--out r",
+         "no column \"master\"; its columns are \"master;slave"},
+        {"master,slave,id,slave,calibration\na,b,c,d,e\n", "--out r", "more than one column \"slave\""},
+        {strHead + "a,b,\"c\n", "--out r", "never closed"},
+        {std::string("\x7F"
+                     "ELF\0\1\2,",
+                     8),
+         "--out r", "binary file"},
+        {strHead + "a,b,c\n", "--out missing/r",
+         "missing/r: cannot be written (No such file or directory).\n  Create its folder"},
+        {strHead + "a,b,c\n", "--out /dev/full --overwrite", "No space left"},
+        {strHead + "a,b,c\n", "--out L --overwrite", "is the list itself"},
+        {strHead + "a,0001/slave.pgm,c\n", "--out 0001/slave.pgm --overwrite", "is an input that the list"},
+        {strHead + "a,b,c\n", "--out done", "exists already"},
+        {strHead + "a,b,c\n", "--out done --resume", "belongs to another list"},
+        {strHead + "a,b,c\n", "--out done --resume --format jsonl", "does not begin as a batch's results"},
+        {strHead + "a,b,c\n", "--out older --resume", "results of this list, from this version"},
+        {strHead + "a,b,c\n", "--out altered --resume", "does not hold a batch's results in row 1"},
+        {strHead + "a,b,c\n", "--out 0001/master.pgm --resume", "does not begin as a batch's results"},
+        {strHead + "a,b,c\n", "--repeatability", "no column \"id\""},
+    };
+    for (const auto& t : aCases) {
+        Write("L", t.strList);
+        ExpectRefused(3, {"batch L " + t.strArguments, {t.strTold}});
+        EXPECT_EQ(Read("L"), t.strList);
+    }
+    EXPECT_FALSE(std::filesystem::exists(m_tFolder / "r"));
+    EXPECT_EQ(Read("done"), strDone);
+    EXPECT_EQ(Run("batch LIST.csv --out done --resume").strErr, "");
+    EXPECT_EQ(Read("done"), strDone);
+    EXPECT_EQ(Run("batch LIST.csv --out new --resume").strErr,
+              "orvex-align: new: no such file yet; starting with the first row.\n");
+    EXPECT_EQ(Read("new"), strDone);
+}
+
+} // namespace program

@@ -1,0 +1,115 @@
+#include "support/program.h"
+
+namespace program {
+namespace {
+
+// Begins the rendering, nice, so that the interruption once strCondition holds comes before the last pair.
+std::string Interrupted(const std::string& strOptions, const std::string& strCondition) {
+    return std::string("nice -n 19 '") + ORVEX_ALIGN_PROGRAM + "' render " + strOptions + " & p=$!; until " +
+           strCondition + " || ! kill -0 $p; do sleep 0.01; done; kill -INT $p; wait $p; echo code $?";
+}
+
+} // namespace
+
+using RenderCommand = Program;
+
+TEST_F(RenderCommand, TruthTellsEveryOptionOfThePair) {
+    Render("--rx 0.1 --ry 0.2 --rz 0.4 --master-rx 1 --master-ry 2 --master-rz 3 --size 800x600 "
+           "--blur 1.5 --noise 2.5 --vignetting 0.25 --gain 0.75 --seed 7");
+    const Json tTruth = Json::parse(Read("truth.json"));
+    EXPECT_EQ(tTruth["relative_deg"], Json({{"rx", 0.1}, {"ry", 0.2}, {"rz", 0.4}}));
+    EXPECT_EQ(tTruth["master"]["pose_deg"], Json({{"rx", 1.}, {"ry", 2.}, {"rz", 3.}}));
+    EXPECT_EQ(tTruth["slave"]["pose_deg"], Json({{"rx", 1.1}, {"ry", 2.2}, {"rz", 3.4}}));
+    const Json tTold = {{"width_px", 800},
+                        {"height_px", 600},
+                        {"focal_length_px", 1900 * (800 / 1728.)}, // the same field of view
+                        {"blur_sigma_px", 1.5},
+                        {"noise_sigma_grey", 2.5},
+                        {"vignetting_share", 0.25},
+                        {"gain_factor", 0.75},
+                        {"seed", 7}};
+    for (const char* const szCamera : {"master", "slave"})
+        for (const auto& [strKey, t] : tTold.items())
+            EXPECT_EQ(tTruth[szCamera]["camera"].at(strKey), t) << szCamera << strKey;
+}
+
+TEST_F(RenderCommand, StudyDrawsTheSameNoiseAndBlurOnEveryMachine) {
+    Render("--count 3 --size 300x200 --noise 1 --max-noise 4 --blur 0.5 --max-blur 2");
+    const std::pair<double, double> aDrawn[] = {{3.3896, 1.1472}, {2.003, 1.2272}, {3.6465, 1.8707}};
+    for (std::size_t i = 0; i < std::size(aDrawn); ++i)
+        for (const char* const szCamera : {"master", "slave"}) {
+            const Json t =
+                Json::parse(Read("000" + std::to_string(i + 1) + "/truth.json"))[szCamera]["camera"];
+            EXPECT_EQ(t["noise_sigma_grey"], aDrawn[i].first);
+            EXPECT_EQ(t["blur_sigma_px"], aDrawn[i].second);
+        }
+}
+
+TEST_F(RenderCommand, SameSeedGivesTheSameFilesAndAnotherSeedOthers) {
+    Render("--noise 2 --seed 5", "one/below");
+    Render("--noise 2 --seed 5", "two");
+    Render("--noise 2 --seed 6", "other");
+    for (const std::string str : {"calibration.bin", "master.pgm", "slave.pgm", "truth.json"}) {
+        EXPECT_EQ(Read("one/below/" + str), Read("two/" + str)) << str;
+        EXPECT_NE(Read("one/below/" + str), Read("other/" + str)) << str;
+    }
+}
+
+TEST_F(RenderCommand, ResumedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
+    Render("--count 6 --noise 2", "whole");
+    const Outcome tStopped =
+        RunInShell(Interrupted("--count 6 --noise 2 --out s", "[ -e s/0002/calibration.bin ]"));
+    EXPECT_NE(tStopped.strOut.find("code 130"), std::string::npos) << tStopped.strOut;
+    EXPECT_NE(tStopped.strErr.find("of 6 pairs"), std::string::npos) << tStopped.strErr;
+    EXPECT_FALSE(std::filesystem::exists(m_tFolder / "s/LIST.csv"));
+    const auto tWritten = std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm");
+    Write("s/0002/slave.pgm", "cut off");
+    Render("--count 6 --noise 2 --resume --overwrite", "s");
+    EXPECT_EQ(std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm"), tWritten);
+    EXPECT_EQ(Run("--version", "diff -r whole s || exit").nExit, 0);
+}
+
+TEST_F(RenderCommand, EarlierRenderingIsReplacedOnlyOnRequestAndItsListGoesFirst) {
+    Render("--count 6", "s");
+    Render("--count 6", "copy");
+    Render("", "pair");
+    Write("pair/master.pgm", "foreign");
+    const Refusal aCases[] = {
+        {"render --out s --count 6 --seed 2", {"s/LIST.csv: exists already", "--overwrite"}},
+        {"render --out s --count 6 --noise 1 --resume", {"s/0001/truth.json: exists already"}},
+        {"render --out pair", {"pair/master.pgm: exists already", "--overwrite"}},
+    };
+    for (const Refusal& t : aCases)
+        ExpectRefused(3, t);
+    Render("--count 6", "s"); // the same bytes
+    EXPECT_EQ(RunInShell("diff -r copy s").nExit, 0);
+    EXPECT_EQ(Read("pair/master.pgm"), "foreign");
+    const Outcome tStopped =
+        RunInShell(Interrupted("--count 6 --seed 2 --overwrite --out s", "[ ! -e s/LIST.csv ]"));
+    EXPECT_NE(tStopped.strOut.find("code 130"), std::string::npos) << tStopped.strOut;
+    EXPECT_FALSE(std::filesystem::exists(m_tFolder / "s/LIST.csv"));
+    EXPECT_NE(Read("copy/0001/truth.json"), Read("s/0001/truth.json"));
+}
+
+TEST_F(RenderCommand, PrintedCommandMeasuresThePair) {
+    const std::string strOut = Run("render --rx 1 --out \"it's a pair\"").strOut;
+    const Outcome t = Run(strOut.substr(strOut.find("measure ")));
+    EXPECT_EQ(t.nExit, 0) << t.strErr;
+    EXPECT_NE(t.strOut.find("Against the truth"), std::string::npos);
+}
+
+TEST_F(RenderCommand, FailureLeavesTheFolderAsItWas) {
+    Render("", "pair");
+    const std::string strMaster = Read("pair/master.pgm");
+    std::filesystem::create_directories(m_tFolder / "taken/slave.pgm");
+    ExpectRefused(3, {"render --out taken", {"taken/slave.pgm: cannot be written (a folder of this name"}});
+    ExpectRefused(3, {"render --out pair/truth.json", {"pair/truth.json: cannot be created as a folder"}});
+    const char szFullDisk[] = "trap '' XFSZ; ulimit -f 100";
+    ExpectRefused(3, {"render --out pair --rx 1 --overwrite", {"pair/master.pgm: cannot be written"}},
+                  szFullDisk);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_tFolder / "taken"), {}), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_tFolder / "pair"), {}), 4);
+    EXPECT_EQ(Read("pair/master.pgm"), strMaster);
+}
+
+} // namespace program

@@ -1,0 +1,163 @@
+#include "support/plane.h"
+#include "trust/trust.h"
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace tools;
+
+namespace {
+
+constexpr Point tFrom = {30.3, 60.2}, tTo = {330.7, 71.4}; // slanted, between pixels
+constexpr double dHalfLine = 4.25, dDark = 50, dBright = 180;
+
+// A dark line with soft edges, dShift px beside the straight line at each share of the way.
+Picture Line(const std::function<double(double)>& Shift, double dLineDark = dDark) {
+    Picture t = {"line", 360, 130, std::string(360 * 130, '\0')};
+    const double dLength = std::hypot(tTo.dX - tFrom.dX, tTo.dY - tFrom.dY);
+    const Point u = {(tTo.dX - tFrom.dX) / dLength, (tTo.dY - tFrom.dY) / dLength};
+    for (int y = 0; y < t.nRows; ++y)
+        for (int x = 0; x < t.nColumns; ++x) {
+            const double dX = x - tFrom.dX, dY = y - tFrom.dY, dAlong = (dX * u.dX + dY * u.dY) / dLength;
+            const double dOff = std::fabs(dY * u.dX - dX * u.dY - Shift(dAlong)) - dHalfLine;
+            const double dShare = 1 / (1 + std::exp(-2 * dOff));
+            t.strGrey[static_cast<std::size_t>(y * t.nColumns + x)] =
+                static_cast<char>(std::lround(std::lerp(dLineDark, dBright, dShare)));
+        }
+    return t;
+}
+
+// The upright chart's frame moved, with its corners where a measurement would find them.
+struct Frame {
+    Picture tPicture;
+    CameraMeasurement tMeasured;
+};
+
+Frame FrameAt(int nLeft, int nTop, unsigned char ubInk) {
+    support::Plane t(800, 500, support::ubPaper);
+    t.Fill(nLeft, nTop, nLeft + 612, nTop + 412, ubInk)
+        .Fill(nLeft + 13, nTop + 13, nLeft + 599, nTop + 399, support::ubPaper);
+    const double dL = nLeft + 6, dT = nTop + 6, dR = nLeft + 606, dB = nTop + 406;
+    Frame tFrame = {{"frame", 800, 500, std::string(t.aPixels.begin(), t.aPixels.end())}, {}};
+    tFrame.tMeasured.aoCorners = {Point{dL, dT}, Point{dL, dB}, Point{dR, dT}, Point{dR, dB}};
+    return tFrame;
+}
+
+} // namespace
+
+TEST(SideReading, ResidualIsTheRmsDistanceFromTheFittedLine) {
+    const struct {
+        const char* szWhat;
+        std::function<double(double)> Shift;
+        double dResidual, dFirst, dLast; // the line's distance from the corners
+    } aCases[] = {
+        {"straight", [](double) { return 0.0; }, 0, 0, 0},
+        {"beside its corners", [](double) { return -0.7; }, 0, 0.7, 0.7},
+        {"slanted", [](double d) { return 3 * d; }, 0, 0, 3},
+        {"waves", [](double d) { return std::sin(60 * d); }, std::sqrt(0.5), 0, 0},
+    };
+    for (const auto& t : aCases) {
+        SCOPED_TRACE(t.szWhat);
+        const SideReading r = ReadSide(Line(t.Shift), tFrom, tTo);
+        EXPECT_GT(r.nLines, 60);
+        EXPECT_EQ(r.nRead, r.nLines);
+        ASSERT_TRUE(r.oResidual);
+        EXPECT_NEAR(*r.oResidual, t.dResidual, 0.02 + 0.03 * t.dResidual);
+        EXPECT_NEAR(Distance((*r.oEnds)[0], tFrom), t.dFirst, 0.05 + 0.1 * t.dResidual);
+        EXPECT_NEAR(Distance((*r.oEnds)[1], tTo), t.dLast, 0.05 + 0.1 * t.dResidual);
+        EXPECT_NEAR(*r.oWidth, 2 * dHalfLine, 0.1);
+        EXPECT_NEAR(*r.oDark, dDark, 1);
+        EXPECT_NEAR(*r.oBright, dBright, 1);
+    }
+}
+
+TEST(SideReading, LinesWithoutAnEndedDarkRunDoNotCount) {
+    const auto Straight = [](double) { return 0.0; };
+    const auto HalfGone = [](double d) { return d < 0.5 ? 0.0 : 1000.0; };
+    const SideReading tHalf = ReadSide(Line(HalfGone), tFrom, tTo);
+    EXPECT_NEAR(tHalf.nRead, tHalf.nLines / 2.0, 2);
+    EXPECT_LT(*tHalf.oResidual, 0.03) << "only what was read counts";
+
+    const double dNan = std::numeric_limits<double>::quiet_NaN();
+    const std::pair<Picture, Point> aUnread[] = {
+        {Line(Straight, dBright - 5), tTo}, // no ink
+        {Line(Straight), tFrom},
+        {Line(Straight), {tFrom.dX + 1e12, 0}},
+        {Line(Straight), {dNan, dNan}},
+        {{"dot", 1, 1, "x"}, tTo},
+    };
+    for (const auto& [tPicture, tEnd] : aUnread)
+        EXPECT_FALSE(ReadSide(tPicture, tFrom, tEnd).oResidual) << tEnd.dX;
+}
+
+TEST(Trust, WarningsNameSideValueAndLimit) {
+    const struct {
+        const char* szWhat;
+        Frame tFrame;
+        std::vector<std::vector<std::string>> aWarnings; // parts of each
+        std::optional<double> oBorder = {};
+    } aCases[] = {
+        {"good", FrameAt(90, 40, support::ubInk), {}, 40},
+        {"near", FrameAt(170, 50, support::ubInk), {{"only 17.0 px", "border", "20 px"}}, 17},
+        // The line across the left side ends at the border on one side.
+        {"cut", FrameAt(-4, 50, support::ubInk), {{", left side", "show the frame"}, {"touches"}}, -4},
+        {"pale",
+         FrameAt(90, 40, 165),
+         {{", left, top, right, bottom sides: at worst low contrast", "dark 165", "bright 200", "70"}},
+         40},
+    };
+    for (const auto& t : aCases) {
+        SCOPED_TRACE(t.szWhat);
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, {});
+        EXPECT_NEAR(*tTrust.oBorderDistance, *t.oBorder, 0.1);
+        const std::vector<std::string> a = WarningsOf(Camera::kSlave, tTrust);
+        ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
+        for (std::size_t i = 0; i < a.size(); ++i)
+            for (const std::string& strPart : t.aWarnings[i])
+                EXPECT_NE(a[i].find(strPart), std::string::npos) << strPart << " in " << a[i];
+    }
+    Frame tBent = FrameAt(90, 40, support::ubInk);
+    tBent.tMeasured.aoCorners[3]->dY += 3; // right down: its two sides no longer follow the picture's
+    tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
+    const std::vector<std::string> a =
+        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured, {}));
+    ASSERT_EQ(a.size(), 1u);
+    EXPECT_TRUE(a[0].starts_with("master camera, bottom side: a measured corner lies 3.0")) << a[0];
+}
+
+TEST(Trust, IsToldAsFarAsTheStagesCame) {
+    const Rectangle tWindow = {200, 100, 600, 400}, tStart = {150, 100, 650, 400};
+    Frame tFrame = FrameAt(170, 50, 165), tPale = FrameAt(90, 40, support::ubInk);
+    tFrame.tMeasured.aoCorners = {};
+    const struct {
+        const char* szWhat;
+        const Frame& tFrame;
+        StageView tView;
+        std::vector<std::string> aWarnings; // how each begins, behind the camera
+    } aCases[] = {
+        {"nothing", tFrame, {}, {}},
+        {"no cross", tFrame, {tWindow, {}, 120.0, {}, {}, {}, {}}, {", cross: low contrast, dark 200"}},
+        {"no frame",
+         tFrame,
+         {{}, {}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
+         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
+        {"no corners",
+         tFrame,
+         {{}, {}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
+         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
+        {"pale cross",
+         tPale,
+         {Rectangle{60, 100, 150, 400}, {}, 20.0, {}, {}, {}, {}},
+         {", cross: too pale"}},
+    };
+    for (const auto& t : aCases) {
+        SCOPED_TRACE(t.szWhat);
+        const std::vector<std::string> a =
+            WarningsOf(Camera::kMaster, TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, t.tView));
+        ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
+        for (std::size_t i = 0; i < a.size(); ++i)
+            EXPECT_TRUE(a[i].starts_with("master camera" + t.aWarnings[i])) << a[i];
+    }
+}

@@ -1,0 +1,47 @@
+#include "basics/console.h"
+
+#include "basics/harmless_text.h"
+#include "basics/tool_error.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace tools {
+namespace {
+
+// In the shell's $'...', which takes any byte by its number.
+std::string QuotedByNumbers(const std::string& str) {
+    std::string strWord = "$'";
+    for (const char c : str) {
+        char szCode[8];
+        std::snprintf(szCode, sizeof szCode, "\\%03o",
+                      static_cast<unsigned int>(static_cast<unsigned char>(c)));
+        const bool bPlain = c >= ' ' && c <= '~' && c != '\'' && c != '\\';
+        strWord += bPlain ? std::string(1, c) : szCode;
+    }
+    return strWord + "'";
+}
+
+} // namespace
+
+void Print(const std::string& str) {
+    if (std::fwrite(str.data(), 1, str.size(), stdout) != str.size() || std::fflush(stdout) != 0)
+        throw ToolError("standard output",
+                        std::string("the result could not be written (") + std::strerror(errno) + ")",
+                        "Check where the output goes and whether there is space left");
+}
+
+std::string ShellWord(const std::string& str) {
+    constexpr char szPlain[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./,:=@%+-";
+    if (!str.empty() && str.find_first_not_of(szPlain) == str.npos)
+        return str;
+    if (Harmless(str) != str)
+        return QuotedByNumbers(str);
+    std::string strWord = "'";
+    for (const char c : str)
+        strWord += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return strWord + "'";
+}
+
+} // namespace tools

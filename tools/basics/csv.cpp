@@ -1,0 +1,99 @@
+#include "basics/csv.h"
+
+#include <algorithm>
+
+namespace tools {
+namespace {
+
+constexpr std::string_view strByteOrderMark = "\xEF\xBB\xBF";
+
+class Reader {
+public:
+    explicit Reader(std::string_view strText)
+        : m_strText(strText), m_nAt(strText.starts_with(strByteOrderMark) ? strByteOrderMark.size() : 0) {}
+
+    bool AtEnd() const { return m_nAt >= m_strText.size(); }
+
+    CsvRecord Next() {
+        CsvRecord t = {{}, m_nLine, 0, false, false};
+        do
+            t.aCells.push_back(Cell(t.bQuoteOpen));
+        while (Skip(','));
+        t.bLineEnded = Skip('\n');
+        t.nEnd = m_nAt;
+        return t;
+    }
+
+private:
+    bool Skip(char c) {
+        if (AtEnd() || m_strText[m_nAt] != c)
+            return false;
+        Take(m_nAt + 1);
+        return true;
+    }
+
+    std::string_view Take(std::size_t nEnd) {
+        const std::string_view str = m_strText.substr(m_nAt, nEnd - m_nAt);
+        m_nLine += static_cast<std::size_t>(std::ranges::count(str, '\n'));
+        m_nAt += str.size();
+        return str;
+    }
+
+    std::string Cell(bool& bQuoteOpen) {
+        std::string str;
+        if (Skip('"'))
+            bQuoteOpen = !TakeQuoted(str);
+        str += Take(m_strText.find_first_of(",\n", m_nAt));
+        const bool bLineEnds = AtEnd() || m_strText[m_nAt] == '\n';
+        if (bLineEnds && !bQuoteOpen && str.ends_with('\r'))
+            str.pop_back();
+        return str;
+    }
+
+    // Up to the closing quote; a doubled one stands for itself.
+    bool TakeQuoted(std::string& str) {
+        do {
+            str += Take(m_strText.find('"', m_nAt));
+            if (!Skip('"'))
+                return false;
+            str += '"';
+        } while (Skip('"'));
+        str.pop_back();
+        return true;
+    }
+
+    std::string_view m_strText;
+    std::size_t m_nAt;
+    std::size_t m_nLine = 1;
+};
+
+std::string Quoted(const std::string& str) {
+    if (str.find_first_of(",\"\r\n") == str.npos)
+        return str;
+    std::string strQuoted = "\"";
+    for (const char c : str)
+        strQuoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return strQuoted + "\"";
+}
+
+} // namespace
+
+std::vector<CsvRecord> ParseCsv(std::string_view strText) {
+    std::vector<CsvRecord> aRecords;
+    for (Reader tReader(strText); !tReader.AtEnd();) {
+        CsvRecord t = tReader.Next();
+        if (t.aCells != std::vector<std::string>{""} || t.bQuoteOpen)
+            aRecords.push_back(std::move(t));
+    }
+    return aRecords;
+}
+
+std::string CsvLine(const std::vector<std::string>& aCells) {
+    std::string str;
+    for (const std::string& strCell : aCells)
+        str += Quoted(strCell) + ",";
+    str.back() = '\n';
+    return str;
+}
+
+} // namespace tools

@@ -1,0 +1,239 @@
+#include "basics/files.h"
+
+#include "basics/harmless_text.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <deque>
+#include <fcntl.h>
+#include <filesystem>
+#include <memory>
+#include <poll.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace tools {
+namespace {
+
+struct Closer {
+    void operator()(std::FILE* p) const { std::fclose(p); }
+};
+using File = std::unique_ptr<std::FILE, Closer>;
+
+// What the reason asks for, or else what usually helps.
+std::string Advice(const char* szUsually) {
+    return errno == ENAMETOOLONG ? "Give the file a shorter name" : szUsually;
+}
+
+ToolError NotRead(const std::string& strFile) {
+    return {strFile, "cannot be read (" + ErrnoText() + ")",
+            Advice("Check the name and the permissions of the file")};
+}
+
+// A pipe or a device may have nothing to read yet: then it says what it waits for, after two seconds.
+File OpenToRead(const std::string& strFile) {
+    const int nFile = open(strFile.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (nFile < 0)
+        throw NotRead(strFile);
+    pollfd t = {nFile, POLLIN, 0};
+    if (poll(&t, 1, 2000) == 0) {
+        std::fprintf(stderr, "orvex-align: waiting for data from %s\n", Harmless(strFile).c_str());
+        poll(&t, 1, -1);
+    }
+    fcntl(nFile, F_SETFL, 0); // from here on reading waits
+    File pFile(fdopen(nFile, "rb"));
+    if (!pFile) {
+        close(nFile);
+        throw NotRead(strFile);
+    }
+    return pFile;
+}
+
+// A staged file's.
+ToolError NotStaged(const std::string& strFile) {
+    return NotCreated(strFile, "Choose a folder that you may write to and that has space left; no file is "
+                               "left half-written");
+}
+
+// A link stays a link: the file that it leads to is the one that is written.
+std::string BehindLinks(const std::string& strTarget) {
+    std::error_code tError;
+    const std::filesystem::path t =
+        std::filesystem::weakly_canonical(std::filesystem::absolute(strTarget, tError), tError);
+    return tError ? strTarget : t.string();
+}
+
+mode_t Umask() {
+    const mode_t n = umask(0);
+    umask(n);
+    return n;
+}
+
+// The mode, owner and group of the file that is replaced, or the mode of any new file. Only root may give a
+// file away, and not every file system has modes: what fails leaves the file no more open than it was.
+void TakeRightsOf(const std::string& strPlace, int nDescriptor) {
+    struct stat t = {};
+    if (stat(strPlace.c_str(), &t) == -1) {
+        fchmod(nDescriptor, 0666 & ~Umask());
+        return;
+    }
+    const bool bGroupKept =
+        fchown(nDescriptor, t.st_uid, t.st_gid) == 0 || fchown(nDescriptor, getuid(), t.st_gid) == 0;
+    const mode_t nOfOthers = t.st_mode & 07; // another group has what everyone has
+    fchmod(nDescriptor, bGroupKept ? t.st_mode & 0777 : (t.st_mode & 0700) | nOfOthers << 3 | nOfOthers);
+}
+
+// A file under a temporary name that nobody can foresee; gone again unless it took its place.
+class StagedFile {
+public:
+    explicit StagedFile(const std::string& strTarget)
+        : m_strTarget(strTarget), m_strPlace(BehindLinks(strTarget)),
+          m_strTemporary(m_strPlace + ".new-XXXXXX"),
+          m_nDescriptor(mkostemp(m_strTemporary.data(), O_CLOEXEC)) {
+        if (m_nDescriptor == -1)
+            throw NotStaged(m_strTarget);
+    }
+    StagedFile(const StagedFile&) = delete;
+    StagedFile& operator=(const StagedFile&) = delete;
+
+    ~StagedFile() {
+        if (m_nDescriptor != -1)
+            Close();
+        if (!m_bInPlace)
+            std::remove(m_strTemporary.c_str());
+    }
+
+    void Write(const std::string& strBytes) {
+        TakeRightsOf(m_strPlace, m_nDescriptor);
+        if (!WriteAll(m_nDescriptor, strBytes) || fsync(m_nDescriptor) != 0 || !Close())
+            throw NotStaged(m_strTarget);
+    }
+
+    void TakePlace() {
+        m_bInPlace = std::rename(m_strTemporary.c_str(), m_strPlace.c_str()) == 0;
+        if (!m_bInPlace)
+            throw NotStaged(m_strTarget);
+    }
+
+private:
+    bool Close() { return close(std::exchange(m_nDescriptor, -1)) == 0; }
+
+    std::string m_strTarget; // as named
+    std::string m_strPlace;
+    std::string m_strTemporary;
+    int m_nDescriptor;
+    bool m_bInPlace = false;
+};
+
+// What a rename would replace, or fail on, only after the first files took their places: a folder, a device,
+// a link without its file.
+void RefuseNoFile(const std::string& strTarget) {
+    std::error_code tError, tIgnored; // whatever else is wrong with the name shows on writing
+    const std::filesystem::file_status t = std::filesystem::status(strTarget, tError);
+    if (!std::filesystem::exists(t) && std::filesystem::is_symlink(strTarget, tIgnored))
+        throw NotWritten(strTarget, "Create the file that it leads to, remove the link, or name another file",
+                         "a link of this name leads nowhere: " + tError.message());
+    if (std::filesystem::is_directory(t))
+        throw NotWritten(strTarget, "Name another file", "a folder of this name is in the way");
+    if (std::filesystem::exists(t) && !std::filesystem::is_regular_file(t))
+        throw NotWritten(strTarget, "Name another file", "what has this name is no file");
+}
+
+// Puts a wish to stop off until the files are in place or their temporary names are gone.
+class StopsHeld {
+public:
+    StopsHeld() {
+        sigset_t tStops;
+        sigemptyset(&tStops);
+        for (const int nSignal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&tStops, nSignal);
+        sigprocmask(SIG_BLOCK, &tStops, &m_tBefore);
+    }
+    ~StopsHeld() { sigprocmask(SIG_SETMASK, &m_tBefore, nullptr); }
+    StopsHeld(const StopsHeld&) = delete;
+    StopsHeld& operator=(const StopsHeld&) = delete;
+
+private:
+    sigset_t m_tBefore;
+};
+
+} // namespace
+
+std::string ErrnoText() {
+    return std::strerror(errno);
+}
+
+ToolError NotWritten(const std::string& strFile, const std::string& strToDo, const std::string& strReason) {
+    return {strFile, "cannot be written (" + strReason + ")", strToDo};
+}
+
+ToolError NotCreated(const std::string& strFile, const char* szUsually) {
+    return NotWritten(strFile, errno == ENOENT ? "Create its folder first, or name a file in another one"
+                                               : Advice(szUsually));
+}
+
+std::string ReadStart(const std::string& strFile, std::size_t nBytes, const CheckStart& Check) {
+    constexpr std::size_t nChunk = std::size_t{1} << 20;
+    const File pFile = OpenToRead(strFile);
+    std::string strBytes;
+    for (std::size_t nRead = 1; nRead != 0 && strBytes.size() < nBytes;) {
+        const std::size_t nOld = strBytes.size();
+        strBytes.resize(std::min(nOld + nChunk, nBytes));
+        nRead = std::fread(strBytes.data() + nOld, 1, strBytes.size() - nOld, pFile.get());
+        strBytes.resize(nOld + nRead);
+        if (std::ferror(pFile.get()) != 0)
+            throw NotRead(strFile);
+        if (nOld == 0 && Check)
+            Check(strBytes);
+    }
+    return strBytes;
+}
+
+std::string ReadFile(const std::string& strFile, std::size_t nLimit, const CheckStart& Check) {
+    std::string strBytes = ReadStart(strFile, nLimit + 1, Check);
+    if (strBytes.size() > nLimit)
+        throw ToolError(strFile, "holds more than " + std::to_string(nLimit) + " bytes, the most it may have",
+                        "Check that this is the right file");
+    return strBytes;
+}
+
+void WriteFiles(const std::vector<NewFile>& aFiles) {
+    const StopsHeld tHeld;
+    std::deque<StagedFile> aStaged;
+    for (const NewFile& t : aFiles) {
+        RefuseNoFile(t.strFile);
+        aStaged.emplace_back(t.strFile).Write(t.strBytes);
+    }
+    for (StagedFile& t : aStaged)
+        t.TakePlace();
+}
+
+bool WriteAll(int nDescriptor, const std::string& str) {
+    for (std::size_t nDone = 0; nDone < str.size();) {
+        const ssize_t n = write(nDescriptor, str.data() + nDone, str.size() - nDone);
+        if (n == -1 && errno != EINTR)
+            return false;
+        nDone += n > 0 ? static_cast<std::size_t>(n) : 0;
+    }
+    return true;
+}
+
+bool IsSameFile(const std::string& strOne, const std::string& strOther) {
+    return !strOne.empty() && !strOther.empty() && BehindLinks(strOne) == BehindLinks(strOther);
+}
+
+void CreateFolder(const std::string& strFolder) {
+    std::error_code tError;
+    std::filesystem::create_directories(strFolder, tError);
+    if (tError)
+        throw ToolError(strFolder, "cannot be created as a folder (" + tError.message() + ")",
+                        "Name a folder that you may create or write to");
+}
+
+} // namespace tools

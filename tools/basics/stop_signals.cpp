@@ -1,0 +1,47 @@
+#include "basics/stop_signals.h"
+
+#include <csignal>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+namespace tools {
+namespace {
+
+// A hang-up that is ignored stays so: that is how a program is told to outlive its terminal.
+bool HangUpIsIgnored() {
+    struct sigaction tAction = {};
+    return sigaction(SIGHUP, nullptr, &tAction) == 0 && tAction.sa_handler == SIG_IGN;
+}
+
+sigset_t Signals() {
+    sigset_t t;
+    sigemptyset(&t);
+    sigaddset(&t, SIGINT);
+    sigaddset(&t, SIGTERM);
+    if (!HangUpIsIgnored())
+        sigaddset(&t, SIGHUP);
+    return t;
+}
+
+} // namespace
+
+StopSignals::StopSignals() {
+    const sigset_t tSignals = Signals();
+    sigprocmask(SIG_BLOCK, &tSignals, nullptr);
+    m_nDescriptor = signalfd(-1, &tSignals, SFD_CLOEXEC | SFD_NONBLOCK);
+}
+
+StopSignals::~StopSignals() {
+    while (Take() != 0) {
+    }
+    const sigset_t tSignals = Signals();
+    sigprocmask(SIG_UNBLOCK, &tSignals, nullptr);
+    close(m_nDescriptor);
+}
+
+int StopSignals::Take() const {
+    signalfd_siginfo t = {};
+    return read(m_nDescriptor, &t, sizeof t) == sizeof t ? static_cast<int>(t.ssi_signo) : 0;
+}
+
+} // namespace tools

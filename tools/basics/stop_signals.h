@@ -1,0 +1,27 @@
+#ifndef ORVEX_TOOLS_BASICS_STOP_SIGNALS_H
+#define ORVEX_TOOLS_BASICS_STOP_SIGNALS_H
+
+namespace tools {
+
+// Holds back what asks the program to stop (Ctrl-C, termination, hang-up) while it exists, so that long work
+// ends between two pieces of it.
+class StopSignals {
+public:
+    StopSignals();
+    ~StopSignals();
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+
+    // Readable once a signal has come.
+    int Descriptor() const { return m_nDescriptor; }
+
+    // The signal that has come since the last call, or 0. Does not wait.
+    int Take() const;
+
+private:
+    int m_nDescriptor;
+};
+
+} // namespace tools
+
+#endif

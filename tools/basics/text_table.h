@@ -1,0 +1,28 @@
+#ifndef ORVEX_TOOLS_BASICS_TEXT_TABLE_H
+#define ORVEX_TOOLS_BASICS_TEXT_TABLE_H
+
+#include <string>
+#include <vector>
+
+namespace tools {
+
+// With a fixed number of decimals; a value that rounds to zero has no sign.
+std::string Fixed(double d, int nDecimals);
+
+// "left, top"
+std::string Listed(const std::vector<std::string>& a);
+
+// What the next three return is harmless, whatever names went in; a heading is the caller's.
+
+// Breaks a text that starts in column nIndent into lines that do so, too, and end before column 100.
+std::string Wrapped(const std::string& str, std::size_t nIndent);
+
+// A heading and its lines, each wrapped; nothing if there is no line.
+std::string List(const std::string& strHeading, const std::vector<std::string>& aLines);
+
+// Rows of as many cells; each column as wide as its widest cell, the first one flush left, the others right.
+std::string Table(std::vector<std::vector<std::string>> aRows);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,143 @@
+#include "batch/child.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tools {
+namespace {
+
+// Where the child's streams lead, and its own process group and clear signal mask.
+class SpawnSetup {
+public:
+    explicit SpawnSetup(const std::string& strFolder) {
+        posix_spawn_file_actions_init(&m_tActions);
+        posix_spawn_file_actions_addopen(&m_tActions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addchdir_np(&m_tActions, strFolder.c_str());
+        posix_spawnattr_init(&m_tAttributes);
+        posix_spawnattr_setflags(&m_tAttributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
+        posix_spawnattr_setpgroup(&m_tAttributes, 0);
+        sigset_t tNone;
+        sigemptyset(&tNone);
+        posix_spawnattr_setsigmask(&m_tAttributes, &tNone);
+    }
+    ~SpawnSetup() {
+        posix_spawn_file_actions_destroy(&m_tActions);
+        posix_spawnattr_destroy(&m_tAttributes);
+    }
+    SpawnSetup(const SpawnSetup&) = delete;
+    SpawnSetup& operator=(const SpawnSetup&) = delete;
+
+    void Lead(int nStream, int nDescriptor) {
+        posix_spawn_file_actions_adddup2(&m_tActions, nDescriptor, nStream);
+    }
+
+    int Spawn(pid_t& nProcess, char* const* aszArguments) const {
+        return posix_spawn(&nProcess, "/proc/self/exe", &m_tActions, &m_tAttributes, aszArguments, environ);
+    }
+
+private:
+    posix_spawn_file_actions_t m_tActions;
+    posix_spawnattr_t m_tAttributes;
+};
+
+std::vector<char*> Pointers(std::vector<std::string>& aWords) {
+    std::vector<char*> a;
+    a.reserve(aWords.size() + 1);
+    for (std::string& str : aWords)
+        a.push_back(str.data());
+    a.push_back(nullptr);
+    return a;
+}
+
+void Close(int& nDescriptor) {
+    if (nDescriptor != -1)
+        close(nDescriptor);
+    nDescriptor = -1;
+}
+
+// Until the pipe is empty for now, or closed at its other end.
+void Drain(int& nPipe, std::string& str) {
+    std::array<char, 1 << 16> aChunk;
+    ssize_t n = 0;
+    while (nPipe != -1 && (n = read(nPipe, aChunk.data(), aChunk.size())) > 0)
+        str.append(aChunk.data(), static_cast<std::size_t>(n));
+    if (n == 0 || (errno != EAGAIN && errno != EINTR))
+        Close(nPipe);
+}
+
+int Reaped(pid_t nProcess) {
+    int nStatus = 0;
+    while (waitpid(nProcess, &nStatus, 0) == -1 && errno == EINTR) {
+    }
+    return nStatus;
+}
+
+} // namespace
+
+Child::Child(const std::vector<std::string>& aArguments, const std::string& strFolder) {
+    std::array<int, 2> anEnds = {-1, -1};
+    SpawnSetup tSetup(strFolder);
+    for (std::size_t i = 0; i < m_anPipes.size() && m_nError == 0; ++i) {
+        int anPipe[2] = {-1, -1};
+        m_nError = pipe2(anPipe, O_CLOEXEC) == 0 ? 0 : errno;
+        m_anPipes[i] = anPipe[0];
+        anEnds[i] = anPipe[1];
+        fcntl(m_anPipes[i], F_SETFL, O_NONBLOCK);
+        tSetup.Lead(i == 0 ? STDOUT_FILENO : STDERR_FILENO, anEnds[i]);
+    }
+    std::vector<std::string> aWords = {"orvex-align"};
+    aWords.insert(aWords.end(), aArguments.begin(), aArguments.end());
+    if (m_nError == 0)
+        m_nError = tSetup.Spawn(m_nProcess, Pointers(aWords).data());
+    if (m_nError != 0)
+        m_nProcess = -1;
+    for (int& nEnd : anEnds)
+        Close(nEnd);
+}
+
+Child::~Child() {
+    for (int& nPipe : m_anPipes)
+        Close(nPipe);
+    if (m_nProcess != -1) {
+        kill(m_nProcess, SIGKILL);
+        Reaped(m_nProcess);
+    }
+}
+
+bool Child::TakeOutput() {
+    for (std::size_t i = 0; i < m_anPipes.size(); ++i)
+        Drain(m_anPipes[i], m_aOutput[i]);
+    return m_anPipes[0] == -1 && m_anPipes[1] == -1;
+}
+
+void Child::End(const std::string& strReason) {
+    m_strEnded = strReason;
+    if (m_nProcess != -1)
+        kill(m_nProcess, SIGKILL);
+}
+
+ChildOutcome Child::Outcome() {
+    ChildOutcome t = {-1, "", m_aOutput[0], m_aOutput[1]};
+    if (m_nProcess == -1) {
+        t.strFailure =
+            std::string("the measuring process could not be started (") + std::strerror(m_nError) + ")";
+        return t;
+    }
+    const int nStatus = Reaped(m_nProcess);
+    m_nProcess = -1;
+    if (WIFEXITED(nStatus))
+        t.nExit = WEXITSTATUS(nStatus);
+    else if (!m_strEnded.empty())
+        t.strFailure = m_strEnded;
+    else
+        t.strFailure = "the measuring process was ended by signal " + std::to_string(WTERMSIG(nStatus)) +
+                       " (" + strsignal(WTERMSIG(nStatus)) + ")";
+    return t;
+}
+
+} // namespace tools

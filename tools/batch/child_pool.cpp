@@ -1,0 +1,115 @@
+#include "batch/child_pool.h"
+
+#include "basics/stop_signals.h"
+
+#include <algorithm>
+#include <list>
+#include <poll.h>
+
+namespace tools {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+// A measurement takes a fraction of it.
+constexpr std::chrono::milliseconds tPatience(2000);
+
+struct Running {
+    std::size_t nJob;
+    std::unique_ptr<Child> pChild;
+    Clock::time_point tLimit;
+};
+
+// What poll is to wait until then: nothing for what is over.
+int MillisecondsUntil(Clock::time_point t) {
+    const auto tLeft = std::chrono::ceil<std::chrono::milliseconds>(t - Clock::now());
+    return static_cast<int>(std::clamp(tLeft, 0ms, std::chrono::milliseconds(1h)).count());
+}
+
+class Pool {
+public:
+    explicit Pool(const ChildWork& tWork) : m_tWork(tWork) {}
+
+    int Run() {
+        for (StartMore(); !m_aRunning.empty(); StartMore()) {
+            Wait();
+            if (MustEndNow())
+                break;
+            TakeDone();
+            EndOverdue();
+        }
+        return m_nSignal;
+    }
+
+private:
+    // Those that run are in the order of their jobs.
+    bool MayStart() const {
+        return m_nSignal == 0 && m_nNext < m_tWork.nJobs && m_aRunning.size() < m_tWork.nAtOnce &&
+               (m_aRunning.empty() || m_nNext - m_aRunning.front().nJob < m_tWork.nAhead);
+    }
+
+    void StartMore() {
+        for (; MayStart(); ++m_nNext)
+            m_aRunning.push_back({m_nNext, m_tWork.Start(m_nNext), Clock::now() + m_tWork.tTimeLimit});
+    }
+
+    void Wait() const {
+        std::vector<pollfd> aWaiting = {{m_tStop.Descriptor(), POLLIN, 0}};
+        for (const Running& t : m_aRunning)
+            for (const int nPipe : t.pChild->Descriptors())
+                aWaiting.push_back({nPipe, POLLIN, 0});
+        poll(aWaiting.data(), aWaiting.size(), MillisecondsUntil(NextEvent()));
+    }
+
+    Clock::time_point NextEvent() const {
+        Clock::time_point tNext = m_nSignal == 0 ? Clock::time_point::max() : m_tPatienceEnds;
+        for (const Running& t : m_aRunning)
+            tNext = std::min(tNext, t.tLimit);
+        return tNext;
+    }
+
+    // The second signal, or the first one's patience is over.
+    bool MustEndNow() {
+        const int nSignal = m_tStop.Take();
+        if (m_nSignal != 0)
+            return nSignal != 0 || Clock::now() >= m_tPatienceEnds;
+        m_nSignal = nSignal;
+        m_tPatienceEnds = Clock::now() + tPatience;
+        return false;
+    }
+
+    void TakeDone() {
+        std::erase_if(m_aRunning, [this](const Running& t) {
+            const bool bDone = t.pChild->TakeOutput();
+            if (bDone)
+                m_tWork.Done(t.nJob, t.pChild->Outcome());
+            return bDone;
+        });
+    }
+
+    // Killed once; that it is gone shows at its pipes.
+    void EndOverdue() {
+        for (Running& t : m_aRunning)
+            if (Clock::now() >= t.tLimit) {
+                t.pChild->End("the measuring process gave no answer within " +
+                              std::to_string(m_tWork.tTimeLimit.count()) + " s and was ended");
+                t.tLimit = Clock::time_point::max();
+            }
+    }
+
+    StopSignals m_tStop;
+    const ChildWork& m_tWork;
+    std::size_t m_nNext = 0;
+    std::list<Running> m_aRunning;
+    int m_nSignal = 0;
+    Clock::time_point m_tPatienceEnds;
+};
+
+} // namespace
+
+int RunChildren(const ChildWork& tWork) {
+    return Pool(tWork).Run();
+}
+
+} // namespace tools

@@ -1,0 +1,74 @@
+#include "batch/measuring.h"
+
+#include "basics/progress.h"
+#include "batch/child_pool.h"
+
+#include <algorithm>
+
+namespace tools {
+namespace {
+
+// For each of those that run at once: so many rows may be measured behind one that is not. Fewer would leave
+// cores idle behind a pair that takes a little longer, more would be lost when the batch is stopped.
+constexpr std::size_t nAheadPerJob = 8;
+
+class Rows {
+public:
+    Rows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary)
+        : m_tWork(tWork), m_tSink(tSink), m_tSummary(tSummary), m_nNext(tWork.nFirst) {}
+
+    void Add(std::size_t nRow, const BatchRow& tRow) {
+        m_tSummary.Add(m_tWork.tList.aItems[nRow], tRow);
+        m_tWaiting[nRow] = LineOf(m_tWork.tFormat, tRow);
+        for (auto p = m_tWaiting.find(m_nNext); p != m_tWaiting.end(); p = m_tWaiting.find(++m_nNext)) {
+            m_tSink.Write(p->second);
+            m_tWaiting.erase(p);
+        }
+    }
+
+    std::size_t Written() const { return m_nNext; }
+
+    // Lines at fault need no measurement.
+    std::size_t WaitingMeasurements() const {
+        return static_cast<std::size_t>(std::ranges::count_if(
+            m_tWaiting, [this](const auto& t) { return m_tWork.tList.aItems[t.first].strFault.empty(); }));
+    }
+
+private:
+    const BatchWork& m_tWork;
+    ResultSink& m_tSink;
+    BatchSummary& m_tSummary;
+    std::size_t m_nNext;
+    std::map<std::size_t, std::string> m_tWaiting;
+};
+
+std::unique_ptr<Child> StartMeasuring(const BatchWork& tWork, const BatchItem& t) {
+    std::vector<std::string> a = {"measure", "--json"};
+    a.insert(a.end(), tWork.aOptions.begin(), tWork.aOptions.end());
+    a.insert(a.end(), {"--calibration=" + t.strCalibration, "--", t.strMaster, t.strSlave});
+    return std::make_unique<Child>(a, tWork.tList.strFolder);
+}
+
+} // namespace
+
+MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary) {
+    const std::vector<BatchItem>& aItems = tWork.tList.aItems;
+    Rows tRows(tWork, tSink, tSummary);
+    std::vector<std::size_t> anFit;
+    for (std::size_t i = tWork.nFirst; i < aItems.size(); ++i)
+        if (aItems[i].strFault.empty())
+            anFit.push_back(i);
+        else
+            tRows.Add(i, FaultyRow(aItems[i]));
+    Progress tProgress(aItems.size() - anFit.size(), aItems.size(), tWork.bProgress);
+    const int nSignal =
+        RunChildren({anFit.size(), tWork.nAtOnce, nAheadPerJob * tWork.nAtOnce, tWork.tTimeLimit,
+                     [&](std::size_t n) { return StartMeasuring(tWork, aItems[anFit[n]]); },
+                     [&](std::size_t n, const ChildOutcome& tOutcome) {
+                         tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
+                         tProgress.Step();
+                     }});
+    return {tRows.Written(), tRows.WaitingMeasurements(), nSignal};
+}
+
+} // namespace tools

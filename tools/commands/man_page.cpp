@@ -1,0 +1,101 @@
+#include "commands/man_page.h"
+
+#include "basics/text_table.h"
+
+#include <cctype>
+
+namespace tools {
+namespace {
+
+constexpr std::size_t nIndent = 4, nDeepIndent = 8;
+
+std::string Indented(const std::string& str, std::size_t nColumns) {
+    return std::string(nColumns, ' ') + Wrapped(str, nColumns) + "\n";
+}
+
+std::string FirstLine(const std::string& str) {
+    return str.substr(0, str.find('\n'));
+}
+
+// The first line's sentence as manual pages have it behind a name: "measures a pair".
+std::string Purpose(const CLI::App& tApp) {
+    std::string str = FirstLine(tApp.get_description());
+    if (str.ends_with('.'))
+        str.pop_back();
+    if (!str.empty())
+        str.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(str.front())));
+    return str;
+}
+
+std::string Name(const CLI::App& tApp) {
+    return tApp.get_parent() == nullptr ? tApp.get_name() : Name(*tApp.get_parent()) + " " + tApp.get_name();
+}
+
+// "--jobs N", "MASTER"
+std::string Usage(const CLI::Option& t) {
+    if (t.get_positional())
+        return t.get_name(true);
+    const std::string strType = t.get_type_size() == 0 ? "" : t.get_type_name();
+    return t.get_lnames().empty() ? t.get_name()
+                                  : "--" + t.get_lnames().front() + (strType.empty() ? "" : " " + strType);
+}
+
+std::string Synopsis(const CLI::App& tApp) {
+    std::string strRequired, strOthers;
+    for (const CLI::Option* const p : tApp.get_options())
+        if (p->get_required())
+            strRequired += " " + Usage(*p);
+        else
+            strOthers += " [" + Usage(*p) + "]";
+    const bool bHasCommands = !tApp.get_subcommands({}).empty();
+    return "SYNOPSIS\n" +
+           Indented(Name(tApp) + (bHasCommands ? " COMMAND ..." : "") + strRequired + strOthers, nIndent);
+}
+
+std::string Description(const CLI::App& tApp) {
+    std::string str, strRest = tApp.get_description();
+    for (std::size_t n = 0; (n = strRest.find('\n')) != strRest.npos;) {
+        strRest = strRest.substr(n + 1);
+        str += (str.empty() ? "\nDESCRIPTION\n" : "\n") + Indented(FirstLine(strRest), nIndent);
+    }
+    return str;
+}
+
+std::string Commands(const CLI::App& tApp) {
+    std::string str;
+    for (const CLI::App* const p : tApp.get_subcommands({}))
+        str += (str.empty() ? "\nCOMMANDS\n" : "") + Indented(p->get_name(), nIndent) +
+               Indented(Purpose(*p), nDeepIndent);
+    return str;
+}
+
+std::string Section(const char* szHeading, const CLI::App& tApp, bool bPositional) {
+    std::string str;
+    for (const CLI::Option* const p : tApp.get_options()) {
+        if (p->get_positional() != bPositional)
+            continue;
+        const std::string strDefault =
+            p->get_default_str().empty() ? "" : ". Default " + p->get_default_str();
+        const std::string strShort = p->get_snames().empty() ? "" : "-" + p->get_snames().front() + ", ";
+        str += Indented(strShort + Usage(*p), nIndent) +
+               Indented(p->get_description() + strDefault + ".", nDeepIndent);
+    }
+    return str.empty() ? "" : std::string("\n") + szHeading + "\n" + str;
+}
+
+} // namespace
+
+std::string ManPage::make_help(const CLI::App* pApp, std::string, CLI::AppFormatMode) const {
+    return "NAME\n" + Indented(Name(*pApp) + " - " + Purpose(*pApp), nIndent) + "\n" + Synopsis(*pApp) +
+           Description(*pApp) + Commands(*pApp) + Section("ARGUMENTS", *pApp, true) +
+           Section("OPTIONS", *pApp, false) + "\n" + pApp->get_footer();
+}
+
+std::string ExamplesHelp(std::initializer_list<const char*> aszCommands) {
+    std::string str = "EXAMPLES\n";
+    for (const char* const sz : aszCommands)
+        str += std::string(nIndent, ' ') + sz + "\n";
+    return str + "\n";
+}
+
+} // namespace tools

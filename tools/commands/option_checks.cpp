@@ -1,0 +1,65 @@
+#include "commands/option_checks.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <sstream>
+
+namespace tools {
+
+CLI::Validator Within(double dLowest, double dHighest) {
+    std::ostringstream tRange;
+    tRange << dLowest << " to " << dHighest;
+    const auto Check = [=, strRange = tRange.str()](const std::string& str) {
+        double d = 0;
+        // Negated, because a NaN is neither above nor below.
+        const bool bWithin = CLI::detail::lexical_cast(str, d) && d >= dLowest && d <= dHighest;
+        return bWithin ? std::string() : "\"" + str + "\" is not a number from " + strRange;
+    };
+    return {Check, "", ""};
+}
+
+CLI::Validator WholeNumber() {
+    const auto Check = [](const std::string& str) {
+        const bool bWhole =
+            !str.empty() && str.size() <= 18 && str.find_first_not_of("0123456789") == str.npos;
+        return bWhole ? std::string() : "\"" + str + "\" is not a whole number from 0, of at most 18 digits";
+    };
+    return {Check, "", ""};
+}
+
+CLI::Validator FileName() {
+    const auto Check = [](const std::string& str) {
+        return str.empty() ? std::string("the name is empty, as an unset variable leaves it") : std::string();
+    };
+    return {Check, "", ""};
+}
+
+CLI::Validator OneOf(const std::vector<std::string>& aWords) {
+    std::string strWords;
+    for (const std::string& str : aWords)
+        strWords += (strWords.empty() ? "" : " or ") + str;
+    const auto Check = [=](const std::string& str) {
+        const bool bFound = std::ranges::find(aWords, str) != aWords.end();
+        return bFound ? std::string() : "\"" + str + "\" is not " + strWords;
+    };
+    return {Check, "", ""};
+}
+
+PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
+    PictureSize t = {};
+    char cRest = 0;
+    // NOLINTBEGIN(cert-err34-c): nine digits cannot overflow
+    const bool bRead =
+        str.size() < 20 && std::sscanf(str.c_str(), "%9dx%9d%c", &t.nColumns, &t.nRows, &cRest) == 2;
+    // NOLINTEND(cert-err34-c)
+    if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
+        PixelsOf(t) > kMaxGivenPixels)
+        throw CLI::ValidationError(
+            strOption, "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
+                           std::to_string(kMaxSide) + " px and at most " + std::to_string(kMaxGivenPixels) +
+                           " px in all");
+    return t;
+}
+
+} // namespace tools

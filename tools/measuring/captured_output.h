@@ -1,0 +1,31 @@
+#ifndef ORVEX_TOOLS_MEASURING_CAPTURED_OUTPUT_H
+#define ORVEX_TOOLS_MEASURING_CAPTURED_OUTPUT_H
+
+#include <string>
+#include <vector>
+
+namespace tools {
+
+// Collects what is written to one of the process's standard streams, by whatever means, from construction
+// until Lines() or destruction. The library prints and logs on its own; this keeps the tool's output clean.
+class CapturedOutput {
+public:
+    explicit CapturedOutput(int nDescriptor);
+    ~CapturedOutput();
+    CapturedOutput(const CapturedOutput&) = delete;
+    CapturedOutput& operator=(const CapturedOutput&) = delete;
+
+    // Gives the stream back and returns what was written, without empty lines.
+    std::vector<std::string> Lines();
+
+private:
+    void GiveBack();
+
+    int m_nDescriptor;
+    int m_nOriginal;
+    int m_nCapture;
+};
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,103 @@
+#include "measuring/quantities.h"
+
+#include "basics/text_table.h"
+
+#include <cmath>
+
+namespace tools {
+namespace {
+
+constexpr int nAngleDecimals = 4;
+constexpr int nPixelDecimals = 3;
+
+using Value = std::optional<double>;
+
+bool HasNumber(const Quantity& t) {
+    return t.oValue && std::isfinite(*t.oValue);
+}
+
+Quantity Angle(const std::string& strKey, const std::string& strLabel, Value oValue) {
+    return {strKey, strLabel, "deg", nAngleDecimals, oValue};
+}
+
+Quantity Pixels(const std::string& strKey, const std::string& strLabel, Value oValue) {
+    return {strKey, strLabel, "px", nPixelDecimals, oValue};
+}
+
+void AddUnder(Quantities& a, const std::string& strPath, const std::string& strOwner,
+              const Quantities& aAdded) {
+    for (Quantity t : aAdded) {
+        t.strKey = strPath + "/" + t.strKey;
+        t.strLabel = strOwner + t.strLabel;
+        a.push_back(t);
+    }
+}
+
+} // namespace
+
+void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLabel,
+              const std::optional<Point>& oPoint) {
+    a.push_back(Pixels(strKey + "/x", strLabel + " x", oPoint ? Value(oPoint->dX) : Value()));
+    a.push_back(Pixels(strKey + "/y", strLabel + " y", oPoint ? Value(oPoint->dY) : Value()));
+}
+
+Quantities QuantitiesOf(const std::optional<Angles>& oAngles) {
+    const auto ValueOf = [&](double Angles::*pAngle) {
+        return oAngles ? Value((*oAngles).*pAngle) : Value();
+    };
+    return {Angle("rx", "Rx", ValueOf(&Angles::dRx)), Angle("ry", "Ry", ValueOf(&Angles::dRy)),
+            Angle("rz", "Rz", ValueOf(&Angles::dRz))};
+}
+
+Quantities QuantitiesOf(const CameraMeasurement& t) {
+    Quantities a;
+    AddPoint(a, "cross_centre_px", "cross centre", t.oCentre);
+    a.push_back(Angle("cross_angle_deg", "cross angle", t.oCrossAngle));
+    a.push_back({"bar_span_px", "bar span", "px", 0, t.oBarSpan});
+    for (const CornerName& n : kCorners)
+        AddPoint(a, std::string("corners_px/") + n.szKey, std::string("corner ") + n.szLabel,
+                 t.aoCorners[n.nSlot]);
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        a.push_back(Pixels(std::string("side_lengths_px/") + kSides[i].szKey,
+                           std::string("side ") + kSides[i].szKey,
+                           t.oSides ? Value((*t.oSides)[i]) : Value()));
+    a.push_back(Angle("tilt_x_deg", "own tilt x", t.oTiltX));
+    a.push_back(Angle("tilt_y_deg", "own tilt y", t.oTiltY));
+    return a;
+}
+
+Quantities QuantitiesOf(const std::optional<Angles>& oAngles, const CameraMeasurement& tMaster,
+                        const CameraMeasurement& tSlave) {
+    Quantities a;
+    AddUnder(a, "relative_deg", "", QuantitiesOf(oAngles));
+    AddUnder(a, "master", "master ", QuantitiesOf(tMaster));
+    AddUnder(a, "slave", "slave ", QuantitiesOf(tSlave));
+    return a;
+}
+
+std::string Shown(const Quantity& t) {
+    return HasNumber(t) ? Fixed(*t.oValue, t.nDecimals) : "-";
+}
+
+std::string LabelWithUnit(const Quantity& t) {
+    return t.strLabel + ", " + t.szUnit;
+}
+
+Json JsonOf(const Quantity& t) {
+    if (!HasNumber(t))
+        return nullptr;
+    return t.nDecimals == 0 ? Json(std::llround(*t.oValue)) : Json(*t.oValue);
+}
+
+Json JsonOf(const Quantities& a) {
+    Json tJson;
+    for (const Quantity& t : a)
+        tJson[PlaceOf(t.strKey)] = JsonOf(t);
+    return tJson;
+}
+
+Json::json_pointer PlaceOf(const std::string& strKey) {
+    return Json::json_pointer("/" + strKey);
+}
+
+} // namespace tools

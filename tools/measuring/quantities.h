@@ -1,0 +1,48 @@
+#ifndef ORVEX_TOOLS_MEASURING_QUANTITIES_H
+#define ORVEX_TOOLS_MEASURING_QUANTITIES_H
+
+#include "basics/json.h"
+#include "measuring/measurement.h"
+
+namespace tools {
+
+// One number as every output shows it. Text, JSON and truth files go through this list, so that they agree.
+struct Quantity {
+    std::string strKey;   // path in JSON; a name on it tells the unit: "cross_centre_px/x"
+    std::string strLabel; // for people
+    const char* szUnit;
+    int nDecimals;
+    std::optional<double> oValue;
+};
+
+using Quantities = std::vector<Quantity>;
+
+Quantities QuantitiesOf(const std::optional<Angles>& oAngles);
+Quantities QuantitiesOf(const CameraMeasurement& t);
+
+// The relative rotation and both cameras in one list, told apart by keys and labels.
+Quantities QuantitiesOf(const std::optional<Angles>& oAngles, const CameraMeasurement& tMaster,
+                        const CameraMeasurement& tSlave);
+
+// A point's two coordinates; without numbers if it was not measured.
+void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLabel,
+              const std::optional<Point>& oPoint);
+
+// The value with its decimals; a dash if it was not measured.
+std::string Shown(const Quantity& t);
+
+// "cross centre x, px"
+std::string LabelWithUnit(const Quantity& t);
+
+// A number, whole where it counts something; null if it was not measured.
+Json JsonOf(const Quantity& t);
+
+// One object, nested as the keys say.
+Json JsonOf(const Quantities& a);
+
+// The place of a key in an object.
+Json::json_pointer PlaceOf(const std::string& strKey);
+
+} // namespace tools
+
+#endif

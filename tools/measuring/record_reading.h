@@ -1,0 +1,42 @@
+#ifndef ORVEX_TOOLS_MEASURING_RECORD_READING_H
+#define ORVEX_TOOLS_MEASURING_RECORD_READING_H
+
+#include "Orvex_Alignment.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tools {
+
+// Of the record file that a measurement leaves: two version bytes, the container's 32 bytes of header and
+// vector, and the rest of the record in whole blocks of 16.
+constexpr std::size_t kRecordFileBytes = 2 + 32 + (sizeof(_AFPROTECT) - 2 + 15) / 16 * 16;
+
+// The container's header, behind the version bytes, as a measurement writes it: its name, version and kind,
+// then cipher block chaining and a padded last block.
+constexpr std::size_t kHeaderAt = 2;
+constexpr std::string_view kMeasuredHeader{"OAES\1\2\2\0\1\0\0\0\0\0\0\0", 16};
+
+// Whether the bytes begin as a record file does, with its container behind the version.
+bool IsRecordFile(const std::string& strBytes);
+
+// What the library's reader says of a record file.
+struct RecordReading {
+    std::string strFile;
+    std::size_t nFileBytes;
+    bool bRecordFile;      // begins as one
+    std::string strHeader; // the container's, as far as the file goes
+    unsigned int nStatus;
+    std::optional<_AFPROTECT> oRecord; // what was decrypted, even if a check behind it refused it
+    std::string strFurther;            // bytes behind the known fields
+};
+
+// Reads a record file under a module's calibration memory of at least ORVEX_CALIBRATION_SIZE bytes. Throws
+// ToolError.
+RecordReading ReadRecord(const std::string& strFile, const std::string& strCalibration);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,18 @@
+#include "measuring/versions.h"
+
+#include "Orvex_Alignment.h"
+
+#include <cstdlib>
+#include <memory>
+#include <new>
+
+namespace tools {
+
+std::string LibraryVersion() {
+    const std::unique_ptr<char, decltype(&std::free)> pVersion(getVersion(), &std::free);
+    if (!pVersion)
+        throw std::bad_alloc();
+    return pVersion.get();
+}
+
+} // namespace tools

@@ -1,0 +1,17 @@
+#ifndef ORVEX_TOOLS_MEASURING_WORKING_RECORD_H
+#define ORVEX_TOOLS_MEASURING_WORKING_RECORD_H
+
+#include "measuring/measurement.h"
+
+namespace tools {
+
+// The latest run's values of one camera, which failed in stage tReached or passed all stages before it. The
+// library's record holds zeros for what was not measured; here such values are absent.
+CameraMeasurement RecordedCamera(Camera tCamera, Stage tReached);
+
+// The latest run's angles before rescaling.
+Angles RecordedAngles();
+
+} // namespace tools
+
+#endif

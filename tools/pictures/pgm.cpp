@@ -1,0 +1,121 @@
+#include "pictures/pgm.h"
+
+#include "basics/tool_error.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace tools {
+namespace {
+
+constexpr std::string_view strWordEnds = "# \t\n\v\f\r";
+constexpr std::string_view strSpaces = strWordEnds.substr(1);
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Walks through the header's words. Comments reach from # to the end of their line.
+class Header {
+public:
+    Header(const std::string& strFile, std::string_view strBytes) : m_strFile(strFile), m_str(strBytes) {}
+
+    // The number must lie in [1, nLimit].
+    int Number(const char* szName, int nLimit) {
+        const std::string_view str = Word();
+        if (str.empty())
+            throw ToolError(m_strFile, std::string("ends before its ") + szName,
+                            "Copy or record the picture again");
+        if (!std::ranges::all_of(str, IsDigit))
+            throw ToolError(m_strFile, Named(szName, str) + " is not a number", "Record the picture again");
+        // Longer words are beyond any limit, whatever their value.
+        const std::int64_t n = str.size() < 10 ? std::stoll(std::string(str)) : INT64_MAX;
+        if (n < 1 || n > nLimit)
+            throw ToolError(m_strFile, Named(szName, str) + " is not within 1 to " + std::to_string(nLimit),
+                            "Record the picture again in its proper size and with 8 bits per pixel");
+        return static_cast<int>(n);
+    }
+
+    // Where the pixels start: behind one white space.
+    std::size_t End() const { return std::min(m_nPos + 1, m_str.size()); }
+
+private:
+    static std::string Named(const char* szName, std::string_view str) {
+        return std::string(szName) + " \"" + std::string(str.substr(0, 24)) + "\"";
+    }
+
+    void MoveTo(std::size_t nPos) { m_nPos = std::min(nPos, m_str.size()); }
+
+    void SkipGap() {
+        MoveTo(m_str.find_first_not_of(strSpaces, m_nPos));
+        while (m_nPos < m_str.size() && m_str[m_nPos] == '#') {
+            MoveTo(m_str.find('\n', m_nPos));
+            MoveTo(m_str.find_first_not_of(strSpaces, m_nPos));
+        }
+    }
+
+    std::string_view Word() {
+        SkipGap();
+        const std::size_t nStart = m_nPos;
+        MoveTo(m_str.find_first_of(strWordEnds, nStart));
+        return m_str.substr(nStart, m_nPos - nStart);
+    }
+
+    const std::string& m_strFile;
+    std::string_view m_str;
+    std::size_t m_nPos = 2; // behind "P5"
+};
+
+void RequireEightBits(const std::string& strFile, int nMaximum) {
+    if (nMaximum == 255)
+        return;
+    throw ToolError(strFile,
+                    std::string(nMaximum > 255 ? "has 16 bits per pixel: " : "") +
+                        "its largest grey value is " + std::to_string(nMaximum) + ", needed is 255",
+                    nMaximum > 255 ? "Convert it to 8 bits per pixel"
+                                   : "Scale its grey values so that white is 255, and write 255 into the "
+                                     "header as the largest one");
+}
+
+void RequirePixels(const std::string& strFile, PictureSize tSize, std::size_t nHeld) {
+    const std::size_t nNeeded = PixelsOf(tSize);
+    const std::string strSize = "its header says " + SizeText(tSize);
+    if (nNeeded > kMaxPixels)
+        throw ToolError(strFile,
+                        strSize + ", which is above the limit of " + std::to_string(kMaxPixels) + " pixels",
+                        "Record the picture again in its proper size");
+    if (nHeld < nNeeded)
+        throw ToolError(strFile,
+                        "is cut off: " + strSize + " = " + std::to_string(nNeeded) +
+                            " bytes of pixels, of which the file holds " + std::to_string(nHeld),
+                        "Copy or record the picture again");
+    if (nHeld > nNeeded)
+        throw ToolError(strFile,
+                        "does not fit its header: " + strSize + ", but " + std::to_string(nHeld - nNeeded) +
+                            " bytes follow the last pixel",
+                        "Check the size in the header, or record the picture again");
+}
+
+} // namespace
+
+bool IsPgm(std::string_view strBytes) {
+    return strBytes.starts_with("P5") &&
+           (strBytes.size() == 2 || strWordEnds.find(strBytes[2]) != strWordEnds.npos);
+}
+
+Picture DecodePgm(const std::string& strFile, std::string strBytes) {
+    Header tHeader(strFile, strBytes);
+    const int nColumns = tHeader.Number("width", kMaxSide);
+    const int nRows = tHeader.Number("height", kMaxSide);
+    RequireEightBits(strFile, tHeader.Number("largest grey value", 65535));
+    const std::size_t nStart = tHeader.End();
+    RequirePixels(strFile, {nColumns, nRows}, strBytes.size() - nStart);
+    return {strFile, nColumns, nRows, std::move(strBytes.erase(0, nStart))};
+}
+
+std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey) {
+    std::string str = "P5\n" + std::to_string(nColumns) + ' ' + std::to_string(nRows) + "\n255\n";
+    return str.append(strGrey);
+}
+
+} // namespace tools

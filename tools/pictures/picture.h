@@ -1,0 +1,25 @@
+#ifndef ORVEX_TOOLS_PICTURES_PICTURE_H
+#define ORVEX_TOOLS_PICTURES_PICTURE_H
+
+#include "pictures/picture_size.h"
+
+#include <optional>
+#include <string>
+
+namespace tools {
+
+// An 8-bit grey picture, row by row, and where it came from.
+struct Picture {
+    std::string strFile;
+    int nColumns;
+    int nRows;
+    std::string strGrey;
+};
+
+// Reads a picture of a size that can be measured: PNG, JPEG or PGM, told by content, whatever the file's
+// name. With oRaw the file begins with a plane of that size and nothing tells its kind. Throws ToolError.
+Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw = std::nullopt);
+
+} // namespace tools
+
+#endif

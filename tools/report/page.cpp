@@ -1,0 +1,116 @@
+#include "report/page.h"
+
+#include "basics/text_table.h"
+#include "measuring/versions.h"
+#include "report/html_text.h"
+#include "report/page_style.h"
+#include "report/shapes.h"
+#include "report/tables.h"
+
+namespace tools {
+namespace {
+
+std::string Element(const std::string& strTag, const std::string& strText) {
+    return "<" + strTag + ">" + Escaped(strText) + "</" + strTag.substr(0, strTag.find(' ')) + ">";
+}
+
+std::string Section(const std::string& strHeading, const std::string& strBody, const char* szClass = "") {
+    return std::string("<section class=\"") + szClass + "\">" + Element("h2", strHeading) + strBody +
+           "</section>\n";
+}
+
+std::string HtmlOf(const std::vector<Fact>& aFacts) {
+    std::string str = "<dl>";
+    for (const Fact& t : aFacts)
+        str += Element("dt", t.szLabel) + Element("dd", t.strText);
+    return str + "</dl>";
+}
+
+std::string Row(const std::vector<std::string>& aCells, const char* szTag) {
+    std::string str = "<tr>" + Element("th", aCells.front());
+    for (std::size_t i = 1; i < aCells.size(); ++i)
+        str += Element(szTag, aCells[i]);
+    return str + "</tr>\n";
+}
+
+std::string HtmlOf(const ReportTable& t) {
+    std::string str = "<table><thead>" + Row(t.aRows.front(), "th") + "</thead><tbody>\n";
+    for (std::size_t i = 1; i < t.aRows.size(); ++i)
+        str += Row(t.aRows[i], "td");
+    return Section(t.strHeading, str + "</tbody></table>");
+}
+
+std::string HtmlOf(const ReportList& t, const char* szClass) {
+    std::string str = "<ul>";
+    for (const std::string& strLine : t.aLines)
+        str += Element("li", strLine);
+    return Section(t.szHeading, str + "</ul>", szClass);
+}
+
+std::string Legend() {
+    std::string str = "<section class=\"legend\">";
+    for (const ShapeKind& t : kShapeKinds)
+        str += std::string("<label class=\"") + t.szKey + "\"><input type=\"checkbox\" checked value=\"" +
+               t.szKey + "\"><i></i>" + Escaped(t.szWords) + "</label>\n";
+    return str + "</section>\n";
+}
+
+std::string Buttons(const CameraMeasurement& t) {
+    std::string str = "<div class=\"tools\"><button data-zoom=\"0.5\" title=\"zoom in; the mouse wheel does "
+                      "so too\">+</button><button data-zoom=\"2\" title=\"zoom out\">\u2212</button>"
+                      "<button>whole picture</button>";
+    for (const Mark& tMark : MarksOf(t))
+        str += "<button data-x=\"" + Fixed(tMark.tPoint.dX, 4) + "\" data-y=\"" + Fixed(tMark.tPoint.dY, 4) +
+               "\" title=\"zoom to it\">" + Escaped(tMark.strLabel) + "</button>";
+    return str + "</div>\n";
+}
+
+// How far the measurement came in this picture.
+std::string StateOf(Camera tCamera, const Report& t) {
+    if (t.tMeasurement.oFailedCamera == tCamera)
+        return Element("span class=\"stopped\"", std::string("stopped at ") +
+                                                     WordsOf(t.tVerdict.tWords.tStage).szName + ": " +
+                                                     t.tVerdict.tWords.szFound);
+    return Escaped(WasBegun(tCamera, t.tMeasurement) ? "measured" : "not begun");
+}
+
+std::string Figure(Camera tCamera, const Report& t, const Picture& tPicture,
+                   const CameraMeasurement& tMeasured, const StageView& tView, const CameraTrust& tTrust) {
+    return "<figure><figcaption>" + Element("b", NameOf(tCamera)) + " " + Escaped(tPicture.strFile) + ", " +
+           StateOf(tCamera, t) + "</figcaption>\n" + SvgOf(tPicture, tCamera, tMeasured, tView, tTrust) +
+           Buttons(tMeasured) + "</figure>\n";
+}
+
+std::string Numbers(const Report& t) {
+    const std::vector<ReportList> aLists = ListsOf(t);
+    std::string strWarnings, strTables, strLists;
+    for (const ReportTable& tTable : TablesOf(t))
+        strTables += HtmlOf(tTable);
+    for (const ReportList& tList : aLists)
+        (tList.bWarning ? strWarnings : strLists) += HtmlOf(tList, tList.bWarning ? "warnings" : "");
+    return strWarnings + Section("Result", HtmlOf(FactsOf(t))) + strTables + strLists;
+}
+
+// The policy lets a browser load nothing from anywhere.
+std::string Head(const Report& t) {
+    return std::string("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+                       "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
+                       "img-src data:; style-src 'unsafe-inline'; script-src 'unsafe-inline'\">\n"
+                       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n") +
+           Element("title", t.tVerdict.strHeadline) + "\n<style>" + kReportStyle + "</style>\n</head>\n";
+}
+
+} // namespace
+
+std::string HtmlOf(const Report& t, const Picture& tMaster, const Picture& tSlave) {
+    const Measurement& m = t.tMeasurement;
+    return Head(t) + "<body>\n<header class=\"" + t.tVerdict.szKey + "\">" +
+           Element("h1", t.tVerdict.strHeadline) + "</header>\n<main>\n<div class=\"column pictures\">\n" +
+           Legend() + Figure(Camera::kMaster, t, tMaster, m.tMaster, t.tViews.tMaster, t.tMasterTrust) +
+           Figure(Camera::kSlave, t, tSlave, m.tSlave, t.tViews.tSlave, t.tSlaveTrust) +
+           "</div>\n<div class=\"column\">\n" + Numbers(t) + "</div>\n</main>\n<footer>" +
+           Escaped(std::string("orvex-align ") + kToolVersion + ", libOrvex_Alignment " + LibraryVersion()) +
+           "</footer>\n<script>" + kReportScript + "</script>\n</body>\n</html>\n";
+}
+
+} // namespace tools

@@ -1,0 +1,14 @@
+#ifndef ORVEX_TOOLS_REPORT_PAGE_H
+#define ORVEX_TOOLS_REPORT_PAGE_H
+
+#include "report/report.h"
+
+namespace tools {
+
+// The report of the latest measurement as one page for a browser that needs nothing else: both pictures, what
+// was found in them, and every number.
+std::string HtmlOf(const Report& t, const Picture& tMaster, const Picture& tSlave);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,72 @@
+#include "report/page_style.h"
+
+namespace tools {
+
+// --u is the size of a screen pixel in picture pixels: marks keep their size on the screen at every zoom.
+const char kReportStyle[] = R"css(
+:root { color-scheme: light dark;
+  --page: #f5f6f8; --card: #fff; --ink: #16191d; --soft: #59616b; --line: #d5d9df;
+  --pass: #17663a; --warn: #8a5a00; --fail: #a61b1b; --warn-card: #fff6e0; }
+@media (prefers-color-scheme: dark) { :root {
+  --page: #14171a; --card: #1e2226; --ink: #e8eaed; --soft: #a3abb5; --line: #3a4047;
+  --pass: #2a7d4f; --warn: #f0b94a; --fail: #c23b3b; --warn-card: #33290f; } }
+* { box-sizing: border-box; }
+body { margin: 0; background: var(--page); color: var(--ink); font: 15px/1.45 system-ui, sans-serif; }
+header { padding: 14px 20px; color: #fff; background: var(--fail); }
+header.within_range { background: var(--pass); }
+h1 { margin: 0; font-size: 20px; line-height: 1.3; overflow-wrap: anywhere; }
+h2 { margin: 0 0 8px; font-size: 16px; overflow-wrap: anywhere; }
+main { display: grid; gap: 14px; padding: 14px 20px; grid-template-columns: minmax(0, 1fr); }
+@media (min-width: 1100px) {
+  main { grid-template-columns: minmax(0, 3fr) minmax(440px, 2fr); align-items: start; } }
+@media (min-width: 1100px) and (min-height: 1200px) { .pictures { position: sticky; top: 14px; } }
+.column { display: grid; gap: 14px; grid-template-columns: minmax(0, 1fr); }
+section, figure { margin: 0; padding: 12px 14px; background: var(--card); border: 1px solid var(--line);
+  border-radius: 6px; overflow-x: auto; }
+section.warnings { border-color: var(--warn); background: var(--warn-card); }
+section.warnings h2 { color: var(--warn); }
+ul { margin: 0; padding-left: 20px; overflow-wrap: anywhere; }
+dl { margin: 0; display: grid; gap: 2px 14px; grid-template-columns: max-content minmax(0, 1fr); }
+dt { color: var(--soft); }
+dd { margin: 0; overflow-wrap: anywhere; }
+table { border-collapse: collapse; width: 100%; font-variant-numeric: tabular-nums; }
+th, td { padding: 2px 0 2px 14px; text-align: right; border-top: 1px solid var(--line); font-weight: normal; }
+thead th { border-top: 0; color: var(--soft); white-space: nowrap; }
+th:first-child { padding-left: 0; text-align: left; }
+td { white-space: nowrap; }
+figcaption { margin-bottom: 8px; overflow-wrap: anywhere; }
+figcaption b { text-transform: capitalize; }
+figcaption .stopped { color: #fff; background: var(--fail); border-radius: 4px; padding: 1px 6px;
+  display: inline-block; }
+svg { display: block; width: 100%; height: auto; cursor: grab; touch-action: pan-y;
+  user-select: none; -webkit-user-select: none; }
+svg.moving { cursor: grabbing; }
+svg.close image { image-rendering: pixelated; }
+.tools { display: flex; flex-wrap: wrap; gap: 6px; margin-top: 8px; }
+button { font: inherit; font-size: 13px; padding: 2px 9px; color: var(--ink); background: var(--page);
+  border: 1px solid var(--line); border-radius: 4px; cursor: pointer; }
+button:hover { border-color: var(--soft); }
+.legend { display: flex; flex-wrap: wrap; gap: 4px 18px; font-size: 14px; }
+.legend label { white-space: nowrap; }
+.legend i { display: inline-block; width: 18px; height: 4px; margin: 0 4px 3px; border-radius: 2px; }
+rect, line, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scaling-stroke; }
+.screen { transform: scale(var(--u, 2)); }
+.screen { filter: drop-shadow(0 0 0.8px #fff) drop-shadow(0 0 0.8px #fff); }
+.screen text { font: 600 13px system-ui, sans-serif; text-rendering: geometricPrecision; }
+.window { --c: #0a58ca; } .frame { --c: #c2410c; } .cross { --c: #d6007f; } .side { --c: #0a8f3c; }
+.fitted { --c: #9a5cf5; }
+rect, line, .screen path, .screen circle { stroke: var(--c); }
+.screen text { fill: var(--c); stroke: #fff; stroke-width: 3px; stroke-linejoin: round; paint-order: stroke; }
+.legend i { background: var(--c); }
+.window rect { stroke-dasharray: 8 5; }
+.frame rect { stroke-dasharray: 3 3; }
+line { stroke-width: 2px; }
+.cross line { stroke: #ff5cc0; }
+.side line { stroke: #3ddc84; }
+.fitted line { stroke-dasharray: 10 8; }
+.screen circle { stroke-width: 2px; }
+footer { padding: 0 20px 20px; color: var(--soft); font-size: 14px; }
+@media print { .tools, .legend input { display: none; } }
+)css";
+
+} // namespace tools

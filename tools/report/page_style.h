@@ -1,0 +1,14 @@
+#ifndef ORVEX_TOOLS_REPORT_PAGE_STYLE_H
+#define ORVEX_TOOLS_REPORT_PAGE_STYLE_H
+
+namespace tools {
+
+// Light and dark, wide and narrow.
+extern const char kReportStyle[];
+
+// Zooms and moves the pictures, shows and hides kinds of shapes. The page is complete without it.
+extern const char kReportScript[];
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,36 @@
+#ifndef ORVEX_TOOLS_REPORT_SHAPES_H
+#define ORVEX_TOOLS_REPORT_SHAPES_H
+
+#include "trust/trust.h"
+
+namespace tools {
+
+// One kind of shape, which the page can show or hide. Its key is its class.
+struct ShapeKind {
+    const char* szKey;
+    const char* szWords;
+};
+constexpr std::array<ShapeKind, 5> kShapeKinds = {{{"window", "search window of the cross"},
+                                                   {"frame", "outer and inner frame rectangle"},
+                                                   {"cross", "centre and bars' directions"},
+                                                   {"side", "corners and lines between them"},
+                                                   {"fitted", "lines fitted along the sides"}}};
+
+// A place worth a close look.
+struct Mark {
+    std::string strKey;
+    std::string strLabel;
+    Point tPoint;
+};
+
+// The measured ones: cross centre and corners.
+std::vector<Mark> MarksOf(const CameraMeasurement& t);
+
+// The picture and all that was found in it, in picture pixels: (0, 0) is the centre of the first one, so the
+// picture begins half a pixel before. Ids begin with the camera's name.
+std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasurement& tMeasured,
+                  const StageView& tView, const CameraTrust& tTrust);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,39 @@
+#include "basics/harmless_text.h"
+#include "basics/text_table.h"
+#include "report/tables.h"
+
+namespace tools {
+namespace {
+
+constexpr std::size_t nLabelColumns = 13;
+
+std::string TextOf(const Fact& t) {
+    std::string strLabel = t.szLabel;
+    strLabel.resize(nLabelColumns, ' ');
+    return "  " + strLabel + (t.bFile ? Harmless(t.strText) : Wrapped(t.strText, nLabelColumns + 2)) + "\n";
+}
+
+std::string TextOf(const ReportTable& t) {
+    return std::string("\n") + Harmless(t.strHeading) + "\n" + Table(t.aRows);
+}
+
+std::string TextOf(const ReportList& t) {
+    return List(t.szHeading, t.aLines);
+}
+
+template <typename Parts>
+std::string TextOfAll(const Parts& aParts) {
+    std::string str;
+    for (const auto& t : aParts)
+        str += TextOf(t);
+    return str;
+}
+
+} // namespace
+
+std::string TextOf(const Report& t) {
+    return t.tVerdict.strHeadline + "\n\n" + TextOfAll(FactsOf(t)) + TextOfAll(TablesOf(t)) +
+           TextOfAll(ListsOf(t));
+}
+
+} // namespace tools

@@ -1,0 +1,35 @@
+#ifndef ORVEX_TOOLS_STUDY_STUDY_H
+#define ORVEX_TOOLS_STUDY_STUDY_H
+
+#include "chart/pair.h"
+
+#include <string>
+
+namespace tools {
+
+// Many pairs whose angles are drawn uniformly around those of one setup, noise and blur from its own upwards.
+struct Study {
+    std::string strFolder;
+    chart::PairSetup tCentre;
+    std::uint64_t nSeed;         // of angles, noise and calibration images
+    std::size_t nCount;          // modules, each with angles of its own
+    std::size_t nRepeats;        // pairs of one module, each with noise of its own
+    double dRange, dMasterRange; // degrees to both sides
+    double dMaxNoise, dMaxBlur;  // of both cameras: grey levels, px
+    bool bResume;                // keep the pairs that are there, rendered alike
+    bool bOverwrite;             // replace files that are there with other content
+};
+
+struct StudyOutcome {
+    std::string strList; // file, ready for batch
+    int nSignal;         // that stopped it, or 0
+    std::size_t nPairs;  // there
+};
+
+// Writes each pair into a folder of its own and, when all are there, the list with their true angles. A list
+// that is there goes before the first pair changes. Throws ToolError.
+StudyOutcome WriteStudy(const Study& t);
+
+} // namespace tools
+
+#endif

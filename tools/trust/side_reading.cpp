@@ -1,0 +1,229 @@
+#include "trust/side_reading.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace tools {
+namespace {
+
+// Camera noise stays well below this step, print well above it.
+constexpr double dLeastStep = 10.0;
+
+// A line reaches so far to each side, so that it is paper for the most part: the frame's line takes 2 % of a
+// short side.
+constexpr double dReachShare = 0.05;
+constexpr double dLeastReach = 8.0;
+
+// From and to, px along or beside a side.
+struct Span {
+    double dFirst;
+    double dLast;
+};
+
+// Grey values on a line across the side, one px apart; those outside the picture are left out.
+struct Profile {
+    double dFirst; // first sample, px from the side
+    std::vector<double> adGrey;
+};
+
+double GreyAt(const Picture& t, double x, double y) {
+    const auto nX = static_cast<int>(x), nY = static_cast<int>(y);
+    const auto PixelAt = [&](int nColumn, int nRow) {
+        const auto nPlace =
+            static_cast<std::size_t>(std::min(nRow, t.nRows - 1)) * static_cast<std::size_t>(t.nColumns) +
+            static_cast<std::size_t>(std::min(nColumn, t.nColumns - 1));
+        return static_cast<double>(static_cast<unsigned char>(t.strGrey[nPlace]));
+    };
+    const double dUpper = std::lerp(PixelAt(nX, nY), PixelAt(nX + 1, nY), x - nX);
+    const double dLower = std::lerp(PixelAt(nX, nY + 1), PixelAt(nX + 1, nY + 1), x - nX);
+    return std::lerp(dUpper, dLower, y - nY);
+}
+
+bool Holds(const Picture& t, double x, double y) {
+    return x >= 0 && y >= 0 && x <= t.nColumns - 1 && y <= t.nRows - 1;
+}
+
+Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, Span tAcross) {
+    Profile tProfile = {};
+    for (double d = tAcross.dFirst; d <= tAcross.dLast; d += 1.0) {
+        const double x = tMiddle.dX + d * tNormal.dX, y = tMiddle.dY + d * tNormal.dY;
+        if (!Holds(t, x, y))
+            continue;
+        if (tProfile.adGrey.empty())
+            tProfile.dFirst = d;
+        tProfile.adGrey.push_back(GreyAt(t, x, y));
+    }
+    return tProfile;
+}
+
+double Median(std::vector<double> ad) {
+    const auto pMiddle = ad.begin() + static_cast<std::ptrdiff_t>(ad.size() / 2);
+    std::ranges::nth_element(ad, pMiddle);
+    return *pMiddle;
+}
+
+// Distance from the run's darkest sample to where the grey value passes the threshold.
+std::optional<double> EdgeBeyond(std::span<const double> adGrey, std::size_t nDarkest, int nDirection,
+                                 double dThreshold) {
+    double dInside = adGrey[nDarkest];
+    const std::size_t nSamples = nDirection > 0 ? adGrey.size() - 1 - nDarkest : nDarkest;
+    for (std::size_t n = 1; n <= nSamples; ++n) {
+        const double dNext = adGrey[nDirection > 0 ? nDarkest + n : nDarkest - n];
+        if (dNext > dThreshold)
+            return static_cast<double>(n - 1) + (dThreshold - dInside) / (dNext - dInside);
+        dInside = dNext;
+    }
+    return std::nullopt;
+}
+
+// Mean of the run's inner half, clear of its edges; a run too narrow for it has its darkest sample.
+double InnerLevel(std::span<const double> adGrey, double dCentre, double dWidth, double dDarkest) {
+    double dSum = 0;
+    int nCount = 0;
+    for (double d = std::ceil(dCentre - dWidth / 4); d <= dCentre + dWidth / 4; d += 1.0, ++nCount)
+        dSum += adGrey[static_cast<std::size_t>(d)];
+    return nCount != 0 ? dSum / nCount : dDarkest;
+}
+
+// A run's centre: px along the side and beside it.
+struct Place {
+    double dAlong;
+    double dBeside;
+};
+
+// beside = offset + slope x along
+struct FittedLine {
+    double dOffset;
+    double dSlope;
+    double At(double dAlong) const { return dOffset + dSlope * dAlong; }
+};
+
+// By least squares of the distances beside. The places differ along the side.
+FittedLine FitLine(const std::vector<Place>& a) {
+    const auto dCount = static_cast<double>(a.size());
+    Place tMean = {};
+    for (const Place& t : a) {
+        tMean.dAlong += t.dAlong / dCount;
+        tMean.dBeside += t.dBeside / dCount;
+    }
+    double dProducts = 0, dSquares = 0;
+    for (const Place& t : a) {
+        dProducts += (t.dAlong - tMean.dAlong) * (t.dBeside - tMean.dBeside);
+        dSquares += (t.dAlong - tMean.dAlong) * (t.dAlong - tMean.dAlong);
+    }
+    const double dSlope = dProducts / dSquares;
+    return {tMean.dBeside - dSlope * tMean.dAlong, dSlope};
+}
+
+double ResidualOf(const std::vector<Place>& a, const FittedLine& tLine) {
+    double dSquares = 0;
+    for (const Place& t : a)
+        dSquares += std::pow(t.dBeside - tLine.At(t.dAlong), 2);
+    return std::sqrt(dSquares / static_cast<double>(a.size()));
+}
+
+// The way between two points.
+struct Way {
+    Point tFrom;
+    double dLength;
+    Point tAlong, tNormal; // unit vectors
+
+    Way(Point tStart, Point tEnd)
+        : tFrom(tStart), dLength(Distance(tStart, tEnd)),
+          tAlong{(tEnd.dX - tStart.dX) / dLength, (tEnd.dY - tStart.dY) / dLength}, tNormal{-tAlong.dY,
+                                                                                            tAlong.dX} {}
+
+    Point At(double dAlong, double dBeside) const {
+        return {tFrom.dX + dAlong * tAlong.dX + dBeside * tNormal.dX,
+                tFrom.dY + dAlong * tAlong.dY + dBeside * tNormal.dY};
+    }
+};
+
+void AddLine(SideReading& t, const Way& tWay, const std::vector<Place>& aPlaces) {
+    if (aPlaces.size() < 3)
+        return;
+    const FittedLine tLine = FitLine(aPlaces);
+    t.oResidual = ResidualOf(aPlaces, tLine);
+    t.oEnds = {tWay.At(0, tLine.At(0)), tWay.At(tWay.dLength, tLine.At(tWay.dLength))};
+}
+
+void AddLevels(SideReading& t, const std::vector<DarkRun>& aRuns) {
+    if (aRuns.empty())
+        return;
+    const auto MedianOf = [&](double DarkRun::*pMember) {
+        std::vector<double> ad;
+        ad.reserve(aRuns.size());
+        for (const DarkRun& tRun : aRuns)
+            ad.push_back(tRun.*pMember);
+        return Median(ad);
+    };
+    t.oDark = MedianOf(&DarkRun::dDark);
+    t.oBright = MedianOf(&DarkRun::dBright);
+    t.oWidth = MedianOf(&DarkRun::dWidth);
+}
+
+// On lines across the way.
+SideReading ReadLines(const Picture& tPicture, const Way& tWay, Span tAlong, Span tAcross) {
+    SideReading t;
+    std::vector<DarkRun> aRuns;
+    std::vector<Place> aPlaces;
+    for (double d = tAlong.dFirst; d <= tAlong.dLast; d += kLineStep, ++t.nLines) {
+        const Profile tProfile = ProfileAcross(tPicture, tWay.At(d, 0), tWay.tNormal, tAcross);
+        if (const std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
+            aRuns.push_back(*oRun);
+            aPlaces.push_back({d, tProfile.dFirst + oRun->dCentre});
+        }
+    }
+    t.nRead = static_cast<int>(aRuns.size());
+    AddLevels(t, aRuns);
+    AddLine(t, tWay, aPlaces);
+    return t;
+}
+
+// No way in the picture is longer than its sides together; false for a NaN.
+bool IsWayIn(const Picture& tPicture, double dLength) {
+    return dLength > 0 && dLength <= 1.0 * tPicture.nColumns + tPicture.nRows;
+}
+
+} // namespace
+
+double Distance(Point a, Point b) {
+    return std::hypot(a.dX - b.dX, a.dY - b.dY);
+}
+
+std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
+    if (adGrey.empty())
+        return std::nullopt;
+    const auto pDarkest = std::ranges::min_element(adGrey);
+    const double dBright = Median({adGrey.begin(), adGrey.end()}); // the run takes less than half
+    if (dBright - *pDarkest < dLeastStep)
+        return std::nullopt;
+    const auto nDarkest = static_cast<std::size_t>(pDarkest - adGrey.begin());
+    const double dThreshold = std::midpoint(*pDarkest, dBright);
+    const std::optional<double> oBefore = EdgeBeyond(adGrey, nDarkest, -1, dThreshold),
+                                oAfter = EdgeBeyond(adGrey, nDarkest, 1, dThreshold);
+    if (!oBefore || !oAfter)
+        return std::nullopt;
+    const double dWidth = *oBefore + *oAfter;
+    const double dCentre = static_cast<double>(nDarkest) + (*oAfter - *oBefore) / 2;
+    return DarkRun{dCentre, dWidth, InnerLevel(adGrey, dCentre, dWidth, *pDarkest), dBright};
+}
+
+SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo) {
+    const Way tWay(tFrom, tTo);
+    const double dReach = std::max(dLeastReach, std::floor(tWay.dLength * dReachShare));
+    if (!IsWayIn(tPicture, tWay.dLength) || tWay.dLength <= 2 * dReach)
+        return {};
+    // Next to a corner the other side's line would be read too.
+    return ReadLines(tPicture, tWay, {dReach, tWay.dLength - dReach}, {-dReach, dReach});
+}
+
+SideReading SearchSide(const Picture& tPicture, Point tFrom, Point tTo, double dReach) {
+    const Way tWay(tFrom, tTo);
+    if (!IsWayIn(tPicture, tWay.dLength) || !IsWayIn(tPicture, dReach))
+        return {};
+    return ReadLines(tPicture, tWay, {0, tWay.dLength}, {0, dReach});
+}
+
+} // namespace tools

@@ -1,0 +1,125 @@
+#include "trust/trust.h"
+
+#include "trust/limits.h"
+
+#include <algorithm>
+
+namespace tools {
+namespace {
+
+using Ends = std::array<Point, 2>;
+
+Ends EndsOf(const SideName& n, const std::array<Point, 4>& aCorners) {
+    return {aCorners[n.nFrom], aCorners[n.nTo]};
+}
+
+// In the order of the slots.
+std::array<Point, 4> CornersOf(const Rectangle& t) {
+    return {{{t.dLeft, t.dTop}, {t.dLeft, t.dBottom}, {t.dRight, t.dTop}, {t.dRight, t.dBottom}}};
+}
+
+// Where a side's line must lie, as far as that is known.
+std::optional<Ends> KnownEnds(const SideName& n, const CameraMeasurement& tMeasured, const StageView& tView) {
+    std::array<std::optional<Point>, 4> aoCorners = tMeasured.aoCorners;
+    for (std::size_t i = 0; i < aoCorners.size(); ++i)
+        if (!aoCorners[i] && tView.oFrameEdge)
+            aoCorners[i] = CornersOf(*tView.oFrameEdge)[i];
+    if (!aoCorners[n.nFrom] || !aoCorners[n.nTo])
+        return std::nullopt;
+    return Ends{*aoCorners[n.nFrom], *aoCorners[n.nTo]};
+}
+
+// From a point to the picture's border beyond a side, px. Left, top, right, bottom.
+double BorderBeyond(std::size_t nSide, const Picture& tPicture, Point t) {
+    return std::array{t.dX + 0.5, t.dY + 0.5, tPicture.nColumns - 0.5 - t.dX,
+                      tPicture.nRows - 0.5 - t.dY}[nSide];
+}
+
+// From where the stages began to search for it to the border.
+SideReading SearchedSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart) {
+    const auto [tFrom, tTo] = EndsOf(kSides[nSide], CornersOf(tStart));
+    const double dReach = BorderBeyond(nSide, tPicture, tFrom);
+    const bool bOutwardIsRight = nSide == 0 || nSide == 3;
+    if (bOutwardIsRight)
+        return SearchSide(tPicture, tFrom, tTo, dReach);
+    SideReading t = SearchSide(tPicture, tTo, tFrom, dReach);
+    if (t.oEnds)
+        std::ranges::reverse(*t.oEnds);
+    return t;
+}
+
+bool WereMeasured(const SideName& n, const CameraMeasurement& t) {
+    return t.aoCorners[n.nFrom] && t.aoCorners[n.nTo];
+}
+
+void AddBorder(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, CameraTrust& t) {
+    for (const Point& tEnd : tEnds) {
+        const double d = BorderBeyond(nSide, tPicture, tEnd);
+        t.oBorderDistance = std::min(d, t.oBorderDistance.value_or(d));
+    }
+}
+
+// Other things than the frame may be met on the way to the border; they do not stand in a straight line.
+void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart, CameraTrust& t) {
+    const SideReading& tReading = t.aoSides[nSide].emplace(SearchedSide(nSide, tPicture, tStart));
+    if (tReading.oEnds && *tReading.oResidual < kLargeResidual)
+        AddBorder(nSide, tPicture, *tReading.oEnds, t);
+}
+
+void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured, CameraTrust& t) {
+    const SideReading& tReading = t.aoSides[nSide].emplace(ReadSide(tPicture, tEnds[0], tEnds[1]));
+    if (tReading.oEnds && bMeasured)
+        t.aoCornerDistances[nSide] =
+            std::max(Distance(tEnds[0], (*tReading.oEnds)[0]), Distance(tEnds[1], (*tReading.oEnds)[1]));
+    AddBorder(nSide, tPicture, tReading.oEnds.value_or(tEnds), t);
+}
+
+void AddSide(std::size_t nSide, const Picture& tPicture, const CameraMeasurement& tMeasured,
+             const StageView& tView, CameraTrust& t) {
+    if (const std::optional<Ends> oEnds = KnownEnds(kSides[nSide], tMeasured, tView))
+        ReadSide(nSide, tPicture, *oEnds, WereMeasured(kSides[nSide], tMeasured), t);
+    else if (tView.oFrameStart)
+        SearchSide(nSide, tPicture, *tView.oFrameStart, t);
+}
+
+// The frame's outer edge lies half a line beyond its sides' middle lines.
+double HalfLine(const CameraTrust& t) {
+    double dHalf = 0;
+    for (const std::optional<SideReading>& o : t.aoSides)
+        if (o && o->oWidth)
+            dHalf = std::max(dHalf, *o->oWidth / 2);
+    return dHalf;
+}
+
+// A side that no line shows may be nearest to the border, or beyond it.
+bool IsSideUnseen(const CameraTrust& t) {
+    return std::ranges::any_of(t.aoSides, [](const auto& o) { return !o || o->nRead == 0; });
+}
+
+void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& t) {
+    if (!t.oBorderDistance)
+        return;
+    *t.oBorderDistance -= HalfLine(t);
+    if (MissingCorner(tMeasured) != nullptr && IsSideUnseen(t) && *t.oBorderDistance >= kNearBorder)
+        t.oBorderDistance.reset();
+}
+
+} // namespace
+
+CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured, const StageView& tView) {
+    CameraTrust t;
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        AddSide(i, tPicture, tMeasured, tView, t);
+    FinishBorder(tMeasured, t);
+    t.oCrossSpan = tMeasured.oBarSpan;
+    if (tView.oFirstWindow)
+        t.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);
+    t.oCrossThreshold = tView.oCrossThreshold;
+    return t;
+}
+
+std::optional<double> ReadShareOf(const SideReading& t) {
+    return t.nLines > 0 ? std::optional(100.0 * t.nRead / t.nLines) : std::nullopt;
+}
+
+} // namespace tools
