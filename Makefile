@@ -1,9 +1,9 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+  nlohmann-json3-dev libfmt-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
-  libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
+  libmbedtls-dev:arm64 libfmt-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
 LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
 

@@ -53,7 +53,7 @@ void Read(const std::string& strFile, std::optional<tools::PictureSize> oRaw) {
     try {
         const tools::Picture t = tools::ReadPicture(strFile, oRaw);
         Require(t.nColumns >= 1 && t.nRows >= 1 && t.nColumns <= tools::kMaxSide &&
-                    t.nRows <= tools::kMaxSide && t.strGrey.size() == tools::PixelsOf({t.nColumns, t.nRows}),
+                    t.nRows <= tools::kMaxSide && t.aGrey.size() == tools::PixelsOf({t.nColumns, t.nRows}),
                 "a picture holds the pixels of its size");
     } catch (const tools::ToolError& t) {
         Require(std::strstr(t.what(), "\n  ") != nullptr, "an error says what to do");

@@ -1,16 +1,12 @@
 #include "basics/console.h"
-#include "basics/exit_codes.h"
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"
 #include "basics/tool_error.h"
-#include "commands/batch.h"
+#include "commands/commands.h"
+#include "commands/exit_meanings.h"
 #include "commands/man_page.h"
-#include "commands/measure.h"
-#include "commands/record.h"
-#include "commands/render.h"
 #include "measuring/versions.h"
 
-#include <array>
 #include <cctype>
 #include <cstdio>
 #include <fcntl.h>
@@ -71,30 +67,21 @@ std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
 }
 
 ExitCode Fail(const std::string& strMessage) {
-    std::fputs(("orvex-align: " + strMessage + "\n").c_str(), stderr);
-    return kUnfitFile;
+    Tell(strMessage);
+    return ExitCode::kUnfitFile;
 }
-
-constexpr std::array<ExitMeaning, 8> aExits = {{
-    {kDone, "done; of a measurement: within range; of a record: accepted"},
-    {kOutOfRange, "measured, an angle out of range"},
-    {kNotMeasured, "the chart could not be measured, or the record was refused"},
-    {kUnfitFile, "a file could not be read or written, or does not fit"},
-    {kWrongUsage, "wrong usage"},
-    kHungUp,
-    kInterrupted,
-    kTerminated,
-}};
 
 std::string Footer() {
     return ExamplesHelp(
                {"orvex-align render --out demo --rx 0.8",
                 "orvex-align measure demo/master.pgm demo/slave.pgm --calibration demo/calibration.bin"}) +
-           ExitCodesHelp(aExits) + "\nEach command has its own --help.\n";
+           ExitCodesHelp(VerdictExits()) +
+           "\nThese are measure's. Of the other commands 0 is done, or a record accepted, and 2 a record "
+           "refused;\neach command has its own --help.\n";
 }
 
 ExitCode Run(int nArguments, const char* const* aszArguments) {
-    ExitCode tExit = kWrongUsage;
+    ExitCode tExit = ExitCode::kWrongUsage;
     CLI::App tApp("Measures pictures of the alignment chart.\n"
                   "The chart, a dark cross inside a dark frame, is photographed by the master and the slave "
                   "camera of a module. The commands measure such a pair or a list of them, read the record "
@@ -114,7 +101,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     try {
         tApp.parse(nArguments, aszArguments);
     } catch (const CLI::ParseError& t) {
-        return tApp.exit(t) == 0 ? kDone : kWrongUsage;
+        return tApp.exit(t) == 0 ? ExitCode::kDone : ExitCode::kWrongUsage;
     } catch (const ToolError& t) {
         return Fail(t.what());
     } catch (const std::bad_alloc&) {
@@ -131,5 +118,5 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
 
 int main(int nArguments, char** aszArguments) {
     OccupyStandardStreams();
-    return Run(nArguments, aszArguments);
+    return static_cast<int>(Run(nArguments, aszArguments));
 }

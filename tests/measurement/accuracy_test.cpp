@@ -29,8 +29,9 @@ double Distance(const float* pf, const chart::Point& t) {
 }
 
 void AddCorners(const float (&af)[ORVEX_CORNERS][2], const chart::Truth& t, Deviation* pt) {
-    for (int i = 0; i < ORVEX_CORNERS; ++i)
-        pt->Add(Distance(af[i], t.aCorners[static_cast<std::size_t>(i)]));
+    constexpr OrvexCorner aSlots[] = {ORVEX_LT, ORVEX_RT, ORVEX_LD, ORVEX_RD}; // in the truth's order
+    for (std::size_t i = 0; i < t.aCorners.size(); ++i)
+        pt->Add(Distance(af[aSlots[i]], t.aCorners[i]));
 }
 
 void Print(const char* szWhat, const Deviation& t) {

@@ -32,6 +32,14 @@ void Print(const std::string& str) {
                         "Check where the output goes and whether there is space left");
 }
 
+void PrintAside(const std::string& str) {
+    std::fputs(str.c_str(), stderr);
+}
+
+void Tell(const std::string& strMessage) {
+    PrintAside("orvex-align: " + strMessage + "\n");
+}
+
 std::string ShellWord(const std::string& str) {
     constexpr char szPlain[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./,:=@%+-";
     if (!str.empty() && str.find_first_not_of(szPlain) == str.npos)

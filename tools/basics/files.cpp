@@ -1,10 +1,11 @@
 #include "basics/files.h"
 
+#include "basics/console.h"
 #include "basics/harmless_text.h"
+#include "basics/stop_signals.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -43,7 +44,7 @@ File OpenToRead(const std::string& strFile) {
         throw NotRead(strFile);
     pollfd t = {nFile, POLLIN, 0};
     if (poll(&t, 1, 2000) == 0) {
-        std::fprintf(stderr, "orvex-align: waiting for data from %s\n", Harmless(strFile).c_str());
+        Tell("waiting for data from " + Harmless(strFile));
         poll(&t, 1, -1);
     }
     fcntl(nFile, F_SETFL, 0); // from here on reading waits
@@ -145,24 +146,6 @@ void RefuseNoFile(const std::string& strTarget) {
         throw NotWritten(strTarget, "Name another file", "what has this name is no file");
 }
 
-// Puts a wish to stop off until the files are in place or their temporary names are gone.
-class StopsHeld {
-public:
-    StopsHeld() {
-        sigset_t tStops;
-        sigemptyset(&tStops);
-        for (const int nSignal : {SIGINT, SIGTERM, SIGHUP})
-            sigaddset(&tStops, nSignal);
-        sigprocmask(SIG_BLOCK, &tStops, &m_tBefore);
-    }
-    ~StopsHeld() { sigprocmask(SIG_SETMASK, &m_tBefore, nullptr); }
-    StopsHeld(const StopsHeld&) = delete;
-    StopsHeld& operator=(const StopsHeld&) = delete;
-
-private:
-    sigset_t m_tBefore;
-};
-
 } // namespace
 
 std::string ErrnoText() {
@@ -204,7 +187,7 @@ std::string ReadFile(const std::string& strFile, std::size_t nLimit, const Check
 }
 
 void WriteFiles(const std::vector<NewFile>& aFiles) {
-    const StopsHeld tHeld;
+    const StopsHeld tHeld; // until all are in place or their temporary names are gone
     std::deque<StagedFile> aStaged;
     for (const NewFile& t : aFiles) {
         RefuseNoFile(t.strFile);
@@ -225,7 +208,11 @@ bool WriteAll(int nDescriptor, const std::string& str) {
 }
 
 bool IsSameFile(const std::string& strOne, const std::string& strOther) {
-    return !strOne.empty() && !strOther.empty() && BehindLinks(strOne) == BehindLinks(strOther);
+    if (strOne.empty() || strOther.empty())
+        return false;
+    std::error_code tIgnored; // what is not there yet is told by its name alone
+    return std::filesystem::equivalent(strOne, strOther, tIgnored) ||
+           BehindLinks(strOne) == BehindLinks(strOther);
 }
 
 void CreateFolder(const std::string& strFolder) {

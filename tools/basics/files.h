@@ -44,7 +44,7 @@ void WriteFiles(const std::vector<NewFile>& aFiles);
 // Writes all bytes; false with the reason in errno.
 bool WriteAll(int nDescriptor, const std::string& str);
 
-// Whether two names, links followed, lead to one file, there or not yet; an empty name leads to none.
+// Whether two names lead to one file, there or not yet, links followed; an empty name leads to none.
 bool IsSameFile(const std::string& strOne, const std::string& strOther);
 
 // Creates the folder and its parents where they are missing. Throws ToolError.

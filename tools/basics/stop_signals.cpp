@@ -1,6 +1,5 @@
 #include "basics/stop_signals.h"
 
-#include <csignal>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
@@ -25,17 +24,23 @@ sigset_t Signals() {
 
 } // namespace
 
+StopsHeld::StopsHeld() {
+    const sigset_t tSignals = Signals();
+    sigprocmask(SIG_BLOCK, &tSignals, &m_tBefore);
+}
+
+StopsHeld::~StopsHeld() {
+    sigprocmask(SIG_SETMASK, &m_tBefore, nullptr);
+}
+
 StopSignals::StopSignals() {
     const sigset_t tSignals = Signals();
-    sigprocmask(SIG_BLOCK, &tSignals, nullptr);
     m_nDescriptor = signalfd(-1, &tSignals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
 StopSignals::~StopSignals() {
     while (Take() != 0) {
     }
-    const sigset_t tSignals = Signals();
-    sigprocmask(SIG_UNBLOCK, &tSignals, nullptr);
     close(m_nDescriptor);
 }
 

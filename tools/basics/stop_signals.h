@@ -1,10 +1,23 @@
 #ifndef ORVEX_TOOLS_BASICS_STOP_SIGNALS_H
 #define ORVEX_TOOLS_BASICS_STOP_SIGNALS_H
 
+#include <csignal>
+
 namespace tools {
 
-// Holds back what asks the program to stop (Ctrl-C, termination, hang-up) while it exists, so that long work
-// ends between two pieces of it.
+// Puts off what asks the program to stop (Ctrl-C, termination, hang-up) while it exists.
+class StopsHeld {
+public:
+    StopsHeld();
+    ~StopsHeld();
+    StopsHeld(const StopsHeld&) = delete;
+    StopsHeld& operator=(const StopsHeld&) = delete;
+
+private:
+    sigset_t m_tBefore;
+};
+
+// Takes note of such a wish instead, so that long work ends between two pieces of it.
 class StopSignals {
 public:
     StopSignals();
@@ -19,6 +32,7 @@ public:
     int Take() const;
 
 private:
+    StopsHeld m_tHeld;
     int m_nDescriptor;
 };
 

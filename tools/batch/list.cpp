@@ -2,22 +2,23 @@
 
 #include "basics/csv.h"
 #include "basics/files.h"
+#include "basics/list_columns.h"
 #include "basics/numbers.h"
 #include "basics/text_table.h"
 #include "basics/tool_error.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <span>
 #include <utility>
 
 namespace tools {
 namespace {
 
-constexpr std::size_t nLimit = std::size_t{1} << 28;
+constexpr std::size_t kLimit = std::size_t{1} << 28;
 
-constexpr char szForm[] =
-    "The first line names the columns, apart by commas: master, slave, calibration and, "
-    "if wanted, id";
+constexpr char kForm[] = "The first line names the columns, apart by commas: master, slave, calibration and, "
+                         "if wanted, id";
 
 // The place of each column in the records; none if the list lacks it.
 class Columns {
@@ -32,7 +33,7 @@ public:
         if (!Has(szName))
             throw ToolError(m_strFile,
                             std::string("has no column \"") + szName + "\"; its columns are " + Names(),
-                            szForm);
+                            kForm);
     }
 
     // Which of two columns of one name is meant nobody can tell.
@@ -81,7 +82,7 @@ std::string FaultOf(const Columns& tColumns, const CsvRecord& tRecord) {
     if (const std::size_t n = tRecord.aCells.size(); n != tColumns.Count())
         return "it has " + std::to_string(n) + (n == 1 ? " column" : " columns") +
                ", but the first line names " + std::to_string(tColumns.Count());
-    for (const char* const szName : {"id", "master", "slave", "calibration"})
+    for (const char* const szName : kPairColumns)
         if (tColumns.Has(szName) && tColumns.In(tRecord, szName).empty())
             return std::string("the column \"") + szName + "\" is empty";
     for (const char* const szName : kTruthColumns)
@@ -91,10 +92,10 @@ std::string FaultOf(const Columns& tColumns, const CsvRecord& tRecord) {
 }
 
 BatchItem ItemOf(const Columns& tColumns, const CsvRecord& tRecord, std::size_t nRow) {
-    return {tColumns.Has("id") ? tColumns.In(tRecord, "id") : std::to_string(nRow),
-            tColumns.In(tRecord, "master"),
-            tColumns.In(tRecord, "slave"),
-            tColumns.In(tRecord, "calibration"),
+    const auto& [szId, szMaster, szSlave, szCalibration] = kPairColumns;
+    return {{tColumns.Has(szId) ? tColumns.In(tRecord, szId) : std::to_string(nRow),
+             tColumns.In(tRecord, szMaster), tColumns.In(tRecord, szSlave),
+             tColumns.In(tRecord, szCalibration)},
             TruthOf(tColumns, tRecord),
             tRecord.nLine,
             FaultOf(tColumns, tRecord)};
@@ -108,25 +109,26 @@ std::string FolderOf(const std::string& strFile) {
 } // namespace
 
 BatchList ReadBatchList(const std::string& strFile) {
-    const std::string strText = ReadFile(strFile, nLimit);
+    const std::string strText = ReadFile(strFile, kLimit);
     if (!IsText(strText))
-        throw ToolError(strFile, "is not a list but a binary file", szForm);
+        throw ToolError(strFile, "is not a list but a binary file", kForm);
     const std::vector<CsvRecord> aRecords = ParseCsv(strText);
     if (aRecords.empty())
-        throw ToolError(strFile, "is empty", szForm);
+        throw ToolError(strFile, "is empty", kForm);
     const Columns tColumns(strFile, aRecords.front());
-    for (const char* const szName : {"master", "slave", "calibration"})
+    for (const char* const szName : std::span(kPairColumns).subspan<1>())
         tColumns.Require(szName);
-    for (const char* const szName :
-         {"id", "master", "slave", "calibration", kTruthColumns[0], kTruthColumns[1], kTruthColumns[2]})
-        tColumns.RefuseTwice(szName);
+    for (const std::span<const char* const> aszNames :
+         {std::span<const char* const>(kPairColumns), std::span<const char* const>(kTruthColumns)})
+        for (const char* const szName : aszNames)
+            tColumns.RefuseTwice(szName);
     // Such a quote takes in all that follows: how many rows are meant cannot be told.
     if (aRecords.back().bQuoteOpen)
         throw ToolError(strFile,
                         "in line " + std::to_string(aRecords.back().nLine) +
                             " a quote is opened that is never closed",
                         "Mend that line; nothing has been measured");
-    BatchList tList = {strFile, FolderOf(strFile), tColumns.Has("id"), {}};
+    BatchList tList = {strFile, FolderOf(strFile), tColumns.Has(kPairColumns.front()), {}};
     for (std::size_t i = 1; i < aRecords.size(); ++i)
         tList.aItems.push_back(ItemOf(tColumns, aRecords[i], i));
     if (tList.aItems.empty())

@@ -1,14 +1,22 @@
 #ifndef ORVEX_TOOLS_BATCH_LIST_H
 #define ORVEX_TOOLS_BATCH_LIST_H
 
-#include "measuring/measurement.h"
+#include "basics/geometry.h"
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tools {
 
-// One measurement to make. File names as in the list, which are relative to the list's folder.
-struct BatchItem {
+// A pair by its names, as kPairColumns has them: files as in the list, which are relative to its folder.
+struct PairNames {
     std::string strId; // the row's number where the list has no such column
     std::string strMaster, strSlave, strCalibration;
+};
+
+// One measurement to make.
+struct BatchItem : PairNames {
     std::optional<Angles> oTruth;
     std::size_t nLine;    // in the list, from 1
     std::string strFault; // what keeps the line from naming a pair; empty otherwise
@@ -21,11 +29,8 @@ struct BatchList {
     std::vector<BatchItem> aItems;
 };
 
-// Columns of the known rotation, degrees, in a list of rendered pairs.
-constexpr std::array<const char*, 3> kTruthColumns = {"true_rx_deg", "true_ry_deg", "true_rz_deg"};
-
-// Reads a table whose first line names the columns. Throws ToolError; a line at
-// fault is an item that says so.
+// Reads a table whose first line names the columns. Throws ToolError; a line at fault is an item that says
+// so.
 BatchList ReadBatchList(const std::string& strFile);
 
 } // namespace tools

@@ -3,14 +3,14 @@
 #include "basics/progress.h"
 #include "batch/child_pool.h"
 
-#include <algorithm>
+#include <map>
 
 namespace tools {
 namespace {
 
 // For each of those that run at once: so many rows may be measured behind one that is not. Fewer would leave
 // cores idle behind a pair that takes a little longer, more would be lost when the batch is stopped.
-constexpr std::size_t nAheadPerJob = 8;
+constexpr std::size_t kAheadPerJob = 8;
 
 class Rows {
 public:
@@ -28,12 +28,6 @@ public:
 
     std::size_t Written() const { return m_nNext; }
 
-    // Lines at fault need no measurement.
-    std::size_t WaitingMeasurements() const {
-        return static_cast<std::size_t>(std::ranges::count_if(
-            m_tWaiting, [this](const auto& t) { return m_tWork.tList.aItems[t.first].strFault.empty(); }));
-    }
-
 private:
     const BatchWork& m_tWork;
     ResultSink& m_tSink;
@@ -42,10 +36,10 @@ private:
     std::map<std::size_t, std::string> m_tWaiting;
 };
 
-std::unique_ptr<Child> StartMeasuring(const BatchWork& tWork, const BatchItem& t) {
+std::unique_ptr<Child> StartMeasuring(const BatchWork& tWork, const PairNames& tNames) {
     std::vector<std::string> a = {"measure", "--json"};
     a.insert(a.end(), tWork.aOptions.begin(), tWork.aOptions.end());
-    a.insert(a.end(), {"--calibration=" + t.strCalibration, "--", t.strMaster, t.strSlave});
+    a.insert(a.end(), {"--calibration=" + tNames.strCalibration, "--", tNames.strMaster, tNames.strSlave});
     return std::make_unique<Child>(a, tWork.tList.strFolder);
 }
 
@@ -62,13 +56,13 @@ MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary
             tRows.Add(i, FaultyRow(aItems[i]));
     Progress tProgress(aItems.size() - anFit.size(), aItems.size(), tWork.bProgress);
     const int nSignal =
-        RunChildren({anFit.size(), tWork.nAtOnce, nAheadPerJob * tWork.nAtOnce, tWork.tTimeLimit,
+        RunChildren({anFit.size(), tWork.nAtOnce, kAheadPerJob * tWork.nAtOnce, tWork.tTimeLimit,
                      [&](std::size_t n) { return StartMeasuring(tWork, aItems[anFit[n]]); },
                      [&](std::size_t n, const ChildOutcome& tOutcome) {
                          tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
                          tProgress.Step();
                      }});
-    return {tRows.Written(), tRows.WaitingMeasurements(), nSignal};
+    return {tRows.Written(), nSignal};
 }
 
 } // namespace tools

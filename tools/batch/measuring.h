@@ -21,7 +21,6 @@ struct BatchWork {
 
 struct MeasuredRows {
     std::size_t nWritten; // of the list, with those that were there before
-    std::size_t nDropped; // measured, but not written as one before them is not there
     int nSignal;          // that stopped it, or 0
 };
 

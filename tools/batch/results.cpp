@@ -1,10 +1,10 @@
 #include "batch/results.h"
 
 #include "basics/csv.h"
-#include "basics/numbers.h"
 #include "basics/tool_error.h"
+#include "batch/columns.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -15,53 +15,51 @@ std::string CellOf(const Json& t) {
     return t.is_string() ? t.get<std::string>() : t.dump();
 }
 
-// Text that looks like a number stays text where it names something; only exit code and measurements are read
-// as numbers, and only by who asks for them.
-BatchRow RowOfCells(const std::vector<std::string>& aCells) {
-    BatchRow tRow;
-    for (std::size_t i = 0; i < BatchColumns().size(); ++i)
-        tRow[BatchColumns()[i]] = aCells[i].empty() ? Json() : Json(aCells[i]);
-    return tRow;
-}
-
 ToolError Foreign(const std::string& strFile, const std::string& strWhat) {
     return {strFile, strWhat,
             "Name the unfinished results of this list, from this version and in the same --format, or a new "
             "file"};
 }
 
-ToolError ForeignRow(const std::string& strFile, std::size_t nRow) {
-    return Foreign(strFile, "does not hold a batch's results in row " + std::to_string(nRow));
+void AddRow(StoredRows& tStored, const std::string& strFile, const std::vector<Json>& aCells,
+            std::size_t nEnd) {
+    std::optional<BatchRow> oRow = RowOfCells(aCells);
+    if (!oRow)
+        throw Foreign(strFile,
+                      "does not hold a batch's results in row " + std::to_string(tStored.aRows.size() + 1));
+    tStored.aRows.push_back(std::move(*oRow));
+    tStored.nBytes = nEnd;
 }
 
 StoredRows ReadCsvRows(const std::string& strFile, const std::string& strText) {
-    StoredRows t = {{}, HeadOf(RowFormat::kCsv).size()};
+    StoredRows tStored = {{}, HeadOf(RowFormat::kCsv).size()};
     const std::vector<CsvRecord> aRecords = ParseCsv(strText);
     for (std::size_t i = 1; i < aRecords.size() && aRecords[i].bLineEnded; ++i) {
-        if (aRecords[i].aCells.size() != BatchColumns().size())
-            throw ForeignRow(strFile, i);
-        t.aRows.push_back(RowOfCells(aRecords[i].aCells));
-        if (!ExitIn(t.aRows.back()))
-            throw ForeignRow(strFile, i);
-        t.nBytes = aRecords[i].nEnd;
+        std::vector<Json> aCells;
+        for (const std::string& strCell : aRecords[i].aCells)
+            aCells.push_back(strCell.empty() ? Json() : Json(strCell));
+        AddRow(tStored, strFile, aCells, aRecords[i].nEnd);
     }
-    return t;
+    return tStored;
 }
 
-bool HasAllColumns(const Json& t) {
-    return t.is_object() && t.size() == BatchColumns().size() &&
-           std::ranges::all_of(BatchColumns(), [&](const std::string& str) { return t.contains(str); });
+// Nothing if the object lacks one of the columns.
+std::vector<Json> CellsIn(const Json& tObject) {
+    std::vector<Json> aCells;
+    if (tObject.is_object() && tObject.size() == BatchColumns().size())
+        for (const std::string& strColumn : BatchColumns())
+            if (tObject.contains(strColumn))
+                aCells.push_back(tObject.at(strColumn));
+    return aCells;
 }
 
 StoredRows ReadJsonLines(const std::string& strFile, const std::string& strText) {
-    StoredRows t = {{}, 0};
-    for (std::size_t nEnd = 0; (nEnd = strText.find('\n', t.nBytes)) != strText.npos; t.nBytes = nEnd + 1) {
-        const Json tRow = Json::parse(strText.substr(t.nBytes, nEnd - t.nBytes), nullptr, false);
-        if (!HasAllColumns(tRow) || !ExitIn(tRow))
-            throw ForeignRow(strFile, t.aRows.size() + 1);
-        t.aRows.push_back(tRow);
+    StoredRows tStored = {{}, 0};
+    for (std::size_t nEnd = 0; (nEnd = strText.find('\n', tStored.nBytes)) != strText.npos;) {
+        const std::string strLine = strText.substr(tStored.nBytes, nEnd - tStored.nBytes);
+        AddRow(tStored, strFile, CellsIn(Json::parse(strLine, nullptr, false)), nEnd + 1);
     }
-    return t;
+    return tStored;
 }
 
 } // namespace
@@ -71,12 +69,17 @@ std::string HeadOf(RowFormat tFormat) {
 }
 
 std::string LineOf(RowFormat tFormat, const BatchRow& tRow) {
-    if (tFormat == RowFormat::kJsonLines)
-        return TextOf(tRow, kOneLine);
-    std::vector<std::string> aCells;
-    for (const Json& t : tRow)
-        aCells.push_back(CellOf(t));
-    return CsvLine(aCells);
+    const std::vector<Json> aCells = CellsOf(tRow);
+    if (tFormat == RowFormat::kJsonLines) {
+        Json tObject;
+        for (std::size_t i = 0; i < aCells.size(); ++i)
+            tObject[BatchColumns()[i]] = aCells[i];
+        return TextOf(tObject, kOneLine);
+    }
+    std::vector<std::string> aTexts;
+    for (const Json& tCell : aCells)
+        aTexts.push_back(CellOf(tCell));
+    return CsvLine(aTexts);
 }
 
 StoredRows ReadRows(RowFormat tFormat, const std::string& strFile, const std::string& strText) {

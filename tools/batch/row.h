@@ -1,30 +1,30 @@
 #ifndef ORVEX_TOOLS_BATCH_ROW_H
 #define ORVEX_TOOLS_BATCH_ROW_H
 
-#include "basics/exit_codes.h"
-#include "basics/json.h"
 #include "batch/child.h"
 #include "batch/list.h"
+#include "measuring/verdict.h"
 
 namespace tools {
 
-// One result: a flat object whose keys are the columns, in their order, null where there is no value.
-using BatchRow = Json;
-
-// All columns in their order.
-const std::vector<std::string>& BatchColumns();
+// One result.
+struct BatchRow : PairNames {
+    const VerdictWords* pVerdict = nullptr;
+    std::string strStatus, strCamera, strStage; // as measure tells them; empty where it told nothing
+    std::string strWords;                       // what was, or was not, found
+    std::string strWarnings;
+    std::vector<std::string> aWarningKinds;      // as KeyOf has them
+    std::vector<std::optional<double>> aNumbers; // as NumberColumns()
+};
 
 // What the process that measured this pair has to say, whatever became of it.
 BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome);
 
 // What there is to say of a pair whose line in the list is at fault.
-BatchRow FaultyRow(const BatchItem& t);
+BatchRow FaultyRow(const BatchItem& tItem);
 
 // With which such words begin: "line 3 of the list: "
-std::string PlaceInList(const BatchItem& t);
-
-// The row's exit code, as number or text; nothing if measure has no such answer.
-std::optional<ExitCode> ExitIn(const BatchRow& tRow);
+std::string PlaceInList(const BatchItem& tItem);
 
 // Whether the row is this pair's.
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem);

@@ -1,17 +1,17 @@
 #include "batch/summary.h"
 
 #include "basics/harmless_text.h"
-#include "basics/numbers.h"
 #include "basics/text_table.h"
-#include "batch/warning_kinds.h"
 #include "measuring/verdict.h"
+#include "trust/warnings.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace tools {
 
-const char szGaugeFormulae[] =
+const char kGaugeFormulae[] =
     "  within   repeatability, the equipment variation: pooled standard deviation within the ids,\n"
     "           sqrt( sum over all rows (angle - mean of its id)^2 / sum over all ids (rows of it - 1) )\n"
     "  between  sqrt( variance of the ids' means - within^2 / n ), 0 if that is negative;\n"
@@ -23,32 +23,30 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-constexpr std::array<const char*, 3> aszLabels = {"Rx", "Ry", "Rz"};
-constexpr std::array<const char*, 3> aszRawColumns = {"raw_rx_deg", "raw_ry_deg", "raw_rz_deg"};
-constexpr std::array<double Angles::*, 3> apAngles = {&Angles::dRx, &Angles::dRy, &Angles::dRz};
+// The raw angles as the rows and people have them; the rows' numbers begin with them.
+struct AxisName {
+    const char* szLabel;
+    double Angles::*pAngle;
+};
+constexpr std::array<AxisName, 3> kAxes = {
+    {{"Rx", &Angles::dRx}, {"Ry", &Angles::dRy}, {"Rz", &Angles::dRz}}};
 
-constexpr int nDecimals = 4;
+constexpr int kDecimals = 4;
 
 // More are looked up in the rows.
-constexpr std::size_t nIdsShown = 10;
+constexpr std::size_t kIdsShown = 10;
 
-// A row that was read back from CSV holds texts only.
-std::optional<double> NumberIn(const BatchRow& tRow, const char* szColumn) {
-    const Json& t = tRow.at(szColumn);
-    if (t.is_number())
-        return t.get<double>();
-    return t.is_string() ? ParsedNumber(t.get<std::string>()) : std::nullopt;
-}
-
-// The text and what follows it; nothing for none.
-std::string TextIn(const BatchRow& tRow, const char* szColumn, const char* szBehind) {
-    const Json& t = tRow.at(szColumn);
-    return t.is_string() ? t.get<std::string>() + szBehind : "";
+// "slave camera, centre cross: no horizontal bar", with the status before it.
+std::string FailureOf(const BatchRow& tRow) {
+    const auto With = [](const std::string& str, const char* szBehind) {
+        return str.empty() ? "" : str + szBehind;
+    };
+    return With(tRow.strStatus, " ") + With(tRow.strCamera, " camera, ") + With(tRow.strStage, ": ") +
+           tRow.strWords;
 }
 
 // Without the row's own names, so that one reason is one text: the column stands for the file.
-std::string ReasonOf(const BatchItem& tItem, const BatchRow& tRow) {
-    std::string strWords = TextIn(tRow, "words", "");
+std::string ReasonOf(const BatchItem& tItem, const std::string& strWords) {
     const auto OfFile = [](const std::string& str) { return Harmless(str) + ": "; }; // as messages name it
     for (const auto& [strOwn, szCommon] :
          {std::pair(PlaceInList(tItem), "list: "), std::pair(OfFile(tItem.strMaster), "master: "),
@@ -59,8 +57,12 @@ std::string ReasonOf(const BatchItem& tItem, const BatchRow& tRow) {
     return strWords;
 }
 
+bool IsMeasured(ExitCode tExit) {
+    return tExit < ExitCode::kNotMeasured;
+}
+
 std::string Number(double d) {
-    return std::isnan(d) ? "-" : Fixed(d, nDecimals);
+    return std::isnan(d) ? "-" : Fixed(d, kDecimals);
 }
 
 Cells CellsOf(const char* szLabel, const Spread& t) {
@@ -80,60 +82,54 @@ std::string Reasons(const std::string& strHeading, const std::map<std::string, s
 } // namespace
 
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
-    const ExitCode tExit = ExitIn(tRow).value_or(kNotMeasured);
-    m_tExit = std::max(m_tExit, tExit);
+    const ExitCode tExit = tRow.pVerdict->tExit;
     ++m_tCounts[tExit];
-    if (tExit == kNotMeasured)
-        ++m_tFailures[TextIn(tRow, "status", " ") + TextIn(tRow, "camera", " camera, ") +
-                      TextIn(tRow, "stage", ": ") + TextIn(tRow, "words", "")];
-    if (tExit == kUnfitFile)
-        ++m_tUnfit[ReasonOf(tItem, tRow)];
-    if (const std::string str = TextIn(tRow, "warnings", ""); !str.empty() && tExit <= kOutOfRange) {
+    if (tExit == ExitCode::kNotMeasured)
+        ++m_tFailures[FailureOf(tRow)];
+    if (tExit == ExitCode::kUnfitFile)
+        ++m_tUnfit[ReasonOf(tItem, tRow.strWords)];
+    if (!tRow.aWarningKinds.empty() && IsMeasured(tExit)) {
         m_tWarned[tItem.nLine] = tItem.strId;
-        for (const std::string& strKind : WarningKinds(str))
-            ++m_tWarnings[strKind];
+        for (const std::string& strKey : tRow.aWarningKinds)
+            ++m_tWarnings[GeneralText(strKey).value_or(strKey)];
     }
     for (std::size_t i = 0; i < m_aAxes.size(); ++i)
-        if (const std::optional<double> oRaw = NumberIn(tRow, aszRawColumns[i])) {
+        if (const std::optional<double> oRaw = tRow.aNumbers[i]) {
             m_aAxes[i].aRaw.push_back(*oRaw);
             m_aAxes[i].tById[tItem.strId].push_back(*oRaw);
             if (tItem.oTruth)
-                m_aAxes[i].aDeviations.push_back(*oRaw - (*tItem.oTruth).*apAngles[i]);
+                m_aAxes[i].aDeviations.push_back(*oRaw - (*tItem.oTruth).*kAxes[i].pAngle);
         }
-}
-
-std::size_t BatchSummary::CountOf(ExitCode tExit) const {
-    const auto p = m_tCounts.find(tExit);
-    return p == m_tCounts.end() ? 0 : p->second;
 }
 
 std::string BatchSummary::WarningsText() const {
     Cells aIds;
     for (const auto& [nLine, strId] : m_tWarned)
-        if (std::ranges::find(aIds, strId) == aIds.end() && aIds.size() <= nIdsShown)
+        if (std::ranges::find(aIds, strId) == aIds.end() && aIds.size() <= kIdsShown)
             aIds.push_back(strId);
     return Reasons(std::to_string(m_tWarned.size()) +
                        (m_tWarned.size() == 1 ? " row measured with warnings: its"
                                               : " rows measured with warnings: their") +
                        " angles may be wrong" +
-                       (aIds.size() > nIdsShown ? "" : " (id " + Harmless(Listed(aIds)) + ")"),
+                       (aIds.size() > kIdsShown ? "" : " (id " + Harmless(Listed(aIds)) + ")"),
                    m_tWarnings);
 }
 
 std::string BatchSummary::Text() const {
     std::size_t nRows = 0;
-    for (const auto& [nExit, nCount] : m_tCounts)
+    for (const auto& [tExit, nCount] : m_tCounts)
         nRows += nCount;
     std::vector<Cells> aCounts = {{"rows", std::to_string(nRows)}};
-    for (const auto& [szLabel, tExit] :
-         {std::pair("within range", kWithinRange), std::pair("out of range", kOutOfRange),
-          std::pair("not measured", kNotMeasured), std::pair("unreadable or unfit input", kUnfitFile)})
-        aCounts.push_back({szLabel, std::to_string(CountOf(tExit))});
+    for (const VerdictWords& tVerdict : kVerdicts)
+        if (tVerdict.szLabel != nullptr) {
+            const auto p = m_tCounts.find(tVerdict.tExit);
+            aCounts.push_back({tVerdict.szLabel, std::to_string(p == m_tCounts.end() ? 0 : p->second)});
+        }
     const Cells aHead = {"", "n", "mean", "std. dev.", "minimum", "maximum"};
     std::vector<Cells> aRaw = {aHead}, aDeviations = {aHead};
     for (std::size_t i = 0; i < m_aAxes.size(); ++i) {
-        aRaw.push_back(CellsOf(aszLabels[i], SpreadOf(m_aAxes[i].aRaw)));
-        aDeviations.push_back(CellsOf(aszLabels[i], SpreadOf(m_aAxes[i].aDeviations)));
+        aRaw.push_back(CellsOf(kAxes[i].szLabel, SpreadOf(m_aAxes[i].aRaw)));
+        aDeviations.push_back(CellsOf(kAxes[i].szLabel, SpreadOf(m_aAxes[i].aDeviations)));
     }
     std::string str = "Batch\n" + Table(aCounts) + Reasons("Not measured, by status", m_tFailures) +
                       Reasons("Unreadable or unfit input, by reason", m_tUnfit) + WarningsText() +
@@ -148,15 +144,18 @@ std::string BatchSummary::RepeatabilityText() const {
     for (std::size_t i = 0; i < m_aAxes.size(); ++i) {
         const GaugeStudy t = StudyOf(m_aAxes[i].tById);
         const double dShare = 100 * 6 * t.dWithin / (2 * kRawLimit);
-        aRows.push_back({aszLabels[i], std::to_string(t.nGroups), Fixed(t.dPerGroup, 1), Number(t.dWithin),
-                         Number(t.dBetween), Number(t.dTotal),
+        aRows.push_back({kAxes[i].szLabel, std::to_string(t.nGroups), Fixed(t.dPerGroup, 1),
+                         Number(t.dWithin), Number(t.dBetween), Number(t.dTotal),
                          std::isnan(dShare) ? "-" : Fixed(dShare, 1) + " %"});
     }
+    const auto nMeasured = std::accumulate(
+        m_tCounts.begin(), m_tCounts.end(), std::size_t{0},
+        [](std::size_t n, const auto& tCount) { return n + (IsMeasured(tCount.first) ? tCount.second : 0); });
     return "\nRepeatability of the raw angles, degrees\n" + Table(aRows) + "  " +
-           std::to_string(m_tWarned.size()) + " of " +
-           std::to_string(CountOf(kWithinRange) + CountOf(kOutOfRange)) + " measured rows carry warnings" +
+           std::to_string(m_tWarned.size()) + " of " + std::to_string(nMeasured) +
+           " measured rows carry warnings" +
            (m_tWarned.empty() ? "" : "; a wrong angle among them widens the figures above") + "\n" +
-           szGaugeFormulae;
+           kGaugeFormulae;
 }
 
 } // namespace tools

@@ -1,14 +1,16 @@
 #ifndef ORVEX_TOOLS_BATCH_SUMMARY_H
 #define ORVEX_TOOLS_BATCH_SUMMARY_H
 
-#include "basics/exit_codes.h"
 #include "batch/row.h"
 #include "batch/statistics.h"
+
+#include <array>
+#include <map>
 
 namespace tools {
 
 // How --repeatability reckons, for its output and for the help.
-extern const char szGaugeFormulae[];
+extern const char kGaugeFormulae[];
 
 // Gathers what is told of all rows together.
 class BatchSummary {
@@ -17,7 +19,7 @@ public:
     void Add(const BatchItem& tItem, const BatchRow& tRow);
 
     // The gravest of all rows.
-    ExitCode Exit() const { return m_tExit; }
+    ExitCode Exit() const { return m_tCounts.empty() ? ExitCode::kDone : m_tCounts.rbegin()->first; }
 
     // Counts, failures by status or reason, warnings by kind, spread of the raw angles and of their
     // deviations from a known truth.
@@ -32,11 +34,9 @@ private:
         Groups tById;
     };
 
-    std::size_t CountOf(ExitCode tExit) const;
     std::string WarningsText() const;
 
-    ExitCode m_tExit = kWithinRange;
-    std::map<int, std::size_t> m_tCounts;           // by exit code
+    std::map<ExitCode, std::size_t> m_tCounts;
     std::map<std::string, std::size_t> m_tFailures; // by status, place and words
     std::map<std::string, std::size_t> m_tUnfit;    // by reason
     std::map<std::size_t, std::string> m_tWarned;   // ids of rows measured with warnings, by line in the list

@@ -33,8 +33,4 @@ Camera ScaledTo(const Camera& tCamera, int nWidth, int nHeight) {
             CentreOf(nHeight) + (tCamera.dPrincipalY - CentreOf(tCamera.nHeight)) * dRatio};
 }
 
-Pose operator+(const Pose& a, const Pose& b) {
-    return {a.dRx + b.dRx, a.dRy + b.dRy, a.dRz + b.dRz};
-}
-
 } // namespace chart

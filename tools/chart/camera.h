@@ -1,6 +1,8 @@
 #ifndef ORVEX_CHART_CAMERA_H
 #define ORVEX_CHART_CAMERA_H
 
+#include "basics/geometry.h"
+
 namespace chart {
 
 // A distortion-free pinhole camera. Pixel coordinates: (0, 0) is the centre of the first pixel, x to the
@@ -18,11 +20,7 @@ struct Camera {
 //   dRy > 0: its left side appears longer than its right side;
 //   dRz > 0: the right end of the horizontal bar appears higher than its left end.
 // Good for at least +-45 degrees about each axis.
-struct Pose {
-    double dRx = 0.0;
-    double dRy = 0.0;
-    double dRz = 0.0;
-};
+using Pose = tools::Angles;
 
 // 1728 x 972, focal length 1900, principal point in the picture's centre.
 Camera DefaultMaster();
@@ -35,8 +33,6 @@ Camera DefaultSlave();
 // the picture's centre shrink or grow by the smaller of the two size ratios, so that nothing seen before
 // leaves the picture. Widths and heights from 1.
 Camera ScaledTo(const Camera& tCamera, int nWidth, int nHeight);
-
-Pose operator+(const Pose& a, const Pose& b);
 
 } // namespace chart
 

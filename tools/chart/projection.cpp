@@ -24,7 +24,7 @@ Truth Project(const Chart& tChart, const Camera& tCamera, const Pose& tPose) {
         return ProjectPoint(tChart, tCamera, tPose,
                             {dSignX * tChart.dFrameHalfWidth, dSignY * tChart.dFrameHalfHeight});
     };
-    return {at(0, 0), {at(-1, -1), at(-1, 1), at(1, -1), at(1, 1)}, tPose};
+    return {at(0, 0), {at(-1, -1), at(1, -1), at(-1, 1), at(1, 1)}, tPose};
 }
 
 } // namespace chart

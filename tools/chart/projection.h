@@ -8,19 +8,9 @@
 
 namespace chart {
 
-struct Point {
-    double dX;
-    double dY;
-};
+using tools::Point;
 
-enum Corner { kLeftTop, kLeftDown, kRightTop, kRightDown };
-
-// What a measurement of the picture should find, in pixels and degrees.
-struct Truth {
-    Point tCentre;                   // of the cross
-    std::array<Point, 4> aCorners{}; // where the frame's centre lines meet, indexed by Corner
-    Pose tPose;
-};
+using Truth = tools::CameraTruth;
 
 // Where the camera sees a point of the chart plane given in chart units. The point must lie in front of the
 // camera; the picture's border is no limit.

@@ -1,20 +1,20 @@
 #include "commands/option_checks.h"
 
+#include "basics/numbers.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <sstream>
+#include <fmt/format.h>
 
 namespace tools {
 
 CLI::Validator Within(double dLowest, double dHighest) {
-    std::ostringstream tRange;
-    tRange << dLowest << " to " << dHighest;
-    const auto Check = [=, strRange = tRange.str()](const std::string& str) {
-        double d = 0;
-        // Negated, because a NaN is neither above nor below.
-        const bool bWithin = CLI::detail::lexical_cast(str, d) && d >= dLowest && d <= dHighest;
-        return bWithin ? std::string() : "\"" + str + "\" is not a number from " + strRange;
+    const auto Check = [=](const std::string& str) {
+        const std::optional<double> o = ParsedNumber(str);
+        const bool bWithin = o && *o >= dLowest && *o <= dHighest;
+        return bWithin ? std::string()
+                       : fmt::format("\"{}\" is not a number from {:g} to {:g}", str, dLowest, dHighest);
     };
     return {Check, "", ""};
 }

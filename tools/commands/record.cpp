@@ -1,8 +1,9 @@
-#include "commands/record.h"
+#include "commands/commands.h"
 
 #include "basics/console.h"
+#include "commands/exit_meanings.h"
 #include "commands/man_page.h"
-#include "commands/option_checks.h"
+#include "commands/shared_options.h"
 #include "measuring/calibration.h"
 #include "record/output.h"
 
@@ -16,14 +17,14 @@ struct Options {
     bool bJson = false;
 };
 
-ExitCode Show(const Options& t) {
-    const RecordReading tReading = ReadRecord(t.strFile, ReadCalibration(t.strCalibration));
-    const RecordReport tReport = {tReading, JudgementOf(tReading), t.strCalibration};
-    Print(t.bJson ? JsonTextOf(tReport) : TextOf(tReport));
-    return tReport.tJudgement.tExit;
+ExitCode Show(const Options& tOptions) {
+    const RecordReading tReading = ReadRecord(tOptions.strFile, ReadCalibration(tOptions.strCalibration));
+    const RecordReport report = {tReading, JudgementOf(tReading), tOptions.strCalibration};
+    Print(tOptions.bJson ? JsonTextOf(report) : TextOf(report));
+    return report.Exit();
 }
 
-constexpr char szDescription[] =
+constexpr char kDescription[] =
     "Decrypts an autofocus record file and shows its fields.\n"
     "A measurement leaves the record, encrypted for its module. The library's reader decrypts it with a key "
     "that it makes from the module's calibration memory, checks its checksum, and compares its focus lines "
@@ -34,27 +35,21 @@ constexpr char szDescription[] =
 std::string Footer() {
     return ExamplesHelp({"orvex-align record AFProtect.txt --calibration calibration.bin",
                          "orvex-align record AFProtect.txt --calibration calibration.bin --json"}) +
-           ExitCodesHelp(kRecordExits);
+           ExitCodesHelp({{ExitCode::kDone, "accepted"},
+                          {ExitCode::kNotMeasured, "refused"},
+                          {ExitCode::kUnfitFile, "a file could not be read, or does not fit"}});
 }
 
 } // namespace
 
 void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
-    CLI::App& tCommand = *tApp.add_subcommand("record", szDescription);
-    tCommand
-        .add_option("FILE", pOptions->strFile,
-                    "The record file: AFProtect.txt of a phone, or measure --record's")
-        ->required()
-        ->check(FileName())
-        ->type_name("");
-    tCommand
-        .add_option("--calibration", pOptions->strCalibration,
-                    CalibrationHelp() + "; the key is made from it")
-        ->required()
-        ->check(FileName())
-        ->type_name("FILE");
-    tCommand.add_flag("--json", pOptions->bJson, "Print one JSON object instead of text");
+    CLI::App& tCommand = *tApp.add_subcommand("record", kDescription);
+    AddFile(tCommand, "FILE", pOptions->strFile,
+            "The record file: AFProtect.txt of a phone, or measure --record's", "")
+        .required();
+    AddCalibration(tCommand, pOptions->strCalibration);
+    AddJson(tCommand, pOptions->bJson);
     tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
 }

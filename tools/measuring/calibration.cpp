@@ -1,51 +1,22 @@
 #include "measuring/calibration.h"
 
-#include "Orvex_Alignment.h"
 #include "basics/files.h"
 #include "basics/tool_error.h"
-#include "chart/noise.h"
 
 namespace tools {
 namespace {
 
 constexpr std::size_t nLimit = 1 << 20;
 
-// Two pairs of big-endian 16-bit lens positions, as the autofocus record uses them.
-constexpr std::size_t anPairs[] = {13, 2911};
-
-// Apart from the streams of the pictures' noise.
-constexpr std::uint64_t nStream = 0x10000;
-
-void PutPosition(std::string& strImage, std::size_t nPlace, unsigned int nPosition) {
-    strImage[nPlace] = static_cast<char>(nPosition >> 8);
-    strImage[nPlace + 1] = static_cast<char>(nPosition & 0xFF);
-}
-
 } // namespace
 
 std::string ReadCalibration(const std::string& strFile) {
     std::string strImage = ReadFile(strFile, nLimit);
-    if (strImage.size() < ORVEX_CALIBRATION_SIZE)
+    if (strImage.size() < kCalibrationBytes)
         throw ToolError(strFile,
                         "is too short for a calibration image: " + std::to_string(strImage.size()) +
-                            " bytes, needed are " + std::to_string(ORVEX_CALIBRATION_SIZE),
+                            " bytes, needed are " + std::to_string(kCalibrationBytes),
                         "Read the module's calibration memory again");
-    return strImage;
-}
-
-std::string CalibrationHelp() {
-    return "The module's calibration memory, at least " + std::to_string(ORVEX_CALIBRATION_SIZE) + " bytes";
-}
-
-std::string MadeUpCalibration(std::uint64_t nSeed) {
-    std::string strImage(ORVEX_CALIBRATION_SIZE, '\0');
-    for (std::size_t i = 0; i < strImage.size(); ++i)
-        strImage[i] = static_cast<char>(chart::DerivedSeed(nSeed, nStream + i) & 0xFF);
-    for (const std::size_t nPair : anPairs) {
-        const auto nFirst = static_cast<unsigned char>(strImage[nPair]) + 200u;
-        PutPosition(strImage, nPair, nFirst);
-        PutPosition(strImage, nPair + 2, nFirst + static_cast<unsigned char>(strImage[nPair + 2]) + 150u);
-    }
     return strImage;
 }
 

@@ -5,35 +5,20 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <fcntl.h>
 #include <sstream>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace tools {
 namespace {
 
-constexpr int nNone = -1;
-
-std::string TemporaryFolder() {
-    const char* const sz = std::getenv("TMPDIR");
-    return sz != nullptr && *sz != '\0' ? sz : "/tmp";
-}
+constexpr int kNone = -1;
 
 int Opened(int nDescriptor) {
-    if (nDescriptor == nNone)
-        throw ToolError(TemporaryFolder(), "no temporary file can be opened there (" + ErrnoText() + ")",
-                        "Make room in it, allow writing to it, or set TMPDIR to another folder; raise the "
-                        "limit of open files if that is the reason");
+    if (nDescriptor == kNone)
+        throw ToolError("the library's output", "cannot be caught (" + ErrnoText() + ")",
+                        "Raise the limit of open files, or close other programs");
     return nDescriptor;
-}
-
-// A file without a name: it is gone when it is closed, even if the process dies.
-int OpenNameless() {
-    std::string strName = TemporaryFolder() + "/orvex-align-XXXXXX";
-    const int n = Opened(mkostemp(strName.data(), O_CLOEXEC));
-    unlink(strName.c_str());
-    return n;
 }
 
 std::string ReadFromStart(int nFile) {
@@ -48,7 +33,8 @@ std::string ReadFromStart(int nFile) {
 } // namespace
 
 CapturedOutput::CapturedOutput(int nDescriptor)
-    : m_nDescriptor(nDescriptor), m_nOriginal(Opened(dup(nDescriptor))), m_nCapture(OpenNameless()) {
+    : m_nDescriptor(nDescriptor), m_nOriginal(Opened(dup(nDescriptor))),
+      m_nCapture(Opened(memfd_create("captured output", MFD_CLOEXEC))) {
     std::fflush(nullptr);
     dup2(m_nCapture, nDescriptor);
 }
@@ -59,12 +45,12 @@ CapturedOutput::~CapturedOutput() {
 }
 
 void CapturedOutput::GiveBack() {
-    if (m_nOriginal == nNone)
+    if (m_nOriginal == kNone)
         return;
     std::fflush(nullptr);
     dup2(m_nOriginal, m_nDescriptor);
     close(m_nOriginal);
-    m_nOriginal = nNone;
+    m_nOriginal = kNone;
 }
 
 std::vector<std::string> CapturedOutput::Lines() {

@@ -15,11 +15,11 @@ namespace tools {
 namespace {
 
 // The library frees the pictures that it measures.
-unsigned char* MallocCopy(const std::string& strBytes) {
-    auto* const p = static_cast<unsigned char*>(std::malloc(strBytes.size()));
+unsigned char* MallocCopy(const std::vector<unsigned char>& aBytes) {
+    auto* const p = static_cast<unsigned char*>(std::malloc(aBytes.size()));
     if (p == nullptr)
         throw std::bad_alloc();
-    std::ranges::copy(strBytes, p);
+    std::ranges::copy(aBytes, p);
     return p;
 }
 
@@ -42,11 +42,11 @@ std::optional<Camera> CameraNamedIn(const std::vector<std::string>& aLines) {
 }
 
 // How far one camera came, as the stage in which it failed or which was not begun.
-Stage StageReached(Camera tCamera, const Measurement& t) {
-    const Stage tStage = WordsOf(t.nStatus).tStage;
-    if (tStage > Stage::kCorners || t.oFailedCamera == tCamera)
+Stage StageReached(Camera tCamera, const PairResult& pair) {
+    const Stage tStage = DescribeStatus(pair.nStatus).tStage;
+    if (tStage > Stage::kCornerPoints || pair.oFailedCamera == tCamera)
         return tStage;
-    const bool bMasterWasPassed = tCamera == Camera::kMaster && t.oFailedCamera == Camera::kSlave;
+    const bool bMasterWasPassed = tCamera == Camera::kMaster && pair.oFailedCamera == Camera::kSlave;
     return bMasterWasPassed ? Stage::kAngles : Stage::kEntry;
 }
 
@@ -62,14 +62,14 @@ bool IsMissingCard(const std::string& strLine) {
     return strLine.find("/sdcard/") != strLine.npos;
 }
 
-void SortLog(const std::vector<std::string>& aLines, Measurement& t) {
+void SortLog(const std::vector<std::string>& aLines, PairResult& pair) {
     for (const std::string& strLine : aLines) {
         const std::string str = WithoutLogHead(strLine);
         if (IsMissingCard(str))
-            t.aNotes.push_back(str +
-                               "; the measurement does not need it, and a PC usually has no such folder");
+            pair.aNotes.push_back(str +
+                                  "; the measurement does not need it, and a PC usually has no such folder");
         else if (!str.empty())
-            t.aLog.push_back(str);
+            pair.aLog.push_back(str);
     }
 }
 
@@ -78,45 +78,55 @@ std::string RecordIn(const std::string& strBytes) {
     return IsRecordFile(strBytes) ? strBytes : std::string();
 }
 
-} // namespace
-
-const char* NameOf(Camera tCamera) {
-    return tCamera == Camera::kMaster ? "master" : "slave";
-}
-
-bool WasBegun(Camera tCamera, const Measurement& t) {
-    return StageReached(tCamera, t) > Stage::kEntry;
-}
-
-const CornerName* MissingCorner(const CameraMeasurement& t) {
-    const auto p = std::ranges::find_if(kCorners, [&](const CornerName& n) { return !t.aoCorners[n.nSlot]; });
-    return p != kCorners.end() ? &*p : nullptr;
-}
-
-Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {
-    Measurement t = {};
-    std::string strCalibrationCopy = strCalibration;
-    Angles tRescaled = {};
+PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, std::string strCalibration) {
+    PairResult pair = {};
+    Angles tRescaled;
     std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aunRecord = {};
     SetSizes(tMaster, tSlave);
     {
         CapturedOutput tOutput(STDOUT_FILENO), tLog(STDERR_FILENO);
-        t.nStatus = getAlign(MallocCopy(tMaster.strGrey), MallocCopy(tSlave.strGrey), &tRescaled.dRx,
-                             &tRescaled.dRy, &tRescaled.dRz,
-                             reinterpret_cast<unsigned char*>(strCalibrationCopy.data()), aunRecord.data());
-        t.aDiagnostics = tOutput.Lines();
-        SortLog(tLog.Lines(), t);
+        pair.nStatus = getAlign(MallocCopy(tMaster.aGrey), MallocCopy(tSlave.aGrey), &tRescaled.dRx,
+                                &tRescaled.dRy, &tRescaled.dRz,
+                                reinterpret_cast<unsigned char*>(strCalibration.data()), aunRecord.data());
+        pair.aDiagnostics = tOutput.Lines();
+        SortLog(tLog.Lines(), pair);
     }
-    t.strRecord = RecordIn({reinterpret_cast<const char*>(aunRecord.data()), kRecordFileBytes});
-    if (t.nStatus != ORVEX_OK && t.nStatus != ORVEX_ANGLE_OUT_OF_RANGE) {
-        t.oFailedCamera = CameraNamedIn(t.aDiagnostics);
+    pair.strRecord = RecordIn({reinterpret_cast<const char*>(aunRecord.data()), kRecordFileBytes});
+    if (pair.nStatus != ORVEX_OK && pair.nStatus != ORVEX_ANGLE_OUT_OF_RANGE) {
+        pair.oFailedCamera = CameraNamedIn(pair.aDiagnostics);
     } else {
-        t.oRaw = RecordedAngles();
-        t.oRescaled = tRescaled;
+        pair.oRaw = RecordedAngles();
+        pair.oRescaled = tRescaled;
     }
-    t.tMaster = RecordedCamera(Camera::kMaster, StageReached(Camera::kMaster, t));
-    t.tSlave = RecordedCamera(Camera::kSlave, StageReached(Camera::kSlave, t));
-    return t;
+    return pair;
+}
+
+CameraMeasurement MeasuredBy(Camera tCamera, PairResult& pair) {
+    CameraMeasurement measured = RecordedCamera(tCamera, StageReached(tCamera, pair));
+    if (pair.oFailedCamera == tCamera && measured.tReached == Stage::kCornerPoints)
+        pair.pFailedCorner = MissingCorner(measured);
+    return measured;
+}
+
+} // namespace
+
+const CornerName* MissingCorner(const CameraMeasurement& measured) {
+    for (std::size_t i = 0; i < kCorners.size(); ++i)
+        if (!measured.aoCorners[i])
+            return &kCorners[i];
+    return nullptr;
+}
+
+Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {
+    Measurement measurement = {CallLibrary(tMaster, tSlave, strCalibration), {}, {}};
+    // All of the working block is copied before the views' stages write to it.
+    measurement.tMaster.tMeasured = MeasuredBy(Camera::kMaster, measurement.tPair);
+    measurement.tSlave.tMeasured = MeasuredBy(Camera::kSlave, measurement.tPair);
+    const StageViews tViews = ViewsOf({tMaster, measurement.tMaster.tMeasured},
+                                      {tSlave, measurement.tSlave.tMeasured}, m_tDualCamAlignParam);
+    measurement.tMaster.tView = tViews.tMaster;
+    measurement.tSlave.tView = tViews.tSlave;
+    return measurement;
 }
 
 } // namespace tools

@@ -49,20 +49,20 @@ Quantities QuantitiesOf(const std::optional<Angles>& oAngles) {
             Angle("rz", "Rz", ValueOf(&Angles::dRz))};
 }
 
-Quantities QuantitiesOf(const CameraMeasurement& t) {
+Quantities QuantitiesOf(const CameraMeasurement& measured) {
     Quantities a;
-    AddPoint(a, "cross_centre_px", "cross centre", t.oCentre);
-    a.push_back(Angle("cross_angle_deg", "cross angle", t.oCrossAngle));
-    a.push_back({"bar_span_px", "bar span", "px", 0, t.oBarSpan});
-    for (const CornerName& n : kCorners)
-        AddPoint(a, std::string("corners_px/") + n.szKey, std::string("corner ") + n.szLabel,
-                 t.aoCorners[n.nSlot]);
+    AddPoint(a, "cross_centre_px", "cross centre", measured.oCentre);
+    a.push_back(Angle("cross_angle_deg", "cross angle", measured.oCrossAngle));
+    a.push_back({"bar_span_px", "bar span", "px", 0, measured.oBarSpan});
+    for (std::size_t i = 0; i < kCorners.size(); ++i)
+        AddPoint(a, std::string("corners_px/") + kCorners[i].szKey,
+                 std::string("corner ") + kCorners[i].szLabel, measured.aoCorners[i]);
     for (std::size_t i = 0; i < kSides.size(); ++i)
         a.push_back(Pixels(std::string("side_lengths_px/") + kSides[i].szKey,
                            std::string("side ") + kSides[i].szKey,
-                           t.oSides ? Value((*t.oSides)[i]) : Value()));
-    a.push_back(Angle("tilt_x_deg", "own tilt x", t.oTiltX));
-    a.push_back(Angle("tilt_y_deg", "own tilt y", t.oTiltY));
+                           measured.oSides ? Value((*measured.oSides)[i]) : Value()));
+    a.push_back(Angle("tilt_x_deg", "own tilt x", measured.oTiltX));
+    a.push_back(Angle("tilt_y_deg", "own tilt y", measured.oTiltY));
     return a;
 }
 

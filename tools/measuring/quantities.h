@@ -2,7 +2,10 @@
 #define ORVEX_TOOLS_MEASURING_QUANTITIES_H
 
 #include "basics/json.h"
-#include "measuring/measurement.h"
+#include "measuring/camera_measurement.h"
+
+#include <string>
+#include <vector>
 
 namespace tools {
 
@@ -18,7 +21,7 @@ struct Quantity {
 using Quantities = std::vector<Quantity>;
 
 Quantities QuantitiesOf(const std::optional<Angles>& oAngles);
-Quantities QuantitiesOf(const CameraMeasurement& t);
+Quantities QuantitiesOf(const CameraMeasurement& measured);
 
 // The relative rotation and both cameras in one list, told apart by keys and labels.
 Quantities QuantitiesOf(const std::optional<Angles>& oAngles, const CameraMeasurement& tMaster,

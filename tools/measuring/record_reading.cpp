@@ -5,13 +5,17 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstddef>
 #include <cstring>
+#include <iterator>
+#include <numeric>
 
 namespace tools {
 namespace {
 
-constexpr std::size_t nLimit = 1 << 16; // far more than any container holds
-constexpr std::size_t nMostRecordBytes = 622;
+constexpr std::size_t kLimit = 1 << 16; // far more than any container holds
+constexpr std::size_t kMostRecordBytes = 622;
 
 unsigned char* Bytes(std::string& str) {
     return reinterpret_cast<unsigned char*>(str.data());
@@ -21,7 +25,46 @@ std::string HeaderOf(const std::string& strBytes) {
     return strBytes.substr(std::min(kHeaderAt, strBytes.size()), kMeasuredHeader.size());
 }
 
+RecordAnswer AnswerOf(int nStatus) {
+    switch (nStatus) {
+    case ORVEX_OK:
+        return RecordAnswer::kAccepted;
+    case ORVEX_RECORD_NOT_DECRYPTED:
+        return RecordAnswer::kNotDecrypted;
+    case ORVEX_RECORD_CHECKSUM:
+        return RecordAnswer::kWrongChecksum;
+    case ORVEX_RECORD_OTHER_MODULE:
+        return RecordAnswer::kOtherModule;
+    default:
+        return RecordAnswer::kRefused;
+    }
+}
+
+RecordFields FieldsOf(const std::string& strRecord) {
+    std::array<unsigned char, sizeof(_AFPROTECT)> aubBytes;
+    std::copy_n(strRecord.begin(), aubBytes.size(), aubBytes.begin());
+    const auto tRecord = std::bit_cast<_AFPROTECT>(aubBytes);
+    const int nSum = std::accumulate(aubBytes.begin() + offsetof(_AFPROTECT, swShiftX),
+                                     aubBytes.begin() + offsetof(_AFPROTECT, ubCheckSum), 0);
+    return {.tVersion = {tRecord.ubVersionMajor, tRecord.ubVersionMinor},
+            .nShiftX = tRecord.swShiftX,
+            .nShiftY = tRecord.swShiftY,
+            .dSlope1 = tRecord.fAFSlope1,
+            .dOffset1 = tRecord.fAFOffset1,
+            .dSlope2 = tRecord.fAFSlope2,
+            .dOffset2 = tRecord.fAFOffset2,
+            .nCheckSum = tRecord.ubCheckSum,
+            .nSumOfBytes = nSum % 256,
+            .strReserved = {std::begin(tRecord.aubReserved), std::end(tRecord.aubReserved)},
+            .strFurther = strRecord.substr(aubBytes.size()),
+            .bAllZero = std::ranges::all_of(aubBytes, [](unsigned char ub) { return ub == 0; })};
+}
+
 } // namespace
+
+RecordVersion WrittenVersion() {
+    return {AF_ProtectVersion[0], AF_ProtectVersion[1]};
+}
 
 bool IsRecordFile(const std::string& strBytes) {
     return strBytes.size() > kHeaderAt &&
@@ -29,27 +72,24 @@ bool IsRecordFile(const std::string& strBytes) {
 }
 
 RecordReading ReadRecord(const std::string& strFile, const std::string& strCalibration) {
-    std::string strBytes = ReadFile(strFile, nLimit), strCalibrationCopy = strCalibration;
+    std::string strBytes = ReadFile(strFile, kLimit), strCalibrationCopy = strCalibration;
     if (strBytes.empty())
         throw ToolError(strFile, "is empty", "Copy the record file again, or measure the module again");
-    std::string strRecord(nMostRecordBytes, '\0');
+    std::string strRecord(kMostRecordBytes, '\0');
     int nRecord = 0, nStatus = 0;
     Orvex_SpecialAFDataTransform(Bytes(strCalibrationCopy), static_cast<int>(strCalibrationCopy.size()),
                                  Bytes(strBytes), static_cast<int>(strBytes.size()), Bytes(strRecord),
                                  &nRecord, &nStatus);
-    RecordReading t = {strFile,
-                       strBytes.size(),
-                       IsRecordFile(strBytes),
-                       HeaderOf(strBytes),
-                       static_cast<unsigned int>(nStatus),
-                       {},
-                       {}};
-    if (t.nStatus != ORVEX_RECORD_NOT_DECRYPTED) {
-        std::memcpy(&t.oRecord.emplace(), strRecord.data(), sizeof(_AFPROTECT));
-        t.strFurther =
-            strRecord.substr(sizeof(_AFPROTECT), static_cast<std::size_t>(nRecord) - sizeof(_AFPROTECT));
-    }
-    return t;
+    RecordReading tReading = {strFile,
+                              strBytes.size(),
+                              IsRecordFile(strBytes),
+                              HeaderOf(strBytes),
+                              static_cast<unsigned int>(nStatus),
+                              AnswerOf(nStatus),
+                              {}};
+    if (tReading.tAnswer != RecordAnswer::kNotDecrypted)
+        tReading.oRecord = FieldsOf(strRecord.substr(0, static_cast<std::size_t>(nRecord)));
+    return tReading;
 }
 
 } // namespace tools

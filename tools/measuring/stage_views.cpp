@@ -1,65 +1,74 @@
 #include "measuring/stage_views.h"
 
-#include "Orvex_Alignment_Stages.h"
-#include "measuring/frame_search.h"
+#include "measuring/parameters.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numeric>
+#include <vector>
 
 namespace tools {
 namespace {
 
-// Buffers as the stages take them; they leave the picture as it is.
-struct Planes {
+// One camera's picture, with the buffers and parameters as the stages take them. They leave the picture as it
+// is.
+struct StageInput {
+    Camera tCamera;
+    const Picture& tPicture;
     std::vector<unsigned char> aGrey, aBinary;
-    explicit Planes(const Picture& t)
-        : aGrey(t.strGrey.begin(), t.strGrey.end()), aBinary(t.strGrey.size()) {}
-};
+    double dBinaryRatio, dWidthRatio, dHeightRatio;
+    FrameSearch tFrameSearch;
 
-struct SearchRatios {
-    double dWidth, dHeight;
-};
+    StageInput(Camera tOf, const Picture& picture, const DualCamAlignParam& tParameters)
+        : tCamera(tOf), tPicture(picture), aGrey(picture.aGrey), aBinary(picture.aGrey.size()),
+          dBinaryRatio(IsMaster() ? tParameters.dBinaryRatio_Master : tParameters.dBinaryRatio_Slave),
+          dWidthRatio(IsMaster() ? tParameters.dSearchWidthRatio_Master
+                                 : tParameters.dSearchWidthRatio_Slave),
+          dHeightRatio(IsMaster() ? tParameters.dSearchHeightRatio_Master
+                                  : tParameters.dSearchHeightRatio_Slave),
+          tFrameSearch(FrameSearchOf(tOf, tParameters)) {}
 
-SearchRatios RatiosOf(Camera tCamera) {
-    const DualCamAlignParam& t = m_tDualCamAlignParam;
-    return tCamera == Camera::kMaster ? SearchRatios{t.dSearchWidthRatio_Master, t.dSearchHeightRatio_Master}
-                                      : SearchRatios{t.dSearchWidthRatio_Slave, t.dSearchHeightRatio_Slave};
-}
+    bool IsMaster() const { return tCamera == Camera::kMaster; }
+};
 
 // The first pass's centre of the cross, whole pixels: the stages hand it on from pass to pass and from the
 // master to the slave.
 using CoarseCentre = std::array<unsigned short, 2>;
 
-// Whether the first pass finds the cross; it then moves the centre there.
-bool FindCoarseCentre(const Picture& tPicture, Camera tCamera, Planes& tPlanes, CoarseCentre& auwCentre) {
-    const DualCamAlignParam& t = m_tDualCamAlignParam;
-    const bool bMaster = tCamera == Camera::kMaster;
-    const SearchRatios tRatios = RatiosOf(tCamera);
-    return DualCamAlign_BinaryImage(tPlanes.aGrey.data(), tPicture.nColumns, tPicture.nRows,
-                                    bMaster ? t.dBinaryRatio_Master : t.dBinaryRatio_Slave, nullptr,
-                                    tPlanes.aBinary.data(), tRatios.dWidth, tRatios.dHeight, bMaster,
-                                    auwCentre.data(), false) != 0 &&
-           DualCamAlign_CalculateIntersectionAndAngle(
-               tPlanes.aBinary.data(), tPlanes.aGrey.data(), tPicture.nColumns, tPicture.nRows, nullptr,
-               nullptr, nullptr, nullptr, nullptr, nullptr, tRatios.dWidth, tRatios.dHeight, bMaster,
-               auwCentre.data(), false) == ORVEX_OK;
+struct FirstPass {
+    std::optional<double> oThreshold; // none if the window could not be binarised
+    bool bCentreFound;                // the coarse centre is then there
+};
+
+FirstPass RunFirstPass(StageInput& tInput, CoarseCentre& auwCentre) {
+    const int nColumns = tInput.tPicture.nColumns, nRows = tInput.tPicture.nRows;
+    if (DualCamAlign_BinaryImage(tInput.aGrey.data(), nColumns, nRows, tInput.dBinaryRatio, nullptr,
+                                 tInput.aBinary.data(), tInput.dWidthRatio, tInput.dHeightRatio,
+                                 tInput.IsMaster(), auwCentre.data(), false) == 0)
+        return {std::nullopt, false};
+    const double dThreshold = tInput.IsMaster() ? m_tDualCamAlignData.dBinaryThreshold_Master
+                                                : m_tDualCamAlignData.dBinaryThreshold_Slave;
+    const unsigned int nStatus = DualCamAlign_CalculateIntersectionAndAngle(
+        tInput.aBinary.data(), tInput.aGrey.data(), nColumns, nRows, nullptr, nullptr, nullptr, nullptr,
+        nullptr, nullptr, tInput.dWidthRatio, tInput.dHeightRatio, tInput.IsMaster(), auwCentre.data(),
+        false);
+    return {dThreshold, nStatus == ORVEX_OK};
 }
 
 // Where the first pass looks: the picture's centre, the slave's moved by the shift of its chart.
-Point FirstCentre(const Picture& tPicture, Camera tCamera) {
-    const DualCamAlignParam& t = m_tDualCamAlignParam;
-    const double dShift = tCamera == Camera::kSlave && t.bUseSlaveShift != 0 ? std::trunc(t.fSlaveShift) : 0;
-    return {tPicture.nColumns / 2.0 + (t.bShiftAlongY != 0 ? 0 : dShift),
-            tPicture.nRows / 2.0 + (t.bShiftAlongY != 0 ? dShift : 0)};
+Point FirstCentre(const StageInput& tInput, const DualCamAlignParam& tParameters) {
+    const bool bShifted = !tInput.IsMaster() && tParameters.bUseSlaveShift != 0;
+    const double dShift = bShifted ? std::trunc(tParameters.fSlaveShift) : 0;
+    const bool bAlongY = tParameters.bShiftAlongY != 0;
+    return {tInput.tPicture.nColumns / 2.0 + (bAlongY ? 0 : dShift),
+            tInput.tPicture.nRows / 2.0 + (bAlongY ? dShift : 0)};
 }
 
-Rectangle WindowAround(Point tCentre, const Picture& tPicture, Camera tCamera) {
-    const SearchRatios tRatios = RatiosOf(tCamera);
-    const double dHalfWidth = 0.5 * tPicture.nColumns * tRatios.dWidth;
-    const double dHalfHeight = 0.5 * tPicture.nRows * tRatios.dHeight;
-    // The stage looks at whole pixels of the picture.
+// The stage looks at whole pixels of the picture.
+Rectangle WindowAround(Point tCentre, const StageInput& tInput) {
+    const Picture& tPicture = tInput.tPicture;
+    const double dHalfWidth = 0.5 * tPicture.nColumns * tInput.dWidthRatio;
+    const double dHalfHeight = 0.5 * tPicture.nRows * tInput.dHeightRatio;
     return {std::trunc(std::max(tCentre.dX - dHalfWidth, 0.0)),
             std::trunc(std::max(tCentre.dY - dHalfHeight, 0.0)),
             std::trunc(std::min(tCentre.dX + dHalfWidth, tPicture.nColumns - 1.0)),
@@ -82,54 +91,53 @@ Rectangle EdgeBetween(const Rectangle& tOuter, const Rectangle& tInner, const Pi
             Edge(tOuter.dBottom, tInner.dBottom, tPicture.nRows - 1.0, -dMargin)};
 }
 
-void LocateFrame(const Picture& tPicture, Camera tCamera, Point tCentre, Planes& tPlanes, StageView& t) {
-    const FrameSearch tSearch = FrameSearchOf(tCamera);
-    t.oFrameStart = {tCentre.dX - tSearch.nOffsetX, tCentre.dY - tSearch.nOffsetY,
-                     tCentre.dX + tSearch.nOffsetX, tCentre.dY + tSearch.nOffsetY};
+void LocateFrame(Point tCentre, StageInput& tInput, StageView& tView) {
+    const FrameSearch& tSearch = tInput.tFrameSearch;
+    tView.oFrameStart = {tCentre.dX - tSearch.nOffsetX, tCentre.dY - tSearch.nOffsetY,
+                         tCentre.dX + tSearch.nOffsetX, tCentre.dY + tSearch.nOffsetY};
     _POINTPOSITION ptOuterLT = {}, ptOuterRD = {}, ptInnerLT = {}, ptInnerRD = {};
-    if (DualCamAlign_CalImageFrame(tPlanes.aGrey.data(), static_cast<unsigned int>(tPicture.nColumns),
-                                   static_cast<unsigned int>(tPicture.nRows), static_cast<int>(tCentre.dX),
-                                   static_cast<int>(tCentre.dY), &ptOuterLT, &ptOuterRD, &ptInnerLT,
-                                   &ptInnerRD, tCamera == Camera::kMaster ? 1 : 0) != ORVEX_OK)
+    if (DualCamAlign_CalImageFrame(tInput.aGrey.data(), static_cast<unsigned int>(tInput.tPicture.nColumns),
+                                   static_cast<unsigned int>(tInput.tPicture.nRows),
+                                   static_cast<int>(tCentre.dX), static_cast<int>(tCentre.dY), &ptOuterLT,
+                                   &ptOuterRD, &ptInnerLT, &ptInnerRD, tInput.IsMaster() ? 1 : 0) != ORVEX_OK)
         return;
-    t.oOuterFrame = RectangleOf(ptOuterLT, ptOuterRD);
-    t.oInnerFrame = RectangleOf(ptInnerLT, ptInnerRD);
-    t.oFrameEdge = EdgeBetween(*t.oOuterFrame, *t.oInnerFrame, tPicture, tSearch.nMargin);
+    tView.oOuterFrame = RectangleOf(ptOuterLT, ptOuterRD);
+    tView.oInnerFrame = RectangleOf(ptInnerLT, ptInnerRD);
+    tView.oFrameEdge = EdgeBetween(*tView.oOuterFrame, *tView.oInnerFrame, tInput.tPicture, tSearch.nMargin);
 }
 
 // The centre as a pixel of the picture; a cross may be measured beyond it.
-bool IsInside(const Picture& tPicture, Point t) {
-    return t.dX >= 0 && t.dY >= 0 && t.dX < tPicture.nColumns && t.dY < tPicture.nRows;
+bool IsInside(const Picture& tPicture, Point tPoint) {
+    return tPoint.dX >= 0 && tPoint.dY >= 0 && tPoint.dX < tPicture.nColumns && tPoint.dY < tPicture.nRows;
 }
 
-StageView ViewOf(const Picture& tPicture, Camera tCamera, const Measurement& tMeasurement,
+StageView ViewOf(Camera tCamera, const MeasuredPicture& tOf, const DualCamAlignParam& tParameters,
                  CoarseCentre& auwCentre) {
-    StageView t;
-    if (!WasBegun(tCamera, tMeasurement))
-        return t;
-    Planes tPlanes(tPicture);
-    const Point tCentre = FindCoarseCentre(tPicture, tCamera, tPlanes, auwCentre)
-                              ? Point{1.0 * auwCentre[0], 1.0 * auwCentre[1]}
-                              : FirstCentre(tPicture, tCamera);
-    t.oFirstWindow = WindowAround(FirstCentre(tPicture, tCamera), tPicture, tCamera);
-    t.oSearchWindow = WindowAround(tCentre, tPicture, tCamera);
-    t.oCrossThreshold = tCamera == Camera::kMaster ? m_tDualCamAlignData.dBinaryThreshold_Master
-                                                   : m_tDualCamAlignData.dBinaryThreshold_Slave;
-    const CameraMeasurement& tMeasured =
-        tCamera == Camera::kMaster ? tMeasurement.tMaster : tMeasurement.tSlave;
-    if (tMeasured.oCentre && IsInside(tPicture, *tMeasured.oCentre))
-        LocateFrame(tPicture, tCamera, *tMeasured.oCentre, tPlanes, t);
-    return t;
+    StageView tView;
+    if (!tOf.tMeasured.WasBegun())
+        return tView;
+    StageInput tInput(tCamera, tOf.tPicture, tParameters);
+    const FirstPass tFirst = RunFirstPass(tInput, auwCentre);
+    const Point tFirstCentre = FirstCentre(tInput, tParameters);
+    tView.oFirstWindow = WindowAround(tFirstCentre, tInput);
+    tView.oSearchWindow = WindowAround(
+        tFirst.bCentreFound ? Point{1.0 * auwCentre[0], 1.0 * auwCentre[1]} : tFirstCentre, tInput);
+    tView.oCrossThreshold = tFirst.oThreshold;
+    if (tOf.tMeasured.oCentre && IsInside(tOf.tPicture, *tOf.tMeasured.oCentre))
+        LocateFrame(*tOf.tMeasured.oCentre, tInput, tView);
+    return tView;
 }
 
 } // namespace
 
-StageViews ViewsOf(const Picture& tMaster, const Picture& tSlave, const Measurement& tMeasurement) {
+StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave,
+                   DualCamAlignParam tParameters) {
+    m_tDualCamAlignParam = tParameters; // some stages read it there
     CoarseCentre auwCentre = {};
-    StageViews t;
-    t.tMaster = ViewOf(tMaster, Camera::kMaster, tMeasurement, auwCentre);
-    t.tSlave = ViewOf(tSlave, Camera::kSlave, tMeasurement, auwCentre);
-    return t;
+    StageViews tViews;
+    tViews.tMaster = ViewOf(Camera::kMaster, tMaster, tParameters, auwCentre);
+    tViews.tSlave = ViewOf(Camera::kSlave, tSlave, tParameters, auwCentre);
+    return tViews;
 }
 
 } // namespace tools

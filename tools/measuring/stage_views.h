@@ -1,7 +1,9 @@
 #ifndef ORVEX_TOOLS_MEASURING_STAGE_VIEWS_H
 #define ORVEX_TOOLS_MEASURING_STAGE_VIEWS_H
 
-#include "measuring/measurement.h"
+#include "Orvex_Alignment_Stages.h"
+#include "measuring/camera_measurement.h"
+#include "pictures/picture.h"
 
 namespace tools {
 
@@ -24,9 +26,15 @@ struct StageViews {
     StageView tMaster, tSlave;
 };
 
-// Calls the library's stages again, with the parameters of the latest measurement, which must be
-// tMeasurement.
-StageViews ViewsOf(const Picture& tMaster, const Picture& tSlave, const Measurement& tMeasurement);
+struct MeasuredPicture {
+    const Picture& tPicture;
+    const CameraMeasurement& tMeasured;
+};
+
+// Calls the library's stages again with the parameters of that measurement. Writes to the library's parameter
+// and working block.
+StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave,
+                   DualCamAlignParam tParameters);
 
 } // namespace tools
 

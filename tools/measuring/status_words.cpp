@@ -85,10 +85,10 @@ constexpr auto aStatuses = std::to_array<StatusWords>({
     {ROW(FRAME_THRESHOLD), Stage::kFrameBinarisation,
      "a piece of the frame's surroundings is empty or has no dark and bright levels", szLight},
 
-    {ROW(CORNER_LEFT_TOP), Stage::kCorners, "the frame's line is not found or is interrupted", szCorner},
-    {ROW(CORNER_RIGHT_TOP), Stage::kCorners, "the frame's line is not found", szCorner},
-    {ROW(CORNER_LEFT_DOWN), Stage::kCorners, "the frame's line is not found", szCorner},
-    {ROW(CORNER_RIGHT_DOWN), Stage::kCorners, "the frame's line is not found", szCorner},
+    {ROW(CORNER_LEFT_TOP), Stage::kCornerPoints, "the frame's line is not found or is interrupted", szCorner},
+    {ROW(CORNER_RIGHT_TOP), Stage::kCornerPoints, "the frame's line is not found", szCorner},
+    {ROW(CORNER_LEFT_DOWN), Stage::kCornerPoints, "the frame's line is not found", szCorner},
+    {ROW(CORNER_RIGHT_DOWN), Stage::kCornerPoints, "the frame's line is not found", szCorner},
 
     {ROW(ENTRY_NULL_POINTER), Stage::kEntry, "a picture or the calibration is missing", szInput},
     {ROW(ENTRY_PICTURE_SIZE), Stage::kEntry,
@@ -104,11 +104,11 @@ constexpr StatusWords tUnknown = {0, "unknown", Stage::kEntry, "a status that th
 
 } // namespace
 
-const StageWords& WordsOf(Stage tStage) {
+const StageWords& DescribeStage(Stage tStage) {
     return aStages[static_cast<std::size_t>(tStage)];
 }
 
-const StatusWords& WordsOf(unsigned int nStatus) {
+const StatusWords& DescribeStatus(unsigned int nStatus) {
     const auto pWords = std::ranges::find(aStatuses, nStatus, &StatusWords::nStatus);
     return pWords != aStatuses.end() ? *pWords : tUnknown;
 }

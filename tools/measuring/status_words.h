@@ -13,7 +13,7 @@ enum class Stage {
     kCross,
     kFrameLocation,
     kFrameBinarisation,
-    kCorners,
+    kCornerPoints,
     kAngles,
     kAngleRange,
     kComplete,
@@ -24,7 +24,7 @@ struct StageWords {
     const char* szLookedFor; // empty where nothing is searched
 };
 
-const StageWords& WordsOf(Stage tStage);
+const StageWords& DescribeStage(Stage tStage);
 
 // One status in the words of the person at the station.
 struct StatusWords {
@@ -36,7 +36,7 @@ struct StatusWords {
 };
 
 // A status that the table does not know gets a row that says so.
-const StatusWords& WordsOf(unsigned int nStatus);
+const StatusWords& DescribeStatus(unsigned int nStatus);
 
 // A status as service documents write it: 0x1010006.
 std::string HexOf(unsigned int nStatus);

@@ -1,7 +1,6 @@
 #ifndef ORVEX_TOOLS_MEASURING_TRUTH_H
 #define ORVEX_TOOLS_MEASURING_TRUTH_H
 
-#include "chart/pair.h"
 #include "measuring/quantities.h"
 
 namespace tools {
@@ -13,11 +12,11 @@ struct Truth {
     Quantities aTrue;
 };
 
-// Reads a file that holds TruthJson. Throws ToolError.
-Truth ReadTruth(const std::string& strFile);
+// What a truth file holds, in the order of the measurement's list.
+Quantities TrueQuantities(const Angles& tRelative, const CameraTruth& tMaster, const CameraTruth& tSlave);
 
-// The truth of a rendered pair and everything that it was rendered with.
-Json TruthJson(const chart::PairSetup& tSetup);
+// Reads a file that holds them. Throws ToolError.
+Truth ReadTruth(const std::string& strFile);
 
 // A number as measured, as it should be, and how far apart they are.
 struct Comparison {
@@ -27,7 +26,7 @@ struct Comparison {
 };
 
 // One for each true quantity, in their order.
-std::vector<Comparison> Compare(const Measurement& tMeasurement, const Truth& tTruth);
+std::vector<Comparison> Compare(const Quantities& aMeasured, const Truth& tTruth);
 
 } // namespace tools
 

@@ -21,15 +21,15 @@ std::string AnglesBeyondLimit(const Angles& tAngles) {
     return Listed(a);
 }
 
-Verdict NotMeasured(const StatusWords& tWords, const std::string& strPlace) {
-    return {kNotMeasured, "not_measured",
-            "NOT MEASURED: " + strPlace + (strPlace.empty() ? "" : ", ") + WordsOf(tWords.tStage).szName +
-                ": " + tWords.szFound + ".",
-            tWords};
+Verdict NotMeasured(const StatusWords& tStatus, const std::string& strPlace) {
+    return {DescribeVerdict(VerdictKind::kNotMeasured),
+            "NOT MEASURED: " + strPlace + (strPlace.empty() ? "" : ", ") +
+                DescribeStage(tStatus.tStage).szName + ": " + tStatus.szFound + ".",
+            tStatus};
 }
 
 // The library lets an angle without value pass as one within range.
-constexpr StatusWords tNoAngle = {ORVEX_OK, "ORVEX_OK", Stage::kAngles,
+constexpr StatusWords kNoAngle = {ORVEX_OK, "ORVEX_OK", Stage::kAngles,
                                   "an angle has no value, because a side of the frame has no length",
                                   "Bring the whole frame into view and check sharpness and light"};
 
@@ -39,31 +39,29 @@ std::string AllowedRange(double dLimit) {
     return Fixed(-dLimit, 1) + " to " + Fixed(dLimit, 1);
 }
 
-std::string PlaceOfFailure(const Measurement& t) {
-    if (!t.oFailedCamera)
+std::string PlaceOfFailure(const PairResult& pair) {
+    if (!pair.oFailedCamera)
         return "";
-    const std::string strCamera = NameOf(*t.oFailedCamera) + std::string(" camera");
-    const CornerName* const pCorner =
-        MissingCorner(*t.oFailedCamera == Camera::kMaster ? t.tMaster : t.tSlave);
-    const bool bAtCorner = WordsOf(t.nStatus).tStage == Stage::kCorners && pCorner != nullptr;
-    return bAtCorner ? strCamera + ", " + pCorner->szLabel + " corner" : strCamera;
+    const std::string strCamera = NameOf(*pair.oFailedCamera) + std::string(" camera");
+    return pair.pFailedCorner == nullptr ? strCamera
+                                         : strCamera + ", " + pair.pFailedCorner->szLabel + " corner";
 }
 
-Verdict VerdictOf(const Measurement& t) {
-    const StatusWords& tWords = WordsOf(t.nStatus);
-    if (!t.oRaw)
-        return NotMeasured(tWords, PlaceOfFailure(t));
-    if (LacksAnAngle(*t.oRaw))
-        return NotMeasured(tNoAngle, "");
-    if (t.nStatus == ORVEX_ANGLE_OUT_OF_RANGE)
-        return {kOutOfRange, "out_of_range",
-                "OUT OF RANGE: " + AnglesBeyondLimit(*t.oRescaled) + " degrees rescaled, allowed are " +
+Verdict VerdictOf(const PairResult& pair) {
+    const StatusWords& tStatus = DescribeStatus(pair.nStatus);
+    if (!pair.oRaw)
+        return NotMeasured(tStatus, PlaceOfFailure(pair));
+    if (LacksAnAngle(*pair.oRaw))
+        return NotMeasured(kNoAngle, "");
+    if (pair.nStatus == ORVEX_ANGLE_OUT_OF_RANGE)
+        return {DescribeVerdict(VerdictKind::kOutOfRange),
+                "OUT OF RANGE: " + AnglesBeyondLimit(*pair.oRescaled) + " degrees rescaled, allowed are " +
                     AllowedRange(kRescaledLimit) + ".",
-                tWords};
-    return {kWithinRange, "within_range",
+                tStatus};
+    return {DescribeVerdict(VerdictKind::kWithinRange),
             "WITHIN RANGE: all three rescaled angles lie within " + AllowedRange(kRescaledLimit) +
                 " degrees.",
-            tWords};
+            tStatus};
 }
 
 } // namespace tools

@@ -46,11 +46,12 @@ void CopyBarSpan(const CameraFields& tFields, CameraMeasurement& t) {
         t.oBarSpan = nSpan;
 }
 
-void CopyCorners(const CameraFields& tFields, CameraMeasurement& t) {
-    for (std::size_t i = 0; i < t.aoCorners.size(); ++i) {
-        const Point tCorner = PointOf((m_tDualCamAlignData.*tFields.pCorners)[i]);
+void CopyCorners(const CameraFields& tFields, CameraMeasurement& measured) {
+    constexpr std::array<OrvexCorner, 4> kSlots = {ORVEX_LT, ORVEX_RT, ORVEX_LD, ORVEX_RD}; // as kCorners
+    for (std::size_t i = 0; i < kSlots.size(); ++i) {
+        const Point tCorner = PointOf((m_tDualCamAlignData.*tFields.pCorners)[kSlots[i]]);
         if (tCorner.dX != 0 || tCorner.dY != 0)
-            t.aoCorners[i] = tCorner;
+            measured.aoCorners[i] = tCorner;
     }
 }
 
@@ -68,13 +69,14 @@ void CopyTilts(const CameraFields& tFields, CameraMeasurement& t) {
 CameraMeasurement RecordedCamera(Camera tCamera, Stage tReached) {
     const CameraFields& tFields = tCamera == Camera::kMaster ? tMasterFields : tSlaveFields;
     CameraMeasurement t;
+    t.tReached = tReached;
     if (tReached >= Stage::kCross)
         CopyBarSpan(tFields, t);
     if (tReached > Stage::kCross)
         CopyCross(tFields, t);
-    if (tReached >= Stage::kCorners)
+    if (tReached >= Stage::kCornerPoints)
         CopyCorners(tFields, t);
-    if (tReached > Stage::kCorners)
+    if (tReached > Stage::kCornerPoints)
         CopySides(tFields, t);
     if (tReached > Stage::kAngles)
         CopyTilts(tFields, t);

@@ -1,7 +1,8 @@
 #ifndef ORVEX_TOOLS_MEASURING_WORKING_RECORD_H
 #define ORVEX_TOOLS_MEASURING_WORKING_RECORD_H
 
-#include "measuring/measurement.h"
+#include "measuring/camera.h"
+#include "measuring/camera_measurement.h"
 
 namespace tools {
 

@@ -55,13 +55,12 @@ bool IsJpeg(std::string_view strBytes) {
 Picture DecodeJpeg(const std::string& strFile, std::string_view strBytes) {
     const Decoder pDecoder = NewDecoder();
     const PictureSize tSize = SizeOf(strFile, strBytes, pDecoder);
-    std::string strGrey(PixelsOf(tSize), '\0');
+    std::vector<unsigned char> aGrey(PixelsOf(tSize));
     // A decoder that meets an end or a broken code fills up with grey and only warns: no picture to measure.
-    if (tjDecompress2(pDecoder.get(), Bytes(strBytes), strBytes.size(),
-                      reinterpret_cast<unsigned char*>(strGrey.data()), tSize.nColumns, 0, tSize.nRows,
-                      TJPF_GRAY, TJFLAG_STOPONWARNING | TJFLAG_LIMITSCANS) != 0)
+    if (tjDecompress2(pDecoder.get(), Bytes(strBytes), strBytes.size(), aGrey.data(), tSize.nColumns, 0,
+                      tSize.nRows, TJPF_GRAY, TJFLAG_STOPONWARNING | TJFLAG_LIMITSCANS) != 0)
         throw NotDecoded(strFile, pDecoder);
-    return {strFile, tSize.nColumns, tSize.nRows, std::move(strGrey)};
+    return {strFile, tSize.nColumns, tSize.nRows, std::move(aGrey)};
 }
 
 } // namespace tools

@@ -103,14 +103,15 @@ bool IsPgm(std::string_view strBytes) {
            (strBytes.size() == 2 || strWordEnds.find(strBytes[2]) != strWordEnds.npos);
 }
 
-Picture DecodePgm(const std::string& strFile, std::string strBytes) {
+Picture DecodePgm(const std::string& strFile, std::string_view strBytes) {
     Header tHeader(strFile, strBytes);
     const int nColumns = tHeader.Number("width", kMaxSide);
     const int nRows = tHeader.Number("height", kMaxSide);
     RequireEightBits(strFile, tHeader.Number("largest grey value", 65535));
     const std::size_t nStart = tHeader.End();
     RequirePixels(strFile, {nColumns, nRows}, strBytes.size() - nStart);
-    return {strFile, nColumns, nRows, std::move(strBytes.erase(0, nStart))};
+    return {
+        strFile, nColumns, nRows, {strBytes.begin() + static_cast<std::ptrdiff_t>(nStart), strBytes.end()}};
 }
 
 std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey) {

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tools {
 
@@ -13,7 +14,9 @@ struct Picture {
     std::string strFile;
     int nColumns;
     int nRows;
-    std::string strGrey;
+    std::vector<unsigned char> aGrey;
+
+    PictureSize Size() const { return {nColumns, nRows}; }
 };
 
 // Reads a picture of a size that can be measured: PNG, JPEG or PGM, told by content, whatever the file's

@@ -10,6 +10,7 @@ namespace tools {
 struct PictureSize {
     int nColumns;
     int nRows;
+    bool operator==(const PictureSize&) const = default;
 };
 
 // What the library measures: each side from 1 px, and not more pixels than a signed 32-bit number counts.

@@ -92,9 +92,9 @@ void RequireEightBits(const std::string& strFile, int nBits) {
                         "Convert it to 8 bits per channel, as the module's own pictures have them");
 }
 
-std::vector<png_bytep> RowsOf(std::string& strGrey, PictureSize tSize) {
+std::vector<png_bytep> RowsOf(std::vector<unsigned char>& aGrey, PictureSize tSize) {
     std::vector<png_bytep> ap(static_cast<std::size_t>(tSize.nRows));
-    auto* pRow = reinterpret_cast<png_bytep>(strGrey.data());
+    png_bytep pRow = aGrey.data();
     for (png_bytep& p : ap) {
         p = pRow;
         pRow += tSize.nColumns;
@@ -114,10 +114,10 @@ Picture DecodePng(const std::string& strFile, std::string_view strBytes) {
         throw Damaged(strFile, tDecoder);
     const PictureSize tSize = DecodableSize(strFile, tDecoder.Columns(), tDecoder.Rows());
     RequireEightBits(strFile, tDecoder.Bits());
-    std::string strGrey(PixelsOf(tSize), '\0');
-    if (!tDecoder.ReadRows(RowsOf(strGrey, tSize).data()))
+    std::vector<unsigned char> aGrey(PixelsOf(tSize));
+    if (!tDecoder.ReadRows(RowsOf(aGrey, tSize).data()))
         throw Damaged(strFile, tDecoder);
-    return {strFile, tSize.nColumns, tSize.nRows, std::move(strGrey)};
+    return {strFile, tSize.nColumns, tSize.nRows, std::move(aGrey)};
 }
 
 } // namespace tools

@@ -7,14 +7,14 @@ namespace tools {
 
 Picture ReadRawPicture(const std::string& strFile, PictureSize tSize) {
     const std::size_t nNeeded = PixelsOf(tSize);
-    std::string strPlane = ReadStart(strFile, nNeeded);
+    const std::string strPlane = ReadStart(strFile, nNeeded);
     if (strPlane.size() < nNeeded)
         throw ToolError(
             strFile,
             "is too short for a raw plane: it holds " + std::to_string(strPlane.size()) + " bytes, " +
                 SizeText(tSize) + " need " + std::to_string(nNeeded),
             "Give the size in which the frame was recorded; leave --raw out for PNG, JPEG and PGM");
-    return {strFile, tSize.nColumns, tSize.nRows, std::move(strPlane)};
+    return {strFile, tSize.nColumns, tSize.nRows, {strPlane.begin(), strPlane.end()}};
 }
 
 } // namespace tools

@@ -17,22 +17,22 @@ Quantity Field(const char* szKey, const char* szLabel, const char* szUnit, int n
     return {szKey, szLabel, szUnit, nDecimals, dValue};
 }
 
-// In the record's order. A focus line gives the lens code at a position: offset + slope x position.
-Quantities FieldsOf(const _AFPROTECT& t) {
-    return {Field("version_major", "version, major", "", 0, t.ubVersionMajor),
-            Field("version_minor", "version, minor", "", 0, t.ubVersionMinor),
-            Field("shift_x_px", "shift x, slave's cross minus master's", "px", 0, t.swShiftX),
-            Field("shift_y_px", "shift y, slave's cross minus master's", "px", 0, t.swShiftY),
+// In the record's order.
+Quantities FieldsOf(const RecordFields& tRecord) {
+    return {Field("version_major", "version, major", "", 0, tRecord.tVersion.nMajor),
+            Field("version_minor", "version, minor", "", 0, tRecord.tVersion.nMinor),
+            Field("shift_x_px", "shift x, slave's cross minus master's", "px", 0, tRecord.nShiftX),
+            Field("shift_y_px", "shift y, slave's cross minus master's", "px", 0, tRecord.nShiftY),
             Field("focus_line_1/slope_codes_per_position", "focus line 1, slope", "lens codes per position",
-                  nFloatDecimals, t.fAFSlope1),
+                  nFloatDecimals, tRecord.dSlope1),
             Field("focus_line_1/offset_codes", "focus line 1, offset", "lens codes", nFloatDecimals,
-                  t.fAFOffset1),
+                  tRecord.dOffset1),
             Field("focus_line_2/slope_codes_per_position", "focus line 2, slope", "lens codes per position",
-                  nFloatDecimals, t.fAFSlope2),
+                  nFloatDecimals, tRecord.dSlope2),
             Field("focus_line_2/offset_codes", "focus line 2, offset", "lens codes", nFloatDecimals,
-                  t.fAFOffset2),
-            Field("checksum", "checksum", "", 0, t.ubCheckSum),
-            Field("sum_of_bytes", "sum of the bytes it covers, modulo 256", "", 0, SumOf(t))};
+                  tRecord.dOffset2),
+            Field("checksum", "checksum", "", 0, tRecord.nCheckSum),
+            Field("sum_of_bytes", "sum of the bytes it covers, modulo 256", "", 0, tRecord.nSumOfBytes)};
 }
 
 std::string Hex(const std::string& str) {
@@ -45,10 +45,6 @@ std::string Hex(const std::string& str) {
     return strHex;
 }
 
-std::string ReservedOf(const _AFPROTECT& t) {
-    return {std::begin(t.aubReserved), std::end(t.aubReserved)};
-}
-
 // Bytes without meaning: worth a line only where one is set.
 std::string BytesText(const char* szLabel, const std::string& str) {
     const std::string strHead = std::string("  ") + szLabel + ", " + std::to_string(str.size()) + " bytes";
@@ -57,16 +53,17 @@ std::string BytesText(const char* szLabel, const std::string& str) {
     return strHead + ", hexadecimal:\n    " + Hex(str) + "\n";
 }
 
-std::string FieldsText(const RecordReading& t, ExitCode tExit) {
-    if (!t.oRecord)
+std::string FieldsText(const RecordReading& tReading, bool bAccepted) {
+    if (!tReading.oRecord)
         return "";
+    const RecordFields& tRecord = *tReading.oRecord;
     std::vector<std::vector<std::string>> aRows;
-    for (const Quantity& tField : FieldsOf(*t.oRecord))
+    for (const Quantity& tField : FieldsOf(tRecord))
         aRows.push_back({*tField.szUnit != '\0' ? LabelWithUnit(tField) : tField.strLabel, Shown(tField)});
     const char* const szHeading =
-        tExit == kAccepted ? "\nThe record\n" : "\nThe record as decrypted; do not use these values\n";
-    return szHeading + Table(aRows) + BytesText("reserved", ReservedOf(*t.oRecord)) +
-           BytesText("behind the known fields", t.strFurther);
+        bAccepted ? "\nThe record\n" : "\nThe record as decrypted; do not use these values\n";
+    return szHeading + Table(aRows) + BytesText("reserved", tRecord.strReserved) +
+           BytesText("behind the known fields", tRecord.strFurther);
 }
 
 std::string Line(const std::string& strLabel, const std::string& strText) {
@@ -74,48 +71,49 @@ std::string Line(const std::string& strLabel, const std::string& strText) {
 }
 
 const char* WordOf(const RecordJudgement& t) {
-    return t.tExit == kAccepted ? "accepted" : "refused";
+    return t.bAccepted ? "accepted" : "refused";
 }
 
 Json FieldsJson(const RecordReading& t) {
     if (!t.oRecord)
         return nullptr;
     Json tJson = JsonOf(FieldsOf(*t.oRecord));
-    tJson["reserved_hex"] = Hex(ReservedOf(*t.oRecord));
-    tJson["further_hex"] = Hex(t.strFurther);
+    tJson["reserved_hex"] = Hex(t.oRecord->strReserved);
+    tJson["further_hex"] = Hex(t.oRecord->strFurther);
     return tJson;
 }
 
 } // namespace
 
-std::string TextOf(const RecordReport& t) {
-    const RecordReading& tReading = t.tReading;
-    const RecordJudgement& tJudgement = t.tJudgement;
-    const std::string strVerdict = tJudgement.tExit == kAccepted ? "ACCEPTED: " : "REFUSED: ";
+std::string TextOf(const RecordReport& report) {
+    const RecordReading& tReading = report.tReading;
+    const RecordJudgement& tJudgement = report.tJudgement;
+    const std::string strVerdict = tJudgement.bAccepted ? "ACCEPTED: " : "REFUSED: ";
     return Wrapped(strVerdict + tJudgement.strFound + ".", 0) + "\n\n" +
            Line("Status       ", HexOf(tReading.nStatus) + " " + tJudgement.szStatusName) +
            Line("Try          ", tJudgement.szTry) + "  Record       " + Harmless(tReading.strFile) + ", " +
            std::to_string(tReading.nFileBytes) + " bytes\n" + "  Calibration  " +
-           Harmless(t.strCalibrationFile) + "\n" + List("Warnings", tJudgement.aWarnings) +
-           FieldsText(tReading, tJudgement.tExit);
+           Harmless(report.strCalibrationFile) + "\n" + List("Warnings", tJudgement.aWarnings) +
+           FieldsText(tReading, tJudgement.bAccepted);
 }
 
-std::string JsonTextOf(const RecordReport& t) {
-    const RecordJudgement& tJudgement = t.tJudgement;
+std::string JsonTextOf(const RecordReport& report) {
+    const RecordReading& tReading = report.tReading;
+    const RecordJudgement& tJudgement = report.tJudgement;
     return TextOf(Json{{"verdict", WordOf(tJudgement)},
-                       {"exit_code", static_cast<int>(tJudgement.tExit)},
-                       {"exit_meaning", MeaningOf(tJudgement.tExit, kRecordExits)},
+                       {"exit_code", static_cast<int>(report.Exit())},
+                       {"exit_meaning", WordOf(tJudgement)},
                        {"status",
-                        {{"code", t.tReading.nStatus},
-                         {"hex", HexOf(t.tReading.nStatus)},
+                        {{"code", tReading.nStatus},
+                         {"hex", HexOf(tReading.nStatus)},
                          {"name", tJudgement.szStatusName},
                          {"words", tJudgement.strFound},
                          {"try", tJudgement.szTry}}},
                        {"warnings", tJudgement.aWarnings},
-                       {"record", FieldsJson(t.tReading)},
-                       {"file", t.tReading.strFile},
-                       {"file_bytes", t.tReading.nFileBytes},
-                       {"calibration_file", t.strCalibrationFile},
+                       {"record", FieldsJson(tReading)},
+                       {"file", tReading.strFile},
+                       {"file_bytes", tReading.nFileBytes},
+                       {"calibration_file", report.strCalibrationFile},
                        {"library_version", LibraryVersion()},
                        {"tool_version", kToolVersion}});
 }

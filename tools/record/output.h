@@ -1,33 +1,25 @@
 #ifndef ORVEX_TOOLS_RECORD_OUTPUT_H
 #define ORVEX_TOOLS_RECORD_OUTPUT_H
 
+#include "basics/exit_codes.h"
 #include "record/judgement.h"
 
-#include <array>
-
 namespace tools {
-
-constexpr std::array<ExitMeaning, 7> kRecordExits = {{
-    {kAccepted, "accepted"},
-    {kRefused, "refused"},
-    {kUnfitFile, "a file could not be read, or does not fit"},
-    {kWrongUsage, "wrong usage"},
-    kHungUp,
-    kInterrupted,
-    kTerminated,
-}};
 
 struct RecordReport {
     RecordReading tReading;
     RecordJudgement tJudgement;
     std::string strCalibrationFile;
+
+    // 0 accepted, 2 refused.
+    ExitCode Exit() const { return tJudgement.bAccepted ? ExitCode::kDone : ExitCode::kNotMeasured; }
 };
 
 // For people.
-std::string TextOf(const RecordReport& t);
+std::string TextOf(const RecordReport& report);
 
 // For programs: one object.
-std::string JsonTextOf(const RecordReport& t);
+std::string JsonTextOf(const RecordReport& report);
 
 } // namespace tools
 

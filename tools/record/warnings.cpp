@@ -3,20 +3,18 @@
 #include "basics/text_table.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace tools {
 namespace {
 
-std::string VersionText(int nMajor, int nMinor) {
-    return std::to_string(nMajor) + "." + std::to_string(nMinor);
+std::string VersionText(RecordVersion tVersion) {
+    return std::to_string(tVersion.nMajor) + "." + std::to_string(tVersion.nMinor);
 }
 
-std::string OfVersion(const _AFPROTECT& t) {
-    if (t.ubVersionMajor == AF_ProtectVersion[0] && t.ubVersionMinor == AF_ProtectVersion[1])
-        return "";
-    return "the version, which is not encrypted, is " + VersionText(t.ubVersionMajor, t.ubVersionMinor) +
-           "; this library writes " + VersionText(AF_ProtectVersion[0], AF_ProtectVersion[1]) + ".";
+std::string OfVersion(RecordVersion tVersion) {
+    return tVersion == WrittenVersion() ? ""
+                                        : "the version, which is not encrypted, is " + VersionText(tVersion) +
+                                              "; this library writes " + VersionText(WrittenVersion()) + ".";
 }
 
 // The reader takes some headers that no measurement writes.
@@ -31,12 +29,10 @@ std::string OfHeader(const std::string& strHeader) {
                                  Listed(aPlaces) + ".";
 }
 
-std::string OfReserved(const _AFPROTECT& t) {
-    const std::size_t nAll = std::size(t.aubReserved);
-    const auto nSet = static_cast<std::size_t>(
-        std::ranges::count_if(t.aubReserved, [](unsigned char ub) { return ub != 0; }));
+std::string OfReserved(const std::string& strReserved) {
+    const auto nSet = strReserved.size() - static_cast<std::size_t>(std::ranges::count(strReserved, '\0'));
     return nSet == 0 ? ""
-                     : std::to_string(nSet) + " of the " + std::to_string(nAll) +
+                     : std::to_string(nSet) + " of the " + std::to_string(strReserved.size()) +
                            " reserved bytes, which the checksum does not cover, are not zero.";
 }
 
@@ -48,11 +44,12 @@ std::string OfFurther(const std::string& strFurther) {
 
 } // namespace
 
-std::vector<std::string> WarningsOf(const RecordReading& t) {
-    if (!t.oRecord)
+std::vector<std::string> WarningsOf(const RecordReading& tReading) {
+    if (!tReading.oRecord)
         return {};
-    std::vector<std::string> a = {OfVersion(*t.oRecord), OfHeader(t.strHeader), OfReserved(*t.oRecord),
-                                  OfFurther(t.strFurther)};
+    const RecordFields& tRecord = *tReading.oRecord;
+    std::vector<std::string> a = {OfVersion(tRecord.tVersion), OfHeader(tReading.strHeader),
+                                  OfReserved(tRecord.strReserved), OfFurther(tRecord.strFurther)};
     std::erase(a, "");
     return a;
 }

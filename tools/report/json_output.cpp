@@ -1,82 +1,79 @@
 #include "measuring/versions.h"
 #include "report/report.h"
-#include "trust/limits.h"
+#include "trust/numbers.h"
 
 namespace tools {
 namespace {
 
-Json StatusJson(const Measurement& t, const StatusWords& tWords) {
-    return {{"code", t.nStatus},
-            {"hex", HexOf(t.nStatus)},
-            {"name", tWords.szName},
-            {"camera", t.oFailedCamera ? Json(NameOf(*t.oFailedCamera)) : Json()},
-            {"where", PlaceOfFailure(t)},
-            {"stage", WordsOf(tWords.tStage).szName},
-            {"looked_for", WordsOf(tWords.tStage).szLookedFor},
-            {"words", tWords.szFound},
-            {"try", tWords.szTry}};
+Json StatusJson(const PairResult& pair, const StatusWords& tStatus) {
+    const StageWords& tStage = DescribeStage(tStatus.tStage);
+    return {{"code", pair.nStatus},
+            {"hex", HexOf(pair.nStatus)},
+            {"name", tStatus.szName},
+            {"camera", pair.oFailedCamera ? Json(NameOf(*pair.oFailedCamera)) : Json()},
+            {"where", PlaceOfFailure(pair)},
+            {"stage", tStage.szName},
+            {"looked_for", tStage.szLookedFor},
+            {"words", tStatus.szFound},
+            {"try", tStatus.szTry}};
 }
 
-Json CameraJson(const PictureNote& tPicture, const CameraMeasurement& t) {
-    Json tJson = {{"file", tPicture.strFile}, {"width_px", tPicture.nColumns}, {"height_px", tPicture.nRows}};
-    tJson.update(JsonOf(QuantitiesOf(t)));
+Json CameraJson(const CameraReport& tCamera) {
+    Json tJson = {{"file", tCamera.tPicture.strFile},
+                  {"width_px", tCamera.tPicture.nColumns},
+                  {"height_px", tCamera.tPicture.nRows}};
+    tJson.update(JsonOf(QuantitiesOf(tCamera.tMeasured)));
     return tJson;
 }
 
-Json TrustJson(const CameraTrust& t) {
-    Json tJson = JsonOf(QuantitiesOf(t));
-    tJson.update(JsonOf(LinesOf(t)));
+Json TrustJson(const CameraTrust& trust) {
+    Json tJson = JsonOf(QuantitiesOf(trust));
+    tJson.update(JsonOf(LinesOf(trust)));
     return tJson;
 }
 
-Json TrustJson(const Report& t) {
-    return {{"master", TrustJson(t.tMasterTrust)}, {"slave", TrustJson(t.tSlaveTrust)}};
-}
-
-Json TruthJson(const Measurement& tMeasurement, const Truth& tTruth) {
-    Json tJson = {{"file", tTruth.strFile}};
-    for (const Comparison& t : Compare(tMeasurement, tTruth))
+Json ComparisonJson(const Report& report) {
+    Json tJson = {{"file", report.oTruth->strFile}};
+    for (const Comparison& t : ComparisonsOf(report))
         tJson[PlaceOf(t.tTrue.strKey)] = {{"measured", JsonOf(t.tMeasured)},
                                           {"true", JsonOf(t.tTrue)},
                                           {"difference", JsonOf(t.tDifference)}};
     return tJson;
 }
 
-// What is warned of: more than the first two, less than the others.
-Json TrustLimitsJson() {
-    return {{"side_residual_px", kLargeResidual},
-            {"side_corner_distance_px", kLargeCornerDistance},
-            {"side_lines_read_percent", kLeastRead},
-            {"contrast_grey", kLowContrast},
-            {"border_distance_px", kNearBorder}};
-}
-
 } // namespace
 
-std::string JsonTextOf(const Report& tReport) {
-    const Measurement& t = tReport.tMeasurement;
-    Json tJson = {{"verdict", tReport.tVerdict.szKey},
-                  {"headline", tReport.tVerdict.strHeadline},
-                  {"exit_code", static_cast<int>(tReport.tVerdict.tExit)},
-                  {"exit_meaning", MeaningOf(tReport.tVerdict.tExit, kMeasureExits)},
-                  {"status", StatusJson(t, tReport.tVerdict.tWords)},
-                  {"raw_deg", JsonOf(QuantitiesOf(t.oRaw))},
-                  {"rescaled_deg", JsonOf(QuantitiesOf(t.oRescaled))},
-                  {"raw_limit_deg", kRawLimit},
-                  {"rescaled_limit_deg", kRescaledLimit},
-                  {"master", CameraJson(tReport.tMaster, t.tMaster)},
-                  {"slave", CameraJson(tReport.tSlave, t.tSlave)},
-                  {"trust", TrustJson(tReport)},
-                  {"trust_limits", TrustLimitsJson()},
-                  {"warnings", WarningsOf(tReport)},
-                  {"calibration_file", tReport.strCalibrationFile}};
-    if (!tReport.strRecordFile.empty())
-        tJson["record_file"] = tReport.strRecordFile;
-    if (tReport.oTruth)
-        tJson["truth"] = TruthJson(t, *tReport.oTruth);
-    tJson["diagnostics"] = t.aDiagnostics;
-    tJson["log"] = t.aLog;
-    tJson["notes"] = t.aNotes;
+std::string JsonTextOf(const Report& report) {
+    const PairResult& pair = report.tPair;
+    const VerdictWords& tVerdict = report.tVerdict.tVerdict;
+    Json tJson = {
+        {"verdict", tVerdict.szKey},
+        {"headline", report.tVerdict.strHeadline},
+        {"exit_code", static_cast<int>(tVerdict.tExit)},
+        {"exit_meaning", tVerdict.szMeaning},
+        {"status", StatusJson(pair, report.tVerdict.tStatus)},
+        {"raw_deg", JsonOf(QuantitiesOf(pair.oRaw))},
+        {"rescaled_deg", JsonOf(QuantitiesOf(pair.oRescaled))},
+        {"raw_limit_deg", kRawLimit},
+        {"rescaled_limit_deg", kRescaledLimit},
+        {"master", CameraJson(report.tMaster)},
+        {"slave", CameraJson(report.tSlave)},
+        {"trust", {{"master", TrustJson(report.tMaster.tTrust)}, {"slave", TrustJson(report.tSlave.tTrust)}}},
+        {"trust_limits", TrustLimitsJson()},
+        {"warnings", Json::array()},
+        {"warning_details", Json::array()},
+        {"calibration_file", report.strCalibrationFile}};
+    for (const Warning& tWarning : report.aWarnings) {
+        tJson["warnings"].push_back(tWarning.strText);
+        tJson["warning_details"].push_back(JsonOf(tWarning));
+    }
+    if (!report.strRecordFile.empty())
+        tJson["record_file"] = report.strRecordFile;
+    if (report.oTruth)
+        tJson["truth"] = ComparisonJson(report);
+    tJson["diagnostics"] = pair.aDiagnostics;
+    tJson["log"] = pair.aLog;
+    tJson["notes"] = pair.aNotes;
     tJson["library_version"] = LibraryVersion();
     tJson["tool_version"] = kToolVersion;
     return TextOf(tJson);

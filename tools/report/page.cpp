@@ -66,49 +66,47 @@ std::string Buttons(const CameraMeasurement& t) {
 }
 
 // How far the measurement came in this picture.
-std::string StateOf(Camera tCamera, const Report& t) {
-    if (t.tMeasurement.oFailedCamera == tCamera)
+std::string StateOf(const CameraReport& tCamera, const Report& report) {
+    const StatusWords& tStatus = report.tVerdict.tStatus;
+    if (report.tPair.oFailedCamera == tCamera.tCamera)
         return Element("span class=\"stopped\"", std::string("stopped at ") +
-                                                     WordsOf(t.tVerdict.tWords.tStage).szName + ": " +
-                                                     t.tVerdict.tWords.szFound);
-    return Escaped(WasBegun(tCamera, t.tMeasurement) ? "measured" : "not begun");
+                                                     DescribeStage(tStatus.tStage).szName + ": " +
+                                                     tStatus.szFound);
+    return Escaped(tCamera.tMeasured.WasBegun() ? "measured" : "not begun");
 }
 
-std::string Figure(Camera tCamera, const Report& t, const Picture& tPicture,
-                   const CameraMeasurement& tMeasured, const StageView& tView, const CameraTrust& tTrust) {
-    return "<figure><figcaption>" + Element("b", NameOf(tCamera)) + " " + Escaped(tPicture.strFile) + ", " +
-           StateOf(tCamera, t) + "</figcaption>\n" + SvgOf(tPicture, tCamera, tMeasured, tView, tTrust) +
-           Buttons(tMeasured) + "</figure>\n";
+std::string Figure(const CameraReport& tCamera, const Report& report) {
+    return "<figure><figcaption>" + Element("b", NameOf(tCamera.tCamera)) + " " +
+           Escaped(tCamera.tPicture.strFile) + ", " + StateOf(tCamera, report) + "</figcaption>\n" +
+           SvgOf(tCamera) + Buttons(tCamera.tMeasured) + "</figure>\n";
 }
 
-std::string Numbers(const Report& t) {
-    const std::vector<ReportList> aLists = ListsOf(t);
+std::string Numbers(const Report& report) {
     std::string strWarnings, strTables, strLists;
-    for (const ReportTable& tTable : TablesOf(t))
+    for (const ReportTable& tTable : TablesOf(report))
         strTables += HtmlOf(tTable);
-    for (const ReportList& tList : aLists)
+    for (const ReportList& tList : ListsOf(report))
         (tList.bWarning ? strWarnings : strLists) += HtmlOf(tList, tList.bWarning ? "warnings" : "");
-    return strWarnings + Section("Result", HtmlOf(FactsOf(t))) + strTables + strLists;
+    return strWarnings + Section("Result", HtmlOf(FactsOf(report))) + strTables + strLists;
 }
 
 // The policy lets a browser load nothing from anywhere.
-std::string Head(const Report& t) {
+std::string Head(const Report& report) {
     return std::string("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
                        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
                        "img-src data:; style-src 'unsafe-inline'; script-src 'unsafe-inline'\">\n"
                        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n") +
-           Element("title", t.tVerdict.strHeadline) + "\n<style>" + kReportStyle + "</style>\n</head>\n";
+           Element("title", report.tVerdict.strHeadline) + "\n<style>" + kReportStyle + "</style>\n</head>\n";
 }
 
 } // namespace
 
-std::string HtmlOf(const Report& t, const Picture& tMaster, const Picture& tSlave) {
-    const Measurement& m = t.tMeasurement;
-    return Head(t) + "<body>\n<header class=\"" + t.tVerdict.szKey + "\">" +
-           Element("h1", t.tVerdict.strHeadline) + "</header>\n<main>\n<div class=\"column pictures\">\n" +
-           Legend() + Figure(Camera::kMaster, t, tMaster, m.tMaster, t.tViews.tMaster, t.tMasterTrust) +
-           Figure(Camera::kSlave, t, tSlave, m.tSlave, t.tViews.tSlave, t.tSlaveTrust) +
-           "</div>\n<div class=\"column\">\n" + Numbers(t) + "</div>\n</main>\n<footer>" +
+std::string HtmlOf(const Report& report) {
+    return Head(report) + "<body>\n<header class=\"" + report.tVerdict.tVerdict.szLook + "\">" +
+           Element("h1", report.tVerdict.strHeadline) +
+           "</header>\n<main>\n<div class=\"column pictures\">\n" + Legend() +
+           Figure(report.tMaster, report) + Figure(report.tSlave, report) +
+           "</div>\n<div class=\"column\">\n" + Numbers(report) + "</div>\n</main>\n<footer>" +
            Escaped(std::string("orvex-align ") + kToolVersion + ", libOrvex_Alignment " + LibraryVersion()) +
            "</footer>\n<script>" + kReportScript + "</script>\n</body>\n</html>\n";
 }

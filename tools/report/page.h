@@ -5,9 +5,9 @@
 
 namespace tools {
 
-// The report of the latest measurement as one page for a browser that needs nothing else: both pictures, what
+// The report as one page for a browser that needs nothing else: both pictures, what
 // was found in them, and every number.
-std::string HtmlOf(const Report& t, const Picture& tMaster, const Picture& tSlave);
+std::string HtmlOf(const Report& report);
 
 } // namespace tools
 

@@ -13,7 +13,7 @@ const char kReportStyle[] = R"css(
 * { box-sizing: border-box; }
 body { margin: 0; background: var(--page); color: var(--ink); font: 15px/1.45 system-ui, sans-serif; }
 header { padding: 14px 20px; color: #fff; background: var(--fail); }
-header.within_range { background: var(--pass); }
+header.pass { background: var(--pass); }
 h1 { margin: 0; font-size: 20px; line-height: 1.3; overflow-wrap: anywhere; }
 h2 { margin: 0 0 8px; font-size: 16px; overflow-wrap: anywhere; }
 main { display: grid; gap: 14px; padding: 14px 20px; grid-template-columns: minmax(0, 1fr); }

@@ -15,8 +15,8 @@ std::string EncodePng(const Picture& t) {
     tImage.flags = PNG_IMAGE_FLAG_FAST; // photographs hardly shrink further
     png_alloc_size_t nBytes = PNG_IMAGE_PNG_SIZE_MAX(tImage);
     std::string strPng(nBytes, '\0');
-    if (png_image_write_to_memory(&tImage, strPng.data(), &nBytes, 0, t.strGrey.data(), t.nColumns,
-                                  nullptr) == 0)
+    if (png_image_write_to_memory(&tImage, strPng.data(), &nBytes, 0, t.aGrey.data(), t.nColumns, nullptr) ==
+        0)
         throw ToolError(t.strFile, std::string("cannot be put into the report (") + tImage.message + ")",
                         "Use a picture of the sensor's own size");
     strPng.resize(nBytes);

@@ -3,37 +3,41 @@
 
 #include "measuring/truth.h"
 #include "measuring/verdict.h"
-#include "trust/trust.h"
+#include "trust/warnings.h"
 
 namespace tools {
 
-// A picture's name and size, without its pixels.
-struct PictureNote {
-    std::string strFile;
-    int nColumns;
-    int nRows;
+// One camera's share of a report.
+struct CameraReport {
+    Camera tCamera;
+    Picture tPicture;
+    CameraMeasurement tMeasured;
+    StageView tView;
+    CameraTrust tTrust;
 };
 
 // All that one call of measure has to say.
 struct Report {
-    PictureNote tMaster, tSlave;
+    CameraReport tMaster, tSlave;
+    PairResult tPair;
+    Verdict tVerdict;
+    std::vector<Warning> aWarnings; // of both cameras and the pair
     std::string strCalibrationFile;
     std::string strRecordFile; // empty unless it was written
-    Measurement tMeasurement;
-    Verdict tVerdict;
     std::optional<Truth> oTruth;
-    StageViews tViews;
-    CameraTrust tMasterTrust, tSlaveTrust;
 };
 
-// Of both cameras.
-std::vector<std::string> WarningsOf(const Report& t);
+// What was measured, with verdict, trust and warnings. The rest is the caller's to add.
+Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement);
+
+// The measurement against the report's truth; nothing without one.
+std::vector<Comparison> ComparisonsOf(const Report& report);
 
 // For people.
-std::string TextOf(const Report& t);
+std::string TextOf(const Report& report);
 
 // For programs: one object.
-std::string JsonTextOf(const Report& t);
+std::string JsonTextOf(const Report& report);
 
 } // namespace tools
 

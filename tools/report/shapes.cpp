@@ -110,23 +110,25 @@ std::string Image(const std::string& strCamera, const Picture& t) {
 
 } // namespace
 
-std::vector<Mark> MarksOf(const CameraMeasurement& t) {
+std::vector<Mark> MarksOf(const CameraMeasurement& measured) {
     std::vector<Mark> a;
-    if (t.oCentre)
-        a.push_back({"centre", "centre", *t.oCentre});
-    for (const CornerName& n : kCorners)
-        if (t.aoCorners[n.nSlot])
-            a.push_back({std::string("corner-") + n.szKey, n.szLabel, *t.aoCorners[n.nSlot]});
+    if (measured.oCentre)
+        a.push_back({"centre", "centre", *measured.oCentre});
+    for (std::size_t i = 0; i < kCorners.size(); ++i)
+        if (measured.aoCorners[i])
+            a.push_back(
+                {std::string("corner-") + kCorners[i].szKey, kCorners[i].szLabel, *measured.aoCorners[i]});
     return a;
 }
 
-std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasurement& tMeasured,
-                  const StageView& tView, const CameraTrust& tTrust) {
-    const std::string strCamera = NameOf(tCamera);
+std::string SvgOf(const CameraReport& tCamera) {
+    const std::string strCamera = NameOf(tCamera.tCamera);
+    const Picture& tPicture = tCamera.tPicture;
+    const StageView& tView = tCamera.tView;
     std::string strCentre, strCorners;
     // Corners are not measured without a centre.
-    const Point tCentre = tMeasured.oCentre.value_or(Point{});
-    for (const Mark& t : MarksOf(tMeasured))
+    const Point tCentre = tCamera.tMeasured.oCentre.value_or(Point{});
+    for (const Mark& t : MarksOf(tCamera.tMeasured))
         (t.strKey == "centre" ? strCentre : strCorners) += MarkShape(strCamera, t, tCentre);
     return "<svg" + Attribute("id", strCamera + "-svg") + " role=\"img\"" +
            Attribute("aria-label", strCamera + " camera's picture with what was measured in it") +
@@ -138,10 +140,10 @@ std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasureme
            Layer(kShapeKinds[1],
                  Box(strCamera + "-frame-outer", tView.oOuterFrame, "outer frame rectangle") +
                      Box(strCamera + "-frame-inner", tView.oInnerFrame, "inner frame rectangle")) +
-           Layer(kShapeKinds[2], Cross(strCamera, tMeasured) + strCentre) +
+           Layer(kShapeKinds[2], Cross(strCamera, tCamera.tMeasured) + strCentre) +
            // Fitted lines and sides mostly coincide; the marks stay above both.
-           Layer(kShapeKinds[3], Sides(strCamera, tMeasured)) +
-           Layer(kShapeKinds[4], FittedLines(strCamera, tTrust)) + Layer(kShapeKinds[3], strCorners) +
+           Layer(kShapeKinds[3], Sides(strCamera, tCamera.tMeasured)) +
+           Layer(kShapeKinds[4], FittedLines(strCamera, tCamera.tTrust)) + Layer(kShapeKinds[3], strCorners) +
            "</svg>\n";
 }
 

@@ -1,7 +1,7 @@
 #ifndef ORVEX_TOOLS_REPORT_SHAPES_H
 #define ORVEX_TOOLS_REPORT_SHAPES_H
 
-#include "trust/trust.h"
+#include "report/report.h"
 
 namespace tools {
 
@@ -24,12 +24,11 @@ struct Mark {
 };
 
 // The measured ones: cross centre and corners.
-std::vector<Mark> MarksOf(const CameraMeasurement& t);
+std::vector<Mark> MarksOf(const CameraMeasurement& measured);
 
 // The picture and all that was found in it, in picture pixels: (0, 0) is the centre of the first one, so the
 // picture begins half a pixel before. Ids begin with the camera's name.
-std::string SvgOf(const Picture& tPicture, Camera tCamera, const CameraMeasurement& tMeasured,
-                  const StageView& tView, const CameraTrust& tTrust);
+std::string SvgOf(const CameraReport& tCamera);
 
 } // namespace tools
 

@@ -1,18 +1,14 @@
 #include "report/tables.h"
 
-#include "pictures/picture_size.h"
+#include "trust/numbers.h"
 
 namespace tools {
 namespace {
 
 using Cells = std::vector<std::string>;
 
-std::string SizeOf(const PictureNote& t) {
-    return SizeText({t.nColumns, t.nRows});
-}
-
-std::string WithSize(const PictureNote& t) {
-    return t.strFile + ", " + SizeOf(t);
+std::string WithSize(const Picture& tPicture) {
+    return tPicture.strFile + ", " + SizeText(tPicture.Size());
 }
 
 Cells AngleRow(const char* szName, const std::optional<Angles>& oAngles, double dLimit) {
@@ -23,12 +19,12 @@ Cells AngleRow(const char* szName, const std::optional<Angles>& oAngles, double 
     return aCells;
 }
 
-ReportTable Rotation(const Measurement& t) {
+ReportTable Rotation(const PairResult& pair) {
     ReportTable tTable = {"Rotation of the slave against the master, degrees",
                           {{"", "Rx", "Ry", "Rz", "allowed"}}};
-    if (t.oRaw) {
-        tTable.aRows.push_back(AngleRow("raw (measured)", t.oRaw, kRawLimit));
-        tTable.aRows.push_back(AngleRow("rescaled (returned by getAlign)", t.oRescaled, kRescaledLimit));
+    if (pair.oRaw) {
+        tTable.aRows.push_back(AngleRow("raw (measured)", pair.oRaw, kRawLimit));
+        tTable.aRows.push_back(AngleRow("rescaled (returned by getAlign)", pair.oRescaled, kRescaledLimit));
     }
     return tTable;
 }
@@ -41,9 +37,10 @@ ReportTable SideBySide(const std::string& strHeading, const Quantities& aMaster,
     return tTable;
 }
 
-ReportTable AgainstTruth(const Measurement& tMeasurement, const Truth& tTruth) {
-    ReportTable tTable = {"Against the truth in " + tTruth.strFile, {{"", "measured", "true", "difference"}}};
-    for (const Comparison& t : Compare(tMeasurement, tTruth))
+ReportTable AgainstTruth(const Report& report) {
+    ReportTable tTable = {"Against the truth in " + report.oTruth->strFile,
+                          {{"", "measured", "true", "difference"}}};
+    for (const Comparison& t : ComparisonsOf(report))
         if (t.tMeasured.oValue)
             tTable.aRows.push_back(
                 {LabelWithUnit(t.tTrue), Shown(t.tMeasured), Shown(t.tTrue), Shown(t.tDifference)});
@@ -52,56 +49,47 @@ ReportTable AgainstTruth(const Measurement& tMeasurement, const Truth& tTruth) {
 
 } // namespace
 
-std::vector<std::string> WarningsOf(const Report& t) {
-    std::vector<std::string> a = WarningsOf(Camera::kMaster, t.tMasterTrust);
-    for (std::string& str : WarningsOf(Camera::kSlave, t.tSlaveTrust))
-        a.push_back(std::move(str));
-    if (t.tMaster.nColumns != t.tSlave.nColumns || t.tMaster.nRows != t.tSlave.nRows)
-        a.push_back(
-            "the pictures differ in size: master " + SizeOf(t.tMaster) + ", slave " + SizeOf(t.tSlave) +
-            ". The angles allow for it; the record's shift mixes pixels of both. Check that each picture "
-            "is as its camera took it.");
-    return a;
-}
-
-std::vector<Fact> FactsOf(const Report& t) {
-    const StatusWords& tWords = t.tVerdict.tWords;
-    const StageWords& tStage = WordsOf(tWords.tStage);
+std::vector<Fact> FactsOf(const Report& report) {
+    const StatusWords& tStatus = report.tVerdict.tStatus;
+    const StageWords& tStage = DescribeStage(tStatus.tStage);
     std::vector<Fact> a = {
-        {"Status", HexOf(t.tMeasurement.nStatus) + " " + tWords.szName, false},
-        {"Where", PlaceOfFailure(t.tMeasurement), false},
-        {"Stage", tWords.tStage == Stage::kComplete ? "" : tStage.szName, false},
+        {"Status", HexOf(report.tPair.nStatus) + " " + tStatus.szName, false},
+        {"Where", PlaceOfFailure(report.tPair), false},
+        {"Stage", tStatus.tStage == Stage::kComplete ? "" : tStage.szName, false},
         {"Looked for", tStage.szLookedFor, false},
-        {"Found", tWords.szFound, false},
-        {"Try", tWords.szTry, false},
-        {"Master", WithSize(t.tMaster), true},
-        {"Slave", WithSize(t.tSlave), true},
-        {"Calibration", t.strCalibrationFile, true},
-        {"Record", t.strRecordFile, true},
+        {"Found", tStatus.szFound, false},
+        {"Try", tStatus.szTry, false},
+        {"Master", WithSize(report.tMaster.tPicture), true},
+        {"Slave", WithSize(report.tSlave.tPicture), true},
+        {"Calibration", report.strCalibrationFile, true},
+        {"Record", report.strRecordFile, true},
     };
     std::erase_if(a, [](const Fact& tFact) { return tFact.strText.empty(); });
     return a;
 }
 
-std::vector<ReportTable> TablesOf(const Report& t) {
-    const Measurement& m = t.tMeasurement;
-    const std::string strRest = m.oRaw ? "" : ", as far as the measurement came";
-    std::vector<ReportTable> a = {Rotation(m),
+std::vector<ReportTable> TablesOf(const Report& report) {
+    const std::string strRest = report.tPair.oRaw ? "" : ", as far as the measurement came";
+    const CameraReport &tMaster = report.tMaster, &tSlave = report.tSlave;
+    std::vector<ReportTable> a = {Rotation(report.tPair),
                                   SideBySide("Trust: the tool's own reading of each picture" + strRest,
-                                             QuantitiesOf(t.tMasterTrust), QuantitiesOf(t.tSlaveTrust))};
-    if (t.oTruth)
-        a.push_back(AgainstTruth(m, *t.oTruth));
-    a.push_back(
-        SideBySide("Each camera's picture" + strRest, QuantitiesOf(m.tMaster), QuantitiesOf(m.tSlave)));
+                                             QuantitiesOf(tMaster.tTrust), QuantitiesOf(tSlave.tTrust))};
+    if (report.oTruth)
+        a.push_back(AgainstTruth(report));
+    a.push_back(SideBySide("Each camera's picture" + strRest, QuantitiesOf(tMaster.tMeasured),
+                           QuantitiesOf(tSlave.tMeasured)));
     std::erase_if(a, [](const ReportTable& tTable) { return tTable.aRows.size() == 1; });
     return a;
 }
 
-std::vector<ReportList> ListsOf(const Report& t) {
-    std::vector<ReportList> a = {{"Warnings", WarningsOf(t), true},
-                                 {"The library's diagnostics", t.tMeasurement.aDiagnostics},
-                                 {"The library's log", t.tMeasurement.aLog},
-                                 {"Notes", t.tMeasurement.aNotes}};
+std::vector<ReportList> ListsOf(const Report& report) {
+    std::vector<std::string> aWarnings;
+    for (const Warning& tWarning : report.aWarnings)
+        aWarnings.push_back(tWarning.strText);
+    std::vector<ReportList> a = {{"Warnings", aWarnings, true},
+                                 {"The library's diagnostics", report.tPair.aDiagnostics},
+                                 {"The library's log", report.tPair.aLog},
+                                 {"Notes", report.tPair.aNotes}};
     std::erase_if(a, [](const ReportList& tList) { return tList.aLines.empty(); });
     return a;
 }

@@ -25,9 +25,9 @@ struct ReportList {
 };
 
 // Without what does not apply.
-std::vector<Fact> FactsOf(const Report& t);
-std::vector<ReportTable> TablesOf(const Report& t);
-std::vector<ReportList> ListsOf(const Report& t);
+std::vector<Fact> FactsOf(const Report& report);
+std::vector<ReportTable> TablesOf(const Report& report);
+std::vector<ReportList> ListsOf(const Report& report);
 
 } // namespace tools
 

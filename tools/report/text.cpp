@@ -31,9 +31,9 @@ std::string TextOfAll(const Parts& aParts) {
 
 } // namespace
 
-std::string TextOf(const Report& t) {
-    return t.tVerdict.strHeadline + "\n\n" + TextOfAll(FactsOf(t)) + TextOfAll(TablesOf(t)) +
-           TextOfAll(ListsOf(t));
+std::string TextOf(const Report& report) {
+    return report.tVerdict.strHeadline + "\n\n" + TextOfAll(FactsOf(report)) + TextOfAll(TablesOf(report)) +
+           TextOfAll(ListsOf(report));
 }
 
 } // namespace tools

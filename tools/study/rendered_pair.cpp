@@ -1,9 +1,9 @@
 #include "study/rendered_pair.h"
 
-#include "measuring/calibration.h"
-#include "measuring/truth.h"
 #include "pictures/pgm.h"
+#include "study/made_up_calibration.h"
 #include "study/replacement.h"
+#include "study/truth_json.h"
 
 #include <algorithm>
 
@@ -14,32 +14,31 @@ std::string PgmOf(const chart::Shot& t) {
     return EncodePgm(t.nWidth, t.nHeight, {reinterpret_cast<const char*>(t.aGrey.data()), t.aGrey.size()});
 }
 
-bool HoldsPicture(const std::string& strFile, const chart::Camera& t) {
-    std::error_code tNotThere;
-    const std::size_t nSize = EncodePgm(t.nWidth, t.nHeight, "").size() + PixelsOf({t.nWidth, t.nHeight});
-    return std::filesystem::file_size(strFile, tNotThere) == nSize && !tNotThere;
-}
-
 } // namespace
 
-std::vector<NewFile> NotesOf(const chart::PairSetup& tSetup, const PairFiles& tFiles,
+std::vector<NewFile> NotesOf(const PairOptions& tOptions, const PairFiles& tFiles,
                              std::uint64_t nCalibrationSeed) {
-    return {{tFiles.strTruth, TruthJson(tSetup).dump(2) + "\n"},
+    return {{tFiles.strTruth, TruthJson(SetupOf(tOptions)).dump(2) + "\n"},
             {tFiles.strCalibration, MadeUpCalibration(nCalibrationSeed)}};
 }
 
-std::vector<NewFile> RenderedFiles(const chart::PairSetup& tSetup, const PairFiles& tFiles,
+std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles& tFiles,
                                    std::uint64_t nCalibrationSeed) {
-    const chart::Pair tPair = chart::RenderPair(tSetup);
+    const chart::Pair tPair = chart::RenderPair(SetupOf(tOptions));
     std::vector<NewFile> aFiles = {{tFiles.strMaster, PgmOf(tPair.tMaster)},
                                    {tFiles.strSlave, PgmOf(tPair.tSlave)}};
-    std::ranges::move(NotesOf(tSetup, tFiles, nCalibrationSeed), std::back_inserter(aFiles));
+    std::ranges::move(NotesOf(tOptions, tFiles, nCalibrationSeed), std::back_inserter(aFiles));
     return aFiles;
 }
 
-bool IsWritten(const chart::PairSetup& tSetup, const PairFiles& tFiles, std::uint64_t nCalibrationSeed) {
-    return HoldsPicture(tFiles.strMaster, tSetup.tMaster) && HoldsPicture(tFiles.strSlave, tSetup.tSlave) &&
-           std::ranges::all_of(NotesOf(tSetup, tFiles, nCalibrationSeed), Holds);
+PairFiles WritePair(const std::string& strFolder, const PairOptions& tOptions, bool bOverwrite) {
+    const PairFiles tFiles(strFolder);
+    const std::vector<NewFile> aFiles = RenderedFiles(tOptions, tFiles, tOptions.nSeed);
+    if (!bOverwrite)
+        RefuseToReplace(aFiles);
+    CreateFolder(strFolder);
+    WriteFiles(aFiles);
+    return tFiles;
 }
 
 } // namespace tools

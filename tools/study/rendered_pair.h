@@ -2,7 +2,7 @@
 #define ORVEX_TOOLS_STUDY_RENDERED_PAIR_H
 
 #include "basics/files.h"
-#include "chart/pair.h"
+#include "study/pair_options.h"
 
 #include <filesystem>
 
@@ -17,15 +17,16 @@ struct PairFiles {
 };
 
 // The pair's truth and calibration. The truth tells all that the pictures are rendered with.
-std::vector<NewFile> NotesOf(const chart::PairSetup& tSetup, const PairFiles& tFiles,
+std::vector<NewFile> NotesOf(const PairOptions& tOptions, const PairFiles& tFiles,
                              std::uint64_t nCalibrationSeed);
 
 // All four files, with the pictures rendered.
-std::vector<NewFile> RenderedFiles(const chart::PairSetup& tSetup, const PairFiles& tFiles,
+std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles& tFiles,
                                    std::uint64_t nCalibrationSeed);
 
-// Whether these four files are there whole: truth and calibration byte by byte, the pictures by their sizes.
-bool IsWritten(const chart::PairSetup& tSetup, const PairFiles& tFiles, std::uint64_t nCalibrationSeed);
+// Renders a pair into a folder, which is created if missing. Without bOverwrite files that are there with
+// other content are refused. Throws ToolError.
+PairFiles WritePair(const std::string& strFolder, const PairOptions& tOptions, bool bOverwrite);
 
 } // namespace tools
 

@@ -3,24 +3,25 @@
 #include "basics/csv.h"
 #include "basics/files.h"
 #include "basics/json.h"
+#include "basics/list_columns.h"
 #include "basics/progress.h"
 #include "basics/stop_signals.h"
-#include "batch/list.h"
 #include "chart/noise.h"
 #include "study/rendered_pair.h"
 #include "study/replacement.h"
 
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
 
 // Apart from the streams of a single pair's noise and calibration image.
-constexpr std::uint64_t nModuleStream = 0x20000;
-constexpr std::uint64_t nAngleStream = 0x20001;
-constexpr std::uint64_t nRepeatStream = 0x20002;
-constexpr std::uint64_t nCaptureStream = 0x20003;
+constexpr std::uint64_t kModuleStream = 0x20000;
+constexpr std::uint64_t kAngleStream = 0x20001;
+constexpr std::uint64_t kRepeatStream = 0x20002;
+constexpr std::uint64_t kCaptureStream = 0x20003;
 
 // Short enough to be typed after --seed and to be exact in every reader of JSON.
 std::uint64_t ShortSeed(std::uint64_t nSeed, std::uint64_t nStream, std::uint64_t n) {
@@ -39,11 +40,11 @@ double Stepped(double d) {
 
 // From -dRange to dRange.
 double Drawn(std::uint64_t nSeed, std::uint64_t n, double dRange) {
-    return Stepped(dRange * (2 * UnitDraw(nSeed, nAngleStream, n) - 1));
+    return Stepped(dRange * (2 * UnitDraw(nSeed, kAngleStream, n) - 1));
 }
 
 // Three draws from nFirst on.
-chart::Pose DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
+Angles DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
     return {Drawn(nSeed, nFirst, dRange), Drawn(nSeed, nFirst + 1, dRange), Drawn(nSeed, nFirst + 2, dRange)};
 }
 
@@ -51,128 +52,106 @@ double DrawnBetween(double dLowest, double dHighest, double dUnit) {
     return std::clamp(Stepped(dLowest + (dHighest - dLowest) * dUnit), dLowest, dHighest);
 }
 
-// The pair's own seed draws first its noise, then its blur.
-chart::Capture DrawnCapture(const Study& t, std::uint64_t nSeed) {
-    chart::Capture tCapture = t.tCentre.tMasterCapture;
-    tCapture.dNoiseSigma =
-        DrawnBetween(tCapture.dNoiseSigma, t.dMaxNoise, UnitDraw(nSeed, nCaptureStream, 0));
-    tCapture.dBlurSigma = DrawnBetween(tCapture.dBlurSigma, t.dMaxBlur, UnitDraw(nSeed, nCaptureStream, 1));
-    tCapture.nSeed = nSeed;
-    return tCapture;
-}
-
 struct StudyPair {
     std::string strId;
     std::string strFolder; // within the study's
     std::uint64_t nCalibrationSeed;
-    chart::PairSetup tSetup;
+    PairOptions tOptions;
 };
 
 // Numbers of equal length sort as they count.
 std::string Padded(std::size_t n, std::size_t nLargest) {
-    const std::string str = std::to_string(n);
-    const std::size_t nWidth = std::max<std::size_t>(4, std::to_string(nLargest).size());
-    return std::string(nWidth - str.size(), '0') + str;
+    return fmt::format("{:0{}}", n, std::max<std::size_t>(4, std::to_string(nLargest).size()));
 }
 
 // In the list's order.
-StudyPair PairOf(const Study& t, std::size_t nPair) {
-    const std::size_t nModule = nPair / t.nRepeats, nRepeat = nPair % t.nRepeats;
-    const std::uint64_t nSeed = ShortSeed(t.nSeed, nModuleStream, nModule);
-    const std::string strId = Padded(nModule + 1, t.nCount);
-    StudyPair tPair = {strId, t.nRepeats == 1 ? strId : strId + "-" + Padded(nRepeat + 1, t.nRepeats), nSeed,
-                       t.tCentre};
-    tPair.tSetup.tRelativePose = t.tCentre.tRelativePose + DrawnPose(nSeed, 0, t.dRange);
-    tPair.tSetup.tMasterPose = t.tCentre.tMasterPose + DrawnPose(nSeed, 3, t.dMasterRange);
-    tPair.tSetup.tMasterCapture = tPair.tSetup.tSlaveCapture =
-        DrawnCapture(t, nRepeat == 0 ? nSeed : ShortSeed(nSeed, nRepeatStream, nRepeat));
-    return tPair;
+StudyPair PairOf(const Study& tStudy, std::size_t nPair) {
+    const std::size_t nModule = nPair / tStudy.nRepeats, nRepeat = nPair % tStudy.nRepeats;
+    const std::uint64_t nSeed = ShortSeed(tStudy.tCentre.nSeed, kModuleStream, nModule);
+    const std::string strId = Padded(nModule + 1, tStudy.nCount);
+    PairOptions tOptions = tStudy.tCentre;
+    tOptions.tRelative = tOptions.tRelative + DrawnPose(nSeed, 0, tStudy.dRange);
+    tOptions.tMaster = tOptions.tMaster + DrawnPose(nSeed, 3, tStudy.dMasterRange);
+    tOptions.nSeed = nRepeat == 0 ? nSeed : ShortSeed(nSeed, kRepeatStream, nRepeat);
+    // The pair's own seed draws first its noise, then its blur.
+    tOptions.dNoise =
+        DrawnBetween(tOptions.dNoise, tStudy.dMaxNoise, UnitDraw(tOptions.nSeed, kCaptureStream, 0));
+    tOptions.dBlur =
+        DrawnBetween(tOptions.dBlur, tStudy.dMaxBlur, UnitDraw(tOptions.nSeed, kCaptureStream, 1));
+    return {strId, tStudy.nRepeats == 1 ? strId : strId + "-" + Padded(nRepeat + 1, tStudy.nRepeats), nSeed,
+            tOptions};
 }
 
 std::string Head() {
-    std::vector<std::string> aCells = {"id", "master", "slave", "calibration"};
+    std::vector<std::string> aCells(kPairColumns.begin(), kPairColumns.end());
     aCells.insert(aCells.end(), kTruthColumns.begin(), kTruthColumns.end());
     return CsvLine(aCells);
 }
 
-std::string LineOf(const StudyPair& t) {
-    const PairFiles tFiles(t.strFolder);
-    const chart::Pose& tTrue = t.tSetup.tRelativePose;
-    return CsvLine({t.strId, tFiles.strMaster, tFiles.strSlave, tFiles.strCalibration, Json(tTrue.dRx).dump(),
-                    Json(tTrue.dRy).dump(), Json(tTrue.dRz).dump()});
+std::string LineOf(const StudyPair& tPair) {
+    const PairFiles tFiles(tPair.strFolder);
+    const Angles& tTrue = tPair.tOptions.tRelative;
+    return CsvLine({tPair.strId, tFiles.strMaster, tFiles.strSlave, tFiles.strCalibration,
+                    Json(tTrue.dRx).dump(), Json(tTrue.dRy).dump(), Json(tTrue.dRz).dump()});
 }
 
-std::filesystem::path FolderOf(const Study& t, const StudyPair& tPair) {
-    return std::filesystem::path(t.strFolder) / tPair.strFolder;
+std::filesystem::path FolderOf(const Study& tStudy, const StudyPair& tPair) {
+    return std::filesystem::path(tStudy.strFolder) / tPair.strFolder;
 }
 
-PairFiles FilesOf(const Study& t, const StudyPair& tPair) {
-    return PairFiles(FolderOf(t, tPair));
+std::size_t CountOf(const Study& tStudy) {
+    return tStudy.nCount * tStudy.nRepeats;
 }
 
-std::size_t CountOf(const Study& t) {
-    return t.nCount * t.nRepeats;
-}
-
-// Pairs from the first on that an earlier run left whole.
-std::size_t PairsThere(const Study& t) {
-    std::size_t n = 0;
-    for (; n < CountOf(t); ++n) {
-        const StudyPair tPair = PairOf(t, n);
-        if (!IsWritten(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed))
-            break;
-    }
-    return n;
-}
-
-NewFile ListOf(const Study& t) {
-    NewFile tList = {std::filesystem::path(t.strFolder) / "LIST.csv", Head()};
-    for (std::size_t i = 0; i < CountOf(t); ++i)
-        tList.strBytes += LineOf(PairOf(t, i));
+NewFile ListOf(const Study& tStudy) {
+    NewFile tList = {std::filesystem::path(tStudy.strFolder) / "LIST.csv", Head()};
+    for (std::size_t i = 0; i < CountOf(tStudy); ++i)
+        tList.strBytes += LineOf(PairOf(tStudy, i));
     return tList;
 }
 
 // As far as it shows before anything is rendered.
-void RefuseOtherStudy(const Study& t, const NewFile& tList) {
+void RefuseOtherStudy(const Study& tStudy, const NewFile& tList) {
     RefuseToReplace({tList});
     std::error_code tIgnored; // what else is wrong with a name shows on writing
-    for (std::size_t i = 0; i < CountOf(t); ++i) {
-        const StudyPair tPair = PairOf(t, i);
-        if (std::filesystem::exists(FolderOf(t, tPair), tIgnored))
-            RefuseToReplace(NotesOf(tPair.tSetup, FilesOf(t, tPair), tPair.nCalibrationSeed));
+    for (std::size_t i = 0; i < CountOf(tStudy); ++i) {
+        const StudyPair tPair = PairOf(tStudy, i);
+        const std::filesystem::path tFolder = FolderOf(tStudy, tPair);
+        if (std::filesystem::exists(tFolder, tIgnored))
+            RefuseToReplace(NotesOf(tPair.tOptions, PairFiles(tFolder), tPair.nCalibrationSeed));
     }
 }
 
 // The list speaks of whole pairs as they are: it goes before one of them changes.
-void WriteStudyPair(const Study& t, const StudyPair& tPair, const std::string& strList) {
-    const PairFiles tFiles = FilesOf(t, tPair);
-    const std::vector<NewFile> aFiles = RenderedFiles(tPair.tSetup, tFiles, tPair.nCalibrationSeed);
+void WriteStudyPair(const Study& tStudy, const StudyPair& tPair, const std::string& strList) {
+    const std::filesystem::path tFolder = FolderOf(tStudy, tPair);
+    const std::vector<NewFile> aFiles =
+        RenderedFiles(tPair.tOptions, PairFiles(tFolder), tPair.nCalibrationSeed);
     if (std::ranges::all_of(aFiles, Holds))
         return;
-    if (!t.bOverwrite)
+    if (!tStudy.bOverwrite)
         RefuseToReplace(aFiles);
-    CreateFolder(FolderOf(t, tPair));
+    CreateFolder(tFolder);
     RemoveFile(strList);
     WriteFiles(aFiles);
 }
 
 } // namespace
 
-StudyOutcome WriteStudy(const Study& t) {
-    const NewFile tList = ListOf(t);
-    if (!t.bOverwrite)
-        RefuseOtherStudy(t, tList);
+StudyOutcome WriteStudy(const Study& tStudy) {
+    const NewFile tList = ListOf(tStudy);
+    if (!tStudy.bOverwrite)
+        RefuseOtherStudy(tStudy, tList);
     const StopSignals tStop;
-    const std::size_t nThere = t.bResume ? PairsThere(t) : 0;
-    Progress tProgress(nThere, CountOf(t));
-    for (std::size_t i = nThere; i < CountOf(t); ++i) {
+    Progress tProgress(0, CountOf(tStudy));
+    for (std::size_t i = 0; i < CountOf(tStudy); ++i) {
         if (const int nSignal = tStop.Take())
             return {"", nSignal, i};
-        WriteStudyPair(t, PairOf(t, i), tList.strFile);
+        WriteStudyPair(tStudy, PairOf(tStudy, i), tList.strFile);
         tProgress.Step();
     }
     WriteFiles({tList});
-    return {tList.strFile, 0, CountOf(t)};
+    return {tList.strFile, 0, CountOf(tStudy)};
 }
 
 } // namespace tools

@@ -1,7 +1,7 @@
 #ifndef ORVEX_TOOLS_STUDY_STUDY_H
 #define ORVEX_TOOLS_STUDY_STUDY_H
 
-#include "chart/pair.h"
+#include "study/pair_options.h"
 
 #include <string>
 
@@ -10,13 +10,11 @@ namespace tools {
 // Many pairs whose angles are drawn uniformly around those of one setup, noise and blur from its own upwards.
 struct Study {
     std::string strFolder;
-    chart::PairSetup tCentre;
-    std::uint64_t nSeed;         // of angles, noise and calibration images
+    PairOptions tCentre;         // its seed is that of angles, noise and calibration images
     std::size_t nCount;          // modules, each with angles of its own
     std::size_t nRepeats;        // pairs of one module, each with noise of its own
     double dRange, dMasterRange; // degrees to both sides
     double dMaxNoise, dMaxBlur;  // of both cameras: grey levels, px
-    bool bResume;                // keep the pairs that are there, rendered alike
     bool bOverwrite;             // replace files that are there with other content
 };
 
@@ -28,7 +26,7 @@ struct StudyOutcome {
 
 // Writes each pair into a folder of its own and, when all are there, the list with their true angles. A list
 // that is there goes before the first pair changes. Throws ToolError.
-StudyOutcome WriteStudy(const Study& t);
+StudyOutcome WriteStudy(const Study& tStudy);
 
 } // namespace tools
 

@@ -11,8 +11,7 @@ std::array<int, 256> CountGrey(const Picture& tPicture, const Rectangle& tWindow
     for (auto y = static_cast<std::size_t>(tWindow.dTop); y <= static_cast<std::size_t>(tWindow.dBottom); ++y)
         for (auto x = static_cast<std::size_t>(tWindow.dLeft); x <= static_cast<std::size_t>(tWindow.dRight);
              ++x)
-            ++anCounts[static_cast<unsigned char>(
-                tPicture.strGrey[y * static_cast<std::size_t>(tPicture.nColumns) + x])];
+            ++anCounts[tPicture.aGrey[y * static_cast<std::size_t>(tPicture.nColumns) + x]];
     return anCounts;
 }
 

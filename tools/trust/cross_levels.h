@@ -2,6 +2,7 @@
 #define ORVEX_TOOLS_TRUST_CROSS_LEVELS_H
 
 #include "measuring/stage_views.h"
+#include "pictures/picture.h"
 
 namespace tools {
 

@@ -33,7 +33,7 @@ double GreyAt(const Picture& t, double x, double y) {
         const auto nPlace =
             static_cast<std::size_t>(std::min(nRow, t.nRows - 1)) * static_cast<std::size_t>(t.nColumns) +
             static_cast<std::size_t>(std::min(nColumn, t.nColumns - 1));
-        return static_cast<double>(static_cast<unsigned char>(t.strGrey[nPlace]));
+        return static_cast<double>(t.aGrey[nPlace]);
     };
     const double dUpper = std::lerp(PixelAt(nX, nY), PixelAt(nX + 1, nY), x - nX);
     const double dLower = std::lerp(PixelAt(nX, nY + 1), PixelAt(nX + 1, nY + 1), x - nX);

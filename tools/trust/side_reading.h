@@ -1,7 +1,8 @@
 #ifndef ORVEX_TOOLS_TRUST_SIDE_READING_H
 #define ORVEX_TOOLS_TRUST_SIDE_READING_H
 
-#include "measuring/measurement.h"
+#include "basics/geometry.h"
+#include "pictures/picture.h"
 
 #include <span>
 

@@ -1,7 +1,5 @@
 #include "trust/trust.h"
 
-#include "trust/limits.h"
-
 #include <algorithm>
 
 namespace tools {
@@ -13,9 +11,9 @@ Ends EndsOf(const SideName& n, const std::array<Point, 4>& aCorners) {
     return {aCorners[n.nFrom], aCorners[n.nTo]};
 }
 
-// In the order of the slots.
+// As kCorners.
 std::array<Point, 4> CornersOf(const Rectangle& t) {
-    return {{{t.dLeft, t.dTop}, {t.dLeft, t.dBottom}, {t.dRight, t.dTop}, {t.dRight, t.dBottom}}};
+    return {{{t.dLeft, t.dTop}, {t.dRight, t.dTop}, {t.dLeft, t.dBottom}, {t.dRight, t.dBottom}}};
 }
 
 // Where a side's line must lie, as far as that is known.
@@ -106,20 +104,17 @@ void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& t) {
 
 } // namespace
 
-CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured, const StageView& tView) {
-    CameraTrust t;
+CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult) {
+    const auto& [tMeasured, tView] = tResult;
+    CameraTrust trust;
     for (std::size_t i = 0; i < kSides.size(); ++i)
-        AddSide(i, tPicture, tMeasured, tView, t);
-    FinishBorder(tMeasured, t);
-    t.oCrossSpan = tMeasured.oBarSpan;
+        AddSide(i, tPicture, tMeasured, tView, trust);
+    FinishBorder(tMeasured, trust);
+    trust.oCrossSpan = tMeasured.oBarSpan;
     if (tView.oFirstWindow)
-        t.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);
-    t.oCrossThreshold = tView.oCrossThreshold;
-    return t;
-}
-
-std::optional<double> ReadShareOf(const SideReading& t) {
-    return t.nLines > 0 ? std::optional(100.0 * t.nRead / t.nLines) : std::nullopt;
+        trust.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);
+    trust.oCrossThreshold = tView.oCrossThreshold;
+    return trust;
 }
 
 } // namespace tools

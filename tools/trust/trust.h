@@ -1,15 +1,42 @@
 #ifndef ORVEX_TOOLS_TRUST_TRUST_H
 #define ORVEX_TOOLS_TRUST_TRUST_H
 
-#include "measuring/quantities.h"
+#include "measuring/measurement.h"
 #include "trust/cross_levels.h"
 #include "trust/side_reading.h"
 
 namespace tools {
 
+// Beyond these a camera's numbers are warned of. Where rendered pairs are the source, they had noise of 0 to
+// 8 grey levels, blur of 0 to 3 px and contrasts from 40 to 160 grey levels.
+
+// px RMS from a side's fitted line. Rendered pairs that are measured rightly stay below 0.24; a side that
+// bows by 1.3 px reaches it.
+constexpr double kLargeResidual = 0.3;
+
+// px from a measured corner to the fitted line of one of its sides. Corners of rendered pairs lie within 0.19
+// of it (0.21 once, at a contrast where other seeds failed), or 5 and more beside it where noise of 8 grey
+// levels misled their measurement, and the angles then are off by half a degree. A corner off by this limit
+// turns a tilt by 0.04 degrees.
+constexpr double kLargeCornerDistance = 0.3;
+
+// Grey levels from dark to bright. Rendered pairs with a blur of 3 px and noise of 2 are measured at 72 grey
+// levels and fail at 64.
+constexpr double kLowContrast = 70.0;
+
+// px. The frame's levels are taken from 40 px around it; nearer than half of that to the border, most of the
+// bright paper is missing there. Rendered pairs are measured alike down to 1 px, but the next module, which
+// aims a little differently, may cut the frame off.
+constexpr double kNearBorder = 20.0;
+
+// Percent of the lines across a side that show the frame. One in ten missing is more than dust; a rendered
+// frame that just touches the border keeps 91, with a right angle, and one that is cut by 4 px has 59, with a
+// wrong one.
+constexpr double kLeastRead = 90.0;
+
 // How far one camera's measurement can be trusted; nothing where there was nothing to read.
 struct CameraTrust {
-    std::array<std::optional<SideReading>, 4> aoSides; // left, top, right, bottom
+    std::array<std::optional<SideReading>, 4> aoSides; // as kSides
     // From each side's fitted line to the farther of its two measured corners, px.
     std::array<std::optional<double>, 4> aoCornerDistances;
     std::optional<double> oBorderDistance; // smallest from the frame's outer edge, px
@@ -20,18 +47,7 @@ struct CameraTrust {
 
 // From the picture's pixels. A side is read between its corners, where they were not measured beside the
 // frame's edge that the stages met, and without that from where they began to search for it.
-CameraTrust TrustOf(const Picture& tPicture, const CameraMeasurement& tMeasured, const StageView& tView);
-
-// Percent of the lines across a side that show the frame; nothing if there is no line.
-std::optional<double> ReadShareOf(const SideReading& t);
-
-Quantities QuantitiesOf(const CameraTrust& t);
-
-// Both ends of each side's fitted line, px. Apart from the others: people look at them in the report.
-Quantities LinesOf(const CameraTrust& t);
-
-// What speaks against a camera's numbers: value, limit and what to do.
-std::vector<std::string> WarningsOf(Camera tCamera, const CameraTrust& t);
+CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult);
 
 } // namespace tools
 

@@ -55,7 +55,7 @@ TEST_F(RenderCommand, SameSeedGivesTheSameFilesAndAnotherSeedOthers) {
     }
 }
 
-TEST_F(RenderCommand, ResumedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
+TEST_F(RenderCommand, InterruptedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
     Render("--count 6 --noise 2", "whole");
     const Outcome tStopped =
         RunInShell(Interrupted("--count 6 --noise 2 --out s", "[ -e s/0002/calibration.bin ]"));
@@ -64,7 +64,7 @@ TEST_F(RenderCommand, ResumedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
     EXPECT_FALSE(std::filesystem::exists(m_tFolder / "s/LIST.csv"));
     const auto tWritten = std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm");
     Write("s/0002/slave.pgm", "cut off");
-    Render("--count 6 --noise 2 --resume --overwrite", "s");
+    Render("--count 6 --noise 2 --overwrite", "s");
     EXPECT_EQ(std::filesystem::last_write_time(m_tFolder / "s/0001/master.pgm"), tWritten);
     EXPECT_EQ(Run("--version", "diff -r whole s || exit").nExit, 0);
 }
@@ -76,7 +76,7 @@ TEST_F(RenderCommand, EarlierRenderingIsReplacedOnlyOnRequestAndItsListGoesFirst
     Write("pair/master.pgm", "foreign");
     const Refusal aCases[] = {
         {"render --out s --count 6 --seed 2", {"s/LIST.csv: exists already", "--overwrite"}},
-        {"render --out s --count 6 --noise 1 --resume", {"s/0001/truth.json: exists already"}},
+        {"render --out s/../s --count 6 --noise 1", {"s/0001/truth.json: exists already"}},
         {"render --out pair", {"pair/master.pgm: exists already", "--overwrite"}},
     };
     for (const Refusal& t : aCases)

@@ -1,5 +1,5 @@
 #include "support/plane.h"
-#include "trust/trust.h"
+#include "trust/warnings.h"
 
 #include <cmath>
 #include <functional>
@@ -15,7 +15,7 @@ constexpr double dHalfLine = 4.25, dDark = 50, dBright = 180;
 
 // A dark line with soft edges, dShift px beside the straight line at each share of the way.
 Picture Line(const std::function<double(double)>& Shift, double dLineDark = dDark) {
-    Picture t = {"line", 360, 130, std::string(360 * 130, '\0')};
+    Picture t = {"line", 360, 130, std::vector<unsigned char>(360 * 130)};
     const double dLength = std::hypot(tTo.dX - tFrom.dX, tTo.dY - tFrom.dY);
     const Point u = {(tTo.dX - tFrom.dX) / dLength, (tTo.dY - tFrom.dY) / dLength};
     for (int y = 0; y < t.nRows; ++y)
@@ -23,8 +23,8 @@ Picture Line(const std::function<double(double)>& Shift, double dLineDark = dDar
             const double dX = x - tFrom.dX, dY = y - tFrom.dY, dAlong = (dX * u.dX + dY * u.dY) / dLength;
             const double dOff = std::fabs(dY * u.dX - dX * u.dY - Shift(dAlong)) - dHalfLine;
             const double dShare = 1 / (1 + std::exp(-2 * dOff));
-            t.strGrey[static_cast<std::size_t>(y * t.nColumns + x)] =
-                static_cast<char>(std::lround(std::lerp(dLineDark, dBright, dShare)));
+            t.aGrey[static_cast<std::size_t>(y * t.nColumns + x)] =
+                static_cast<unsigned char>(std::lround(std::lerp(dLineDark, dBright, dShare)));
         }
     return t;
 }
@@ -40,8 +40,8 @@ Frame FrameAt(int nLeft, int nTop, unsigned char ubInk) {
     t.Fill(nLeft, nTop, nLeft + 612, nTop + 412, ubInk)
         .Fill(nLeft + 13, nTop + 13, nLeft + 599, nTop + 399, support::ubPaper);
     const double dL = nLeft + 6, dT = nTop + 6, dR = nLeft + 606, dB = nTop + 406;
-    Frame tFrame = {{"frame", 800, 500, std::string(t.aPixels.begin(), t.aPixels.end())}, {}};
-    tFrame.tMeasured.aoCorners = {Point{dL, dT}, Point{dL, dB}, Point{dR, dT}, Point{dR, dB}};
+    Frame tFrame = {{"frame", 800, 500, t.aPixels}, {}};
+    tFrame.tMeasured.aoCorners = {Point{dL, dT}, Point{dR, dT}, Point{dL, dB}, Point{dR, dB}};
     return tFrame;
 }
 
@@ -86,7 +86,7 @@ TEST(SideReading, LinesWithoutAnEndedDarkRunDoNotCount) {
         {Line(Straight), tFrom},
         {Line(Straight), {tFrom.dX + 1e12, 0}},
         {Line(Straight), {dNan, dNan}},
-        {{"dot", 1, 1, "x"}, tTo},
+        {{"dot", 1, 1, {120}}, tTo},
     };
     for (const auto& [tPicture, tEnd] : aUnread)
         EXPECT_FALSE(ReadSide(tPicture, tFrom, tEnd).oResidual) << tEnd.dX;
@@ -96,35 +96,46 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
     const struct {
         const char* szWhat;
         Frame tFrame;
-        std::vector<std::vector<std::string>> aWarnings; // parts of each
+        std::vector<std::vector<std::string>> aWarnings; // kind and parts of each
         std::optional<double> oBorder = {};
     } aCases[] = {
         {"good", FrameAt(90, 40, support::ubInk), {}, 40},
-        {"near", FrameAt(170, 50, support::ubInk), {{"only 17.0 px", "border", "20 px"}}, 17},
+        {"near",
+         FrameAt(170, 50, support::ubInk),
+         {{"frame_near_border", "only 17.0 px", "border", "20 px"}},
+         17},
         // The line across the left side ends at the border on one side.
-        {"cut", FrameAt(-4, 50, support::ubInk), {{", left side", "show the frame"}, {"touches"}}, -4},
+        {"cut",
+         FrameAt(-4, 50, support::ubInk),
+         {{"few_lines", ", left side", "show the frame"}, {"frame_touches_border", "touches"}},
+         -4},
         {"pale",
          FrameAt(90, 40, 165),
-         {{", left, top, right, bottom sides: at worst low contrast", "dark 165", "bright 200", "70"}},
+         {{"low_contrast", ", left, top, right, bottom sides: at worst low contrast", "dark 165",
+           "bright 200", "70"}},
          40},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, {});
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, {}});
         EXPECT_NEAR(*tTrust.oBorderDistance, *t.oBorder, 0.1);
-        const std::vector<std::string> a = WarningsOf(Camera::kSlave, tTrust);
-        ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
-        for (std::size_t i = 0; i < a.size(); ++i)
+        const std::vector<Warning> a = WarningsOf(Camera::kSlave, tTrust);
+        ASSERT_EQ(a.size(), t.aWarnings.size());
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            const std::string strTold = KeyOf(JsonOf(a[i])) + " " + a[i].strText;
+            EXPECT_TRUE(GeneralText(KeyOf(JsonOf(a[i])))) << strTold;
             for (const std::string& strPart : t.aWarnings[i])
-                EXPECT_NE(a[i].find(strPart), std::string::npos) << strPart << " in " << a[i];
+                EXPECT_NE(strTold.find(strPart), std::string::npos) << strPart << " in " << strTold;
+        }
     }
     Frame tBent = FrameAt(90, 40, support::ubInk);
     tBent.tMeasured.aoCorners[3]->dY += 3; // right down: its two sides no longer follow the picture's
     tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
-    const std::vector<std::string> a =
-        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, tBent.tMeasured, {}));
+    const std::vector<Warning> a =
+        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, {tBent.tMeasured, {}}));
     ASSERT_EQ(a.size(), 1u);
-    EXPECT_TRUE(a[0].starts_with("master camera, bottom side: a measured corner lies 3.0")) << a[0];
+    EXPECT_TRUE(a[0].strText.starts_with("master camera, bottom side: a measured corner lies 3.0"))
+        << a[0].strText;
 }
 
 TEST(Trust, IsToldAsFarAsTheStagesCame) {
@@ -154,10 +165,10 @@ TEST(Trust, IsToldAsFarAsTheStagesCame) {
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const std::vector<std::string> a =
-            WarningsOf(Camera::kMaster, TrustOf(t.tFrame.tPicture, t.tFrame.tMeasured, t.tView));
-        ASSERT_EQ(a.size(), t.aWarnings.size()) << testing::PrintToString(a);
+        const std::vector<Warning> a =
+            WarningsOf(Camera::kMaster, TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView}));
+        ASSERT_EQ(a.size(), t.aWarnings.size());
         for (std::size_t i = 0; i < a.size(); ++i)
-            EXPECT_TRUE(a[i].starts_with("master camera" + t.aWarnings[i])) << a[i];
+            EXPECT_TRUE(a[i].strText.starts_with("master camera" + t.aWarnings[i])) << a[i].strText;
     }
 }

@@ -1,0 +1,18 @@
+#ifndef ORVEX_TOOLS_COMMANDS_COMMANDS_H
+#define ORVEX_TOOLS_COMMANDS_COMMANDS_H
+
+#include "basics/exit_codes.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tools {
+
+// Each adds its command, which leaves the program's exit code in tExit.
+void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit);
+void AddRecordCommand(CLI::App& tApp, ExitCode& tExit);
+void AddBatchCommand(CLI::App& tApp, ExitCode& tExit);
+void AddRenderCommand(CLI::App& tApp, ExitCode& tExit);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,23 @@
+#ifndef ORVEX_TOOLS_MEASURING_PARAMETERS_H
+#define ORVEX_TOOLS_MEASURING_PARAMETERS_H
+
+#include "Orvex_Alignment_Stages.h"
+#include "measuring/camera.h"
+#include "pictures/picture_size.h"
+
+namespace tools {
+
+// What every measurement of the library works with. Leaves the library's own block as it is.
+DualCamAlignParam DefaultParameters();
+
+// Where the library searches for the frame, px.
+struct FrameSearch {
+    int nMargin;            // taken to both sides of the edges that are met
+    int nOffsetX, nOffsetY; // from the cross's centre to the search's start
+};
+
+FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters);
+
+} // namespace tools
+
+#endif

@@ -1,0 +1,34 @@
+#ifndef ORVEX_TOOLS_STUDY_PAIR_OPTIONS_H
+#define ORVEX_TOOLS_STUDY_PAIR_OPTIONS_H
+
+#include "basics/geometry.h"
+#include "chart/blur.h"
+#include "chart/pair.h"
+#include "pictures/picture_size.h"
+
+namespace tools {
+
+// The renderer's range for each camera and axis, degrees.
+constexpr double kMaxAngle = 45.0;
+
+constexpr double kMaxNoise = 255.0;               // grey levels
+constexpr double kMaxBlur = chart::kMaxBlurSigma; // px
+
+// What a pair is rendered with, both cameras alike.
+struct PairOptions {
+    PictureSize tSize = {1728, 972};
+    Angles tMaster, tRelative;
+    double dBlur =
+        1.0;           // px; edges sharper than a lens draws them cost the measurement hundredths of a degree
+    double dNoise = 0; // grey levels
+    double dVignetting = 0; // share
+    double dGain = 1;       // factor
+    std::uint64_t nSeed = 1;
+};
+
+// The chart and both cameras, with the same field of view whatever the pictures' size.
+chart::PairSetup SetupOf(const PairOptions& tOptions);
+
+} // namespace tools
+
+#endif

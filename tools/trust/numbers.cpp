@@ -1,0 +1,193 @@
+#include "trust/numbers.h"
+
+#include "basics/text_table.h"
+
+#include <fmt/format.h>
+
+namespace tools {
+namespace {
+
+using Value = std::optional<double>;
+
+template <Value SideReading::*pMember>
+Value OfSide(const CameraTrust& trust, std::size_t nSide) {
+    return trust.aoSides[nSide] ? (*trust.aoSides[nSide]).*pMember : std::nullopt;
+}
+
+Value ReadShare(const CameraTrust& trust, std::size_t nSide) {
+    const std::optional<SideReading>& o = trust.aoSides[nSide];
+    return o && o->nLines > 0 ? Value(100.0 * o->nRead / o->nLines) : std::nullopt;
+}
+
+Value SideContrast(const CameraTrust& trust, std::size_t nSide) {
+    const std::optional<SideReading>& o = trust.aoSides[nSide];
+    return o && o->oDark ? Value(*o->oBright - *o->oDark) : std::nullopt;
+}
+
+Value CornerDistance(const CameraTrust& trust, std::size_t nSide) {
+    return trust.aoCornerDistances[nSide];
+}
+
+Value Border(const CameraTrust& trust, std::size_t) {
+    return trust.oBorderDistance;
+}
+
+// One warning of the border is enough.
+Value TouchedBorder(const CameraTrust& trust, std::size_t) {
+    return trust.oBorderDistance <= 0.0 ? trust.oBorderDistance : std::nullopt;
+}
+
+Value NearBorder(const CameraTrust& trust, std::size_t) {
+    return trust.oBorderDistance > 0.0 ? trust.oBorderDistance : std::nullopt;
+}
+
+template <double CrossLevels::*pMember>
+Value OfCross(const CameraTrust& trust, std::size_t) {
+    return trust.oCross ? Value((*trust.oCross).*pMember) : std::nullopt;
+}
+
+Value CrossContrast(const CameraTrust& trust, std::size_t) {
+    return trust.oCross ? Value(trust.oCross->dBright - trust.oCross->dDark) : std::nullopt;
+}
+
+Value CrossThreshold(const CameraTrust& trust, std::size_t) {
+    return trust.oCrossThreshold;
+}
+
+// Of a cross whose contrast is not the reason.
+Value CrossPaleness(const CameraTrust& trust, std::size_t nSide) {
+    const Value oContrast = CrossContrast(trust, nSide);
+    return oContrast >= kLowContrast && trust.oCrossThreshold
+               ? Value(trust.oCross->dDark - *trust.oCrossThreshold)
+               : std::nullopt;
+}
+
+Value CrossSpan(const CameraTrust& trust, std::size_t) {
+    return trust.oCrossSpan;
+}
+
+const TrustNumber kSideNumbers[] = {
+    {"side_residual_px", "residual of the fitted line (RMS)", "px", 3, OfSide<&SideReading::oResidual>,
+     TrustLimit{
+         "large_residual", Warned::kAbove, kLargeResidual, 3, "side_residual_px",
+         "a residual above {limit} px",
+         "large residual, {value} px RMS from the fitted line, more than {limit} px. Check that the chart is "
+         "flat and sharp and that nothing touches its frame."}},
+    {"side_corner_distance_px", "measured corner to the fitted line", "px", 3, CornerDistance,
+     TrustLimit{
+         "corner_off_line", Warned::kAbove, kLargeCornerDistance, 4, "side_corner_distance_px",
+         "a corner more than {limit} px from the line",
+         "a measured corner lies {value} px beside the fitted line, more than {limit} px. Check the corner "
+         "in the report for dirt, shadow or a bent chart."}},
+    {"side_lines_read_percent", "lines read", "%", 1, ReadShare,
+     TrustLimit{
+         "few_lines", Warned::kBelow, kLeastRead, 1, "side_lines_read_percent",
+         "less than {limit} % of the lines read",
+         "only {read} of {lines} lines across where it was looked for show the frame, less than {limit} %. "
+         "Check that the picture is unscaled with the whole frame in view, the chart at its distance "
+         "and not rolled by more than 3 degrees, the light even and the frame uncovered."}},
+    {nullptr, nullptr, nullptr, 0, SideContrast,
+     TrustLimit{"low_contrast", Warned::kBelow, kLowContrast, 2, "contrast_grey",
+                "dark and bright less than {limit} grey levels apart",
+                "low contrast, dark {dark} and bright {bright} differ by less than {limit} grey levels. "
+                "Check light and "
+                "exposure."}},
+    {"side_dark_grey", "dark level", "grey levels", 1, OfSide<&SideReading::oDark>},
+    {"side_bright_grey", "bright level", "grey levels", 1, OfSide<&SideReading::oBright>},
+};
+
+const TrustNumber kCameraNumbers[] = {
+    {"border_distance_px", "frame to picture's border", "px", 1, Border},
+    {nullptr, nullptr, nullptr, 0, TouchedBorder,
+     TrustLimit{"frame_touches_border", Warned::kAtMost, 0, 5, nullptr, nullptr,
+                ": the frame touches the picture's border. Aim at the chart's middle or move it away."}},
+    {nullptr, nullptr, nullptr, 1, NearBorder,
+     TrustLimit{"frame_near_border", Warned::kBelow, kNearBorder, 5, "border_distance_px",
+                "the frame less than {limit} px from the picture's border",
+                ": the frame is only {value} px from the picture's border, less than {limit} px. Aim at the "
+                "chart's middle or move it away."}},
+    {nullptr, nullptr, nullptr, 0, CrossContrast,
+     TrustLimit{"low_cross_contrast", Warned::kBelow, kLowContrast, 6, nullptr, nullptr,
+                ", cross: low contrast, dark {dark} and bright {bright} differ by less than {limit} grey "
+                "levels. Check "
+                "light and exposure, and that the cross is in view."}},
+    {nullptr, nullptr, nullptr, 0, CrossPaleness,
+     TrustLimit{"pale_cross", Warned::kAbove, 0, 6, nullptr, nullptr,
+                ", cross: too pale, its dark level {dark} is above {threshold}, up to which its search takes "
+                "pixels as "
+                "ink. Check for reflections and overexposure."}},
+    {"cross_dark_grey", "cross, dark level", "grey levels", 1, OfCross<&CrossLevels::dDark>},
+    {"cross_bright_grey", "cross, bright level", "grey levels", 1, OfCross<&CrossLevels::dBright>},
+    {"cross_threshold_grey", "cross, threshold of its search", "grey levels", 1, CrossThreshold},
+    {"cross_span_px", "cross span", "px", 0, CrossSpan},
+};
+
+std::optional<Point> LineEnd(const CameraTrust& trust, std::size_t nSide, std::size_t nEnd) {
+    const std::optional<SideReading>& o = trust.aoSides[nSide];
+    return o && o->oEnds ? std::optional((*o->oEnds)[nEnd]) : std::nullopt;
+}
+
+template <typename Use>
+void ForEachLimit(const Use& UseLimit) {
+    for (const std::span<const TrustNumber> aNumbers : {SideNumbers(), CameraNumbers()})
+        for (const TrustNumber& tNumber : aNumbers)
+            if (tNumber.oLimit)
+                UseLimit(*tNumber.oLimit);
+}
+
+} // namespace
+
+std::span<const TrustNumber> SideNumbers() {
+    return kSideNumbers;
+}
+
+std::span<const TrustNumber> CameraNumbers() {
+    return kCameraNumbers;
+}
+
+Quantities QuantitiesOf(const CameraTrust& trust) {
+    Quantities a;
+    for (const TrustNumber& tNumber : kSideNumbers)
+        for (std::size_t i = 0; i < kSides.size() && tNumber.szKey != nullptr; ++i)
+            a.push_back({fmt::format("{}/{}", tNumber.szKey, kSides[i].szKey),
+                         fmt::format("{} side, {}", kSides[i].szKey, tNumber.szWords), tNumber.szUnit,
+                         tNumber.nDecimals, tNumber.ValueOf(trust, i)});
+    for (const TrustNumber& tNumber : kCameraNumbers)
+        if (tNumber.szKey != nullptr)
+            a.push_back({tNumber.szKey, tNumber.szWords, tNumber.szUnit, tNumber.nDecimals,
+                         tNumber.ValueOf(trust, 0)});
+    return a;
+}
+
+Quantities LinesOf(const CameraTrust& trust) {
+    constexpr std::array<const char*, 2> kEnds = {"from", "to"};
+    Quantities a;
+    for (std::size_t i = 0; i < kSides.size(); ++i)
+        for (std::size_t nEnd = 0; nEnd < kEnds.size(); ++nEnd)
+            AddPoint(a, fmt::format("side_line_px/{}/{}", kSides[i].szKey, kEnds[nEnd]),
+                     fmt::format("{} side, fitted line {}", kSides[i].szKey, kEnds[nEnd]),
+                     LineEnd(trust, i, nEnd));
+    return a;
+}
+
+std::string TrustLimitsHelp() {
+    std::vector<std::string> a;
+    ForEachLimit([&](const TrustLimit& tLimit) {
+        if (tLimit.szHelp != nullptr)
+            a.push_back(fmt::format(fmt::runtime(tLimit.szHelp), fmt::arg("limit", tLimit.dLimit)));
+    });
+    const std::string strLast = a.back();
+    a.pop_back();
+    return Listed(a) + ", and " + strLast;
+}
+
+Json TrustLimitsJson() {
+    Json tJson;
+    ForEachLimit([&](const TrustLimit& tLimit) {
+        if (tLimit.szJsonKey != nullptr)
+            tJson[tLimit.szJsonKey] = tLimit.dLimit;
+    });
+    return tJson;
+}
+
+} // namespace tools

@@ -1,0 +1,57 @@
+#ifndef ORVEX_TOOLS_TRUST_NUMBERS_H
+#define ORVEX_TOOLS_TRUST_NUMBERS_H
+
+#include "measuring/quantities.h"
+#include "trust/trust.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tools {
+
+// When a number is warned of.
+enum class Warned { kAbove, kBelow, kAtMost };
+
+// The last of the limits' ranks.
+constexpr int kLastRank = 6;
+
+// A trust number's limit.
+struct TrustLimit {
+    const char* szKind; // of the warning
+    Warned tWarned;
+    double dLimit;
+    int nRank;             // lower ones spoil what the higher ones read, and come first
+    const char* szJsonKey; // of the limit in JSON; nullptr where another number's says it
+    const char* szHelp;    // with {limit}: "a residual above {limit} px"; nullptr likewise
+    const char* szWarning; // what, how much and what to do, with {limit}, {value} and other measured numbers
+};
+
+// One number of the tool's own reading wherever it is told: quantities, limits in JSON, help and warnings all
+// go by these two tables.
+struct TrustNumber {
+    const char* szKey;   // ends in the unit; nullptr if only its limit is told
+    const char* szWords; // for people
+    const char* szUnit;
+    int nDecimals;
+    std::optional<double> (*ValueOf)(const CameraTrust& trust, std::size_t nSide); // side: as kSides
+    std::optional<TrustLimit> oLimit = {};
+};
+
+std::span<const TrustNumber> SideNumbers();   // one of each side
+std::span<const TrustNumber> CameraNumbers(); // one of the whole picture, whatever the side
+
+Quantities QuantitiesOf(const CameraTrust& trust);
+
+// Both ends of each side's fitted line, px. Apart from the others: people look at them in the report.
+Quantities LinesOf(const CameraTrust& trust);
+
+// The limits in words: "a residual above 0.3 px, ... and ..."
+std::string TrustLimitsHelp();
+
+// The limits by their keys.
+Json TrustLimitsJson();
+
+} // namespace tools
+
+#endif
