@@ -20,9 +20,9 @@ build-%: setup
 
 demo: TARGET = orvex-align
 demo: build-release
-	@build/release/tools/orvex-align render --out demo --overwrite --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
+	@build/release/bin/orvex-align render --out demo --overwrite --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
 	  --rx 0.62 --ry -0.45 --rz 0.81 --blur 0.8 --noise 2 --seed 7
-	@build/release/tools/orvex-align measure demo/master.pgm demo/slave.pgm \
+	@build/release/bin/orvex-align measure demo/master.pgm demo/slave.pgm \
 	  --calibration demo/calibration.bin --truth demo/truth.json --report demo/report.html
 	@echo; echo "Open this in a browser: $(CURDIR)/demo/report.html"
 
