@@ -5,6 +5,8 @@ PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
   libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
+# Said each time: a folder keeps what it was once configured with.
+CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
 LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
 
 .PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench setup clean
@@ -15,7 +17,7 @@ setup:
 	@./cmake/install-packages.sh $(PACKAGES)
 
 build-%: setup
-	@cmake --preset $* --log-level=NOTICE $(CONFIGURE)
+	@$(CONFIGURE) --preset $*
 	@cmake --build --preset $* -j $(JOBS) --target $(or $(TARGET),all)
 
 demo: TARGET = orvex-align
@@ -66,7 +68,7 @@ compare-arm64:
 lint:
 	@./cmake/install-packages.sh $(PACKAGES) libbenchmark-dev clang libclang-rt-dev clang-format clang-tidy cppcheck git \
 	  shellcheck
-	@cmake --preset lint --log-level=NOTICE
+	@$(CONFIGURE) --preset lint
 	@./cmake/lint.sh $(JOBS)
 
 # Memcheck over the tests' short form: without the long ones, and without the tool as a program.
