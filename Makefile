@@ -7,7 +7,6 @@ ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest
 JOBS := $(shell nproc)
 # Said each time: a folder keeps what it was once configured with.
 CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
-LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
 
 .PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench setup clean
 
@@ -74,13 +73,13 @@ lint:
 # Memcheck over the tests' short form: without the long ones, and without the tool as a program.
 valgrind:
 	@./cmake/install-packages.sh valgrind
-	@$(MAKE) --no-print-directory build-valgrind TARGET="$(LIBRARY_TESTS) chart_tests trust_tests"
+	@$(MAKE) --no-print-directory build-valgrind TARGET=memcheck_tests
 	@ctest --preset valgrind -j $(JOBS)
 
 # Lines and branches of the library that its tests run; fails below 97 and 90 %.
 coverage:
 	@./cmake/install-packages.sh gcovr
-	@$(MAKE) --no-print-directory build-coverage TARGET="$(LIBRARY_TESTS) memory_fault_tests"
+	@$(MAKE) --no-print-directory build-coverage TARGET=coverage_tests
 	@find build/coverage -name '*.gcda' -delete
 	@ctest --preset coverage -j $(JOBS)
 	@for metric in "" --branches; do gcovr --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
