@@ -39,10 +39,10 @@ test-asan: build-asan
 	@ctest --preset asan -j $(JOBS)
 
 # Loads reports into a real browser; leaves screenshots in build/browser.
-test-browser: CONFIGURE = -DORVEX_BROWSER_TESTS=ON
-test-browser: build-release
+test-browser:
 	@./cmake/install-packages.sh chromium
-	@ctest --preset release -L browser
+	@$(MAKE) --no-print-directory build-release TARGET=browser_tests
+	@ctest --preset browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
 
 # SECONDS: how long each target runs, 20 if not given. Starts from fuzz/corpus; what is new goes to build/fuzz.
