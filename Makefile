@@ -1,7 +1,8 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
-PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+TOOL_PACKAGES := cmake ninja-build g++ android-liblog-dev libmbedtls-dev libcli11-dev nlohmann-json3-dev libpng-dev \
+  libturbojpeg0-dev
+PACKAGES := $(TOOL_PACKAGES) libgtest-dev pkg-config default-jdk-headless libjna-java
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
   libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
@@ -19,8 +20,8 @@ build-%: setup
 	@$(CONFIGURE) --preset $*
 	@cmake --build --preset $* -j $(JOBS) --target $(or $(TARGET),all)
 
-demo: TARGET = orvex-align
-demo: build-release
+demo:
+	@$(MAKE) --no-print-directory build-release TARGET=orvex-align PACKAGES="$(TOOL_PACKAGES)"
 	@build/release/bin/orvex-align render --out demo --overwrite --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
 	  --rx 0.62 --ry -0.45 --rz 0.81 --blur 0.8 --noise 2 --seed 7
 	@build/release/bin/orvex-align measure demo/master.pgm demo/slave.pgm \
