@@ -1,101 +1,101 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
-PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libfmt-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+TOOL_PACKAGES := cmake ninja-build g++ android-liblog-dev libmbedtls-dev libcli11-dev libfmt-dev nlohmann-json3-dev \
+  libpng-dev libturbojpeg0-dev
+PACKAGES := $(TOOL_PACKAGES) libgtest-dev pkg-config default-jdk-headless libjna-java
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
   libmbedtls-dev:arm64 libfmt-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
+NEED := ./cmake/install-packages.sh
 JOBS := $(shell nproc)
-LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
+# Said each time: a folder keeps what it was once configured with.
+CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
 
-.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench setup clean
+MAKEFLAGS += --no-print-directory
+.NOTPARALLEL: # two targets may build in one folder; each uses all cores
+.PHONY: all build help setup demo test test-clang test-asan test-browser fuzz test-arm64 compare-arm64 lint valgrind \
+  coverage install aar bench clean
 
-all: build-release
+all: build
+build: build-release ## all that there is, optimised, into build/release
 
-setup:
-	@./cmake/install-packages.sh $(PACKAGES)
+help: ## tells the targets
+	@awk -F ':.*## ' '/^[a-z].*:.*## / { printf "make %-20s %s\n", $$1, $$2 }' Makefile
 
-build-%: setup
-	@cmake --preset $* --log-level=NOTICE $(CONFIGURE)
+setup: ## installs the packages for it, nothing else
+	@$(NEED) $(PACKAGES)
+
+build-%: setup ## any preset of CMakePresets.json, into build/%; TARGET: what of it, all if not given
+	@$(CONFIGURE) --preset $*
 	@cmake --build --preset $* -j $(JOBS) --target $(or $(TARGET),all)
 
-demo: TARGET = orvex-align
-demo: build-release
-	@build/release/tools/orvex-align render --out demo --overwrite --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
+demo: ## renders a pair with a known pose and measures it; leaves demo/report.html
+	@$(MAKE) build-release TARGET=orvex-align PACKAGES="$(TOOL_PACKAGES)"
+	@build/release/bin/orvex-align render --out demo --overwrite --master-rx 0.2 --master-ry -0.15 --master-rz 0.1 \
 	  --rx 0.62 --ry -0.45 --rz 0.81 --blur 0.8 --noise 2 --seed 7
-	@build/release/tools/orvex-align measure demo/master.pgm demo/slave.pgm \
+	@build/release/bin/orvex-align measure demo/master.pgm demo/slave.pgm \
 	  --calibration demo/calibration.bin --truth demo/truth.json --report demo/report.html
 	@echo; echo "Open this in a browser: $(CURDIR)/demo/report.html"
 
-test: build-release
+test: build-release ## all tests
 	@ctest --preset release -j $(JOBS)
 
-test-clang:
-	@./cmake/install-packages.sh clang
-	@$(MAKE) --no-print-directory build-clang
+test-clang: ## all tests, built with clang++
+	@$(NEED) clang
+	@$(MAKE) build-clang
 	@ctest --preset clang -j $(JOBS)
 
-test-asan: build-asan
+test-asan: build-asan ## the tests under the address and undefined-behaviour sanitizers
 	@ctest --preset asan -j $(JOBS)
 
-# Loads reports into a real browser; leaves screenshots in build/browser.
-test-browser: CONFIGURE = -DORVEX_BROWSER_TESTS=ON
-test-browser: build-release
-	@./cmake/install-packages.sh chromium
-	@ctest --preset release -L browser
+test-browser: ## reports in a real browser; leaves screenshots in build/browser
+	@$(NEED) chromium
+	@$(MAKE) build-release TARGET=browser_tests
+	@ctest --preset browser
 	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
 
-# SECONDS: how long each target runs, 20 if not given. Starts from fuzz/corpus; what is new goes to build/fuzz.
-fuzz:
-	@./cmake/install-packages.sh clang libclang-rt-dev
-	@$(MAKE) --no-print-directory build-fuzz TARGET=fuzz_targets
+fuzz: ## looks for inputs that bring it down, SECONDS (20) for each target, from fuzz/corpus on; into build/fuzz
+	@$(NEED) clang libclang-rt-dev
+	@$(MAKE) build-fuzz TARGET=fuzz_targets
 	@fuzz/run.sh build/fuzz $(or $(SECONDS),20)
 
-# The phone's processor, emulated.
-test-arm64:
-	@./cmake/install-packages.sh $(ARM64_PACKAGES)
-	@$(MAKE) --no-print-directory build-arm64
+test-arm64: ## the tests on the phone's processor, emulated
+	@$(NEED) $(ARM64_PACKAGES)
+	@$(MAKE) build-arm64
 	@ctest --preset arm64 -j $(JOBS)
 
-# Every bit of the same measurements on x86-64, with both compilers, and on arm64.
-compare-arm64:
-	@./cmake/install-packages.sh clang $(ARM64_PACKAGES)
-	@$(MAKE) --no-print-directory build-release build-clang build-arm64 TARGET="measured_bits compare_bits"
+compare-arm64: ## every bit of the same measurements on x86-64, with both compilers, and on arm64
+	@$(NEED) clang $(ARM64_PACKAGES)
+	@$(MAKE) build-release build-clang build-arm64 TARGET="measured_bits compare_bits"
 	@./compare/compare-arm64.sh build $(JOBS)
 
-# Format, shell scripts, cppcheck and clang-tidy.
-lint:
-	@./cmake/install-packages.sh $(PACKAGES) libbenchmark-dev clang libclang-rt-dev clang-format clang-tidy cppcheck git \
-	  shellcheck
-	@cmake --preset lint --log-level=NOTICE
+lint: ## format, shell scripts, cppcheck and clang-tidy
+	@$(NEED) $(PACKAGES) libbenchmark-dev clang libclang-rt-dev clang-format clang-tidy cppcheck git shellcheck
+	@$(CONFIGURE) --preset lint
 	@./cmake/lint.sh $(JOBS)
 
-# Memcheck over the tests' short form: without the long ones, and without the tool as a program.
-valgrind:
-	@./cmake/install-packages.sh valgrind
-	@$(MAKE) --no-print-directory build-valgrind TARGET="$(LIBRARY_TESTS) chart_tests trust_tests"
+valgrind: ## memcheck over the tests' short form: without the long ones, and without the tool as a program
+	@$(NEED) valgrind
+	@$(MAKE) build-valgrind TARGET=memcheck_tests
 	@ctest --preset valgrind -j $(JOBS)
 
-# Lines and branches of the library that its tests run; fails below 97 and 90 %.
-coverage:
-	@./cmake/install-packages.sh gcovr
-	@$(MAKE) --no-print-directory build-coverage TARGET="$(LIBRARY_TESTS) memory_fault_tests"
+coverage: ## lines and branches of the library that its tests run; fails below 97 and 90 %
+	@$(NEED) gcovr
+	@$(MAKE) build-coverage TARGET=coverage_tests
 	@find build/coverage -name '*.gcda' -delete
 	@ctest --preset coverage -j $(JOBS)
 	@for metric in "" --branches; do gcovr --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
 	  --fail-under-line 97 --fail-under-branch 90 $$metric build/coverage || exit 1; done
 
-# PREFIX: where to, /usr/local if not given.
-install: build-release
+install: build-release ## library, headers and tool, under PREFIX, /usr/local if not given
 	@cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
 
-# What `make build-android-arm64` and `make build-android-x86_64` have built, into build/.
-aar:
+aar: ## packs what `make build-android-arm64` and `make build-android-x86_64` have built, into build/
 	@cmake -DBUILD=$(CURDIR)/build -P cmake/aar/pack.cmake
 
-bench:
-	@./cmake/install-packages.sh libbenchmark-dev
-	@$(MAKE) --no-print-directory build-bench TARGET=measure_bench
+bench: ## times the measurement in copies of its planes
+	@$(NEED) libbenchmark-dev
+	@$(MAKE) build-bench TARGET=measure_bench
 	@build/bench/bench/measure_bench
 
-clean:
+clean: ## removes build/ and demo/
 	@rm -rf build demo

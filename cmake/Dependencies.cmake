@@ -12,6 +12,11 @@ function(orvex_find target header library package)
     INTERFACE_INCLUDE_DIRECTORIES ${${target}_INCLUDE_DIR})
 endfunction()
 
+# orvex_missing(TARGET TOLD): in place of a target that lacks something; only who builds it is stopped.
+function(orvex_missing target told)
+  add_custom_target(${target} ALL COMMAND ${CMAKE_COMMAND} -E echo ${told} COMMAND ${CMAKE_COMMAND} -E false VERBATIM)
+endfunction()
+
 # Android's logging interface: the NDK's on a phone, on Debian the real library too.
 if(ANDROID)
   add_library(android_log INTERFACE IMPORTED GLOBAL)

@@ -1,19 +1,22 @@
 # What `make install` puts under the prefix: library, public headers, tool, CMake package and pkg-config file.
 include(CMakePackageConfigHelpers)
 
+# Tool and library lie in the build folder as under the prefix, so that the tool is linked with one search path for both
+# places: where CMake is to rewrite the path at installation, it ends the build folder's with an empty entry, which the
+# loader takes for the working directory.
+if(PROJECT_IS_TOP_LEVEL OR ORVEX_BUILD_TOOLS) # a project around may have its own folder for libraries
+  set_target_properties(Orvex_Alignment PROPERTIES
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
+endif()
+
 install(TARGETS Orvex_Alignment EXPORT Orvex_AlignmentTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES include/Orvex_Alignment.h include/Orvex_Alignment_Stages.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(ORVEX_BUILD_TOOLS)
   file(RELATIVE_PATH to_library ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  # Linked once more, with the search path of its later place: where CMake is to rewrite the path at installation, it
-  # ends the build folder's with an empty entry, which the loader takes for the working directory.
-  add_executable(installed_orvex-align $<TARGET_OBJECTS:orvex-align>)
-  target_link_libraries(installed_orvex-align PRIVATE orvex_tool)
-  set_target_properties(installed_orvex-align PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME orvex-align
-    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/installed BUILD_WITH_INSTALL_RPATH ON
-    INSTALL_RPATH "$ORIGIN/${to_library}")
-  install(TARGETS installed_orvex-align RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  set_target_properties(orvex-align PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_BINDIR}
+    BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${to_library}")
+  install(TARGETS orvex-align RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Orvex_Alignment)

@@ -16,3 +16,5 @@ execute_process(COMMAND ${EMULATOR} ${prefix}/bin/orvex-align --version OUTPUT_V
 if(NOT version MATCHES "v1313.47.10.02")
   message(FATAL_ERROR "the installed tool does not find the installed library: ${version}")
 endif()
+# What the tests of the built tool say holds for the installed one.
+execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${TOOL} ${prefix}/bin/orvex-align COMMAND_ERROR_IS_FATAL ANY)

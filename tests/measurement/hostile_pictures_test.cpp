@@ -1,7 +1,7 @@
 #include "Orvex_Alignment_Stages.h"
 #include "support/documented_status.h"
 #include "support/get_align.h"
-#include "support/random.h"
+#include "support/random_rectangles.h"
 #include "support/repetitions.h"
 
 #include <gtest/gtest.h>
@@ -11,41 +11,6 @@
 
 using namespace support;
 
-namespace {
-
-Picture Rectangles(Random& t, int nColumns, int nRows) {
-    Plane tPlane(nColumns, nRows, static_cast<unsigned char>(t.Int(100, 255)));
-    for (int i = t.Int(1, 30); i > 0; --i) {
-        const int x = t.Int(-100, nColumns), y = t.Int(-100, nRows);
-        tPlane.Fill(x, y, x + t.Int(0, nColumns), y + t.Int(0, i % 2 ? 20 : nRows),
-                    static_cast<unsigned char>(t.Int(0, 255)));
-    }
-    for (int i = t.Int(0, 1) * nColumns * nRows / 2; i > 0; --i) // half of them with noise
-        tPlane.At(t.Int(0, nColumns - 1), t.Int(0, nRows - 1)) = static_cast<unsigned char>(t.Int(0, 255));
-    return tPlane;
-}
-
-// A chart that may be cropped, hang over the border or lie in a far too small picture.
-Picture Chart(Random& t, int nColumns, int nRows) {
-    chart::PairSetup tSetup;
-    tSetup.tMaster = t.Int(0, 1) ? chart::ScaledTo(chart::DefaultMaster(), nColumns, nRows)
-                                 : chart::Camera{nColumns, nRows, t.Real(300, 3000),
-                                                 t.Real(-100, nColumns + 100.0), t.Real(-100, nRows + 100.0)};
-    const chart::Pose tPose = {t.Real(-6, 6), t.Real(-6, 6), t.Real(-20, 20)};
-    chart::Capture tCapture;
-    tCapture.dNoiseSigma = t.Real(0, 10);
-    tCapture.dGain = t.Real(0.2, 1.4);
-    tCapture.nSeed = static_cast<std::uint64_t>(t.Int(0, 1 << 30));
-    return chart::Shot{nColumns, nRows, chart::Render(tSetup.tChart, tSetup.tMaster, tPose, tCapture), {}};
-}
-
-Picture Any(Random& t, int nMostColumns, int nMostRows) {
-    const int nColumns = t.Int(1, nMostColumns), nRows = t.Int(1, nMostRows);
-    return t.Int(0, 2) ? Chart(t, nColumns, nRows) : Rectangles(t, nColumns, nRows);
-}
-
-} // namespace
-
 TEST(HostilePictures, EverySizeUpTo64) {
     Random t(1);
     testing::internal::CaptureStdout();
@@ -54,19 +19,6 @@ TEST(HostilePictures, EverySizeUpTo64) {
             const Picture tPicture = Rectangles(t, nColumns, nRows);
             EXPECT_TRUE(IsDocumented(Align(tPicture, tPicture).nStatus)) << nColumns << " x " << nRows;
         }
-    testing::internal::GetCapturedStdout();
-}
-
-TEST(HostilePictures, ThreeHundredRandomPairs) {
-    Random t(2);
-    testing::internal::CaptureStdout();
-    for (int i = 0; i < Repetitions(300); ++i) {
-        const Picture tMaster = i % 3 ? Picture(UprightChart()) : Any(t, 2000, 1500);
-        const unsigned int nStatus = Align(tMaster, Any(t, 2000, 1500)).nStatus;
-        EXPECT_TRUE(IsDocumented(nStatus)) << std::hex << nStatus << " for pair " << std::dec << i;
-    }
-    // A buffer that is sized by the master alone would be overrun by so large a slave.
-    EXPECT_TRUE(IsDocumented(Align(UprightChart(), Rectangles(t, 4000, 3000)).nStatus));
     testing::internal::GetCapturedStdout();
 }
 

@@ -1,0 +1,23 @@
+#ifndef ORVEX_TESTS_SUPPORT_RANDOM_RECTANGLES_H
+#define ORVEX_TESTS_SUPPORT_RANDOM_RECTANGLES_H
+
+#include "support/get_align.h"
+#include "support/random.h"
+
+namespace support {
+
+inline Picture Rectangles(Random& t, int nColumns, int nRows) {
+    Plane tPlane(nColumns, nRows, static_cast<unsigned char>(t.Int(100, 255)));
+    for (int i = t.Int(1, 30); i > 0; --i) {
+        const int x = t.Int(-100, nColumns), y = t.Int(-100, nRows);
+        tPlane.Fill(x, y, x + t.Int(0, nColumns), y + t.Int(0, i % 2 ? 20 : nRows),
+                    static_cast<unsigned char>(t.Int(0, 255)));
+    }
+    for (int i = t.Int(0, 1) * nColumns * nRows / 2; i > 0; --i) // half of them with noise
+        tPlane.At(t.Int(0, nColumns - 1), t.Int(0, nRows - 1)) = static_cast<unsigned char>(t.Int(0, 255));
+    return tPlane;
+}
+
+} // namespace support
+
+#endif
