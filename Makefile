@@ -1,7 +1,7 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
 PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev libcli11-dev pkg-config \
-  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java
+  nlohmann-json3-dev libpng-dev libturbojpeg0-dev default-jdk-headless libjna-java bubblewrap
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
   libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
@@ -37,12 +37,12 @@ test-clang:
 test-asan: build-asan
 	@ctest --preset asan -j $(JOBS)
 
-# Loads reports into a real browser; leaves screenshots in build/browser.
+# Loads reports into a real browser; leaves screenshots in build/release/browser.
 test-browser: CONFIGURE = -DORVEX_BROWSER_TESTS=ON
 test-browser: build-release
 	@./cmake/install-packages.sh chromium
 	@ctest --preset release -L browser
-	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
+	@echo "Look at the screenshots: $(CURDIR)/build/release/browser/*.png"
 
 # SECONDS: how long each target runs, 20 if not given. Starts from fuzz/corpus; what is new goes to build/fuzz.
 fuzz:
