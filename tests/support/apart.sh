@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # apart.sh BUILD [--record-place] PROGRAM [ARGUMENT...]: runs a program of the tests apart from the rest of the
-# machine, in a mount namespace in which all but the folder BUILD and the devices is read-only. There is no /sdcard
-# in it, or, for those that look at the record file, an empty one of its own beside a small and a read-only disk.
+# machine, in a mount namespace in which all but the folder BUILD and the devices is read-only and /tmp its own. There
+# is no /sdcard in it, or, for those that look at the record file, an empty one beside a small and a read-only disk.
 # Where namespaces are forbidden it uses the machine's /sdcard in turns: those that look at the record file run alone.
 set -euo pipefail
 
+source=$(realpath "$(dirname "$0")/../..")
 build=$(realpath "$1")
 shift
 places=()
@@ -14,19 +15,19 @@ if [ "$1" = --record-place ]; then
     turn=--exclusive
     shift
 fi
-export TMPDIR=$build/tmp
-mkdir -p "$TMPDIR"
 
 # The root folder is made anew from the machine's entries: nobody but root could add a folder to the real one.
 mounts=(--die-with-parent --dev-bind /dev /dev)
 for entry in /*; do
-    case $entry in
-        /dev | /sdcard) ;;
-        *) if [ -L "$entry" ]; then mounts+=(--symlink "$(readlink "$entry")" "$entry"); else
-            mounts+=(--ro-bind "$entry" "$entry"); fi ;;
-    esac
+    if [ -L "$entry" ]; then
+        mounts+=(--symlink "$(readlink "$entry")" "$entry")
+    elif [ "$entry" != /dev ] && [ "$entry" != /sdcard ]; then
+        mounts+=(--ro-bind "$entry" "$entry")
+    fi
 done
-mounts+=(--bind "$build" "$build" "${places[@]}" --remount-ro /)
+# The sources and BUILD may lie in the machine's /tmp.
+mounts+=(--tmpfs /tmp --setenv TMPDIR /tmp --ro-bind "$source" "$source" --bind "$build" "$build" "${places[@]}"
+    --remount-ro /)
 
 # Root may do without a user namespace, and keeps its rights over other users' files that way.
 for user in "" --unshare-user; do
@@ -43,5 +44,7 @@ if [[ " $* " != *" --gtest_list_tests "* ]]; then
     flock 8
     flock "$turn" 9
     exec 8<&-
+    export TMPDIR=$build/tmp
+    mkdir -p "$TMPDIR"
 fi
 exec "$@"
