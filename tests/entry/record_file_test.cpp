@@ -34,7 +34,7 @@ protected:
         g_aLog.clear();
         if (!m_tFolder.IsWritable())
             GTEST_SKIP() << "this user may not write " << tRecordFile
-                         << "; run as root to test the record file";
+                         << "; allow mount namespaces or run as root to test the record file";
     }
 
     // Status of the reader for the file under the calibration memory; pRecord receives the record.
