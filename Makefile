@@ -2,7 +2,7 @@
 
 TOOL_PACKAGES := cmake ninja-build g++ android-liblog-dev libmbedtls-dev libcli11-dev libfmt-dev nlohmann-json3-dev \
   libpng-dev libturbojpeg0-dev
-PACKAGES := $(TOOL_PACKAGES) libgtest-dev pkg-config default-jdk-headless libjna-java
+PACKAGES := $(TOOL_PACKAGES) libgtest-dev pkg-config default-jdk-headless libjna-java bubblewrap
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
   libmbedtls-dev:arm64 libfmt-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 NEED := ./cmake/install-packages.sh
@@ -47,11 +47,11 @@ test-clang: ## all tests, built with clang++
 test-asan: build-asan ## the tests under the address and undefined-behaviour sanitizers
 	@ctest --preset asan -j $(JOBS)
 
-test-browser: ## reports in a real browser; leaves screenshots in build/browser
+test-browser: ## reports in a real browser; leaves screenshots in build/release/browser
 	@$(NEED) chromium
 	@$(MAKE) build-release TARGET=browser_tests
 	@ctest --preset browser
-	@echo "Look at the screenshots: $(CURDIR)/build/browser/*.png"
+	@echo "Look at the screenshots: $(CURDIR)/build/release/browser/*.png"
 
 fuzz: ## looks for inputs that bring it down, SECONDS (20) for each target, from fuzz/corpus on; into build/fuzz
 	@$(NEED) clang libclang-rt-dev

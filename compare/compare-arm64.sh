@@ -4,6 +4,7 @@
 set -eu
 build=$1 jobs=$2
 results=$build/compare
+apart=$(dirname "$0")/../tests/support/apart.sh # no record file of the machine's is replaced
 mkdir -p "$results"
 parts=$(mktemp -d "$results/parts.XXXXXX")
 running=''
@@ -43,7 +44,7 @@ measure() {
         (
             trap - EXIT INT
             # shellcheck disable=SC2086 # no word if there is no emulator
-            run "$name" "$part" $emulator "$build/$name/compare/measured_bits"
+            run "$name" "$part" "$apart" "$build" $emulator "$build/$name/compare/measured_bits"
         ) &
         running="$running $!"
     done

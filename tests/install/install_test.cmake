@@ -1,5 +1,7 @@
 # Installs into a fresh prefix, builds a host against it alone, runs the host and the installed tool.
 file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+set(ENV{TMPDIR} ${WORK}) # the compiler's
 set(prefix ${WORK}/prefix)
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix} OUTPUT_QUIET
   COMMAND_ERROR_IS_FATAL ANY)

@@ -1,5 +1,6 @@
 #include "support/program.h"
 
+#include <array>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -29,9 +30,11 @@ std::string Program::ShownOnTerminal(const std::string& strArguments, const std:
     int nScreen = -1, nTerminal = -1;
     EXPECT_EQ(openpty(&nScreen, &nTerminal, nullptr, nullptr, &tSize), 0);
     EXPECT_EQ(Run(strArguments, strBefore + "; exec 2>" + ttyname(nTerminal)).nExit, 0);
-    std::string str(1 << 16, '\0');
-    str.resize(static_cast<std::size_t>(std::max<ssize_t>(0, read(nScreen, str.data(), str.size()))));
     close(nTerminal);
+    std::string str;
+    std::array<char, 4096> aChunk; // what has arrived so far; reading fails once all of it is read
+    for (ssize_t n = 0; (n = read(nScreen, aChunk.data(), aChunk.size())) > 0;)
+        str.append(aChunk.data(), static_cast<std::size_t>(n));
     close(nScreen);
     return str;
 }

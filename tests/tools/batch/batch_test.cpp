@@ -99,7 +99,7 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
           strHead + strGood + strFar + "\r\n" + strTiny + strGone + strHole + strHole + strShort + strHeld);
     const Outcome t = Run("batch sub/L --resume --out r --format jsonl",
                           strGate + StartBatch("sub/L --out r --format jsonl", 7) +
-                              "kill -9 $(cat /proc/$p/task/$p/children); wait $p");
+                              "exec 9>gate.pgm; kill -9 $(cat /proc/$p/task/$p/children); wait $p");
     EXPECT_EQ(t.nExit, 3);
     for (const char* const szReason :
          {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"})
@@ -180,8 +180,8 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
             Run("--version", "rm r; mv 0003/master.pgm kept; " + strGate + "mv gate.pgm 0003/master.pgm; " +
                                  StartBatch(strArguments, strFormat == "csv" ? 3 : 2) + strKill +
                                  "sleep 0.1; " + strKill +
-                                 "wait $p; echo code $?; : <>0003/master.pgm; "
-                                 "mv kept 0003/master.pgm");
+                                 "wait $p; echo code $?; mv 0003/master.pgm gate.pgm; "
+                                 "mv kept 0003/master.pgm; : <>gate.pgm; rm gate.pgm");
         const std::string strPart = Read("r");
         EXPECT_LT(strPart.size(), strWhole.size());
         EXPECT_TRUE(strWhole.starts_with(strPart)) << strPart;
@@ -200,10 +200,10 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
 
 TEST_F(BatchCommand, TerminalShowsCountRateAndTimeLeft) {
     Render("--count 2");
-    // The first pair takes long enough for the bar to be drawn again.
-    const std::string strShown =
-        ShownOnTerminal("batch LIST.csv --jobs 1 --out r", "mv 0001/master.pgm kept; mkfifo 0001/master.pgm; "
-                                                           "{ sleep 0.3; cat kept >0001/master.pgm; } & :");
+    // The first pair takes long enough, from its picture's opening on, for the bar to be drawn again.
+    const std::string strShown = ShownOnTerminal("batch LIST.csv --jobs 1 --out r",
+                                                 "mv 0001/master.pgm kept; mkfifo 0001/master.pgm; "
+                                                 "{ exec 9>0001/master.pgm; sleep 0.3; cat kept >&9; } & :");
     const std::regex tBars("\\r\\[-{40}\\] 0/2\\x1b\\[K\\r\\[#{20}-{20}\\] 1/2  [0-9]+\\.[0-9]/s  0:[0-9]{2} "
                            "left(.|\\r)*\\r\\x1b\\[K");
     EXPECT_TRUE(std::regex_match(strShown, tBars)) << strShown;

@@ -32,7 +32,7 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
 TEST_F(BadInput, PipeThatSaysNothingIsNamed) {
     Render();
     const Outcome t = Run("measure pipe slave.pgm --calibration calibration.bin",
-                          "mkfifo pipe; (sleep 2.5; cat master.pgm >pipe) & :");
+                          "mkfifo pipe; (until [ -s err ]; do sleep 0.1; done; cat master.pgm >pipe) & :");
     EXPECT_EQ(t.nExit, 0);
     EXPECT_EQ(t.strErr, "orvex-align: waiting for data from pipe\n");
 }
