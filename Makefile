@@ -7,7 +7,7 @@ ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest
 JOBS := $(shell nproc)
 LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
 
-.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench setup clean
+.PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench digests mutants setup clean
 
 all: build-release
 
@@ -28,6 +28,18 @@ demo: build-release
 
 test: build-release
 	@ctest --preset release -j $(JOBS)
+
+# Writes the kept bits of all measurements and steps anew. Its difference to the kept ones is to be read, line by line.
+digests: TARGET = digest_tests
+digests: build-release
+	@build/release/tests/digest_tests --write >build/release/digests.txt
+	@mv build/release/digests.txt tests/data/digests.txt
+	@git --no-pager diff --stat tests/data/digests.txt
+
+# Plants COUNT faults in a copy of src/, drawn by SEED, and lists those that no test catches; fails below 95 %.
+mutants:
+	@./cmake/install-packages.sh $(PACKAGES) python3
+	@python3 tests/mutants/plant.py --build build/mutants --jobs $(JOBS) --seed $(or $(SEED),1) --count $(or $(COUNT),100)
 
 test-clang:
 	@./cmake/install-packages.sh clang
