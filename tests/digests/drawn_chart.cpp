@@ -85,8 +85,9 @@ Plane AnyChart(Random& t, const Layout& tLayout) {
     const int nTop = nCentreY - nHalfHeight, nBottom = nCentreY + nHalfHeight;
     Plane tPlane(nColumns, nRows, static_cast<unsigned char>(nPaper));
     const auto Bar = [&](bool bHorizontal, int nFrom, int nTo, int nAcross, int nThick) {
-        DrawBar(tPlane, bHorizontal, {nFrom * nUnit, Near(nAcross, 2 * nUnit)},
-                {nTo * nUnit, Near(nAcross, 2 * nUnit)}, nThick * nUnit + t.Int(0, nUnit), nInk);
+        const int an[] = {Near(nAcross, 2 * nUnit), Near(nAcross, 2 * nUnit),
+                          nThick * nUnit + t.Int(0, nUnit)};
+        DrawBar(tPlane, bHorizontal, {nFrom * nUnit, an[0]}, {nTo * nUnit, an[1]}, an[2], nInk);
     };
     for (const int nRow : {nTop, nBottom})
         Bar(true, nLeft - nThickness / 2, nRight + nThickness / 2, nRow, nThickness);
@@ -98,14 +99,16 @@ Plane AnyChart(Random& t, const Layout& tLayout) {
     const int nCovering = t.Int(0, 5) == 0 ? 1 : 0;
     for (int i = 0; i < nCovering; ++i) {
         const int x = t.Int(-20, nColumns), y = t.Int(-20, nRows);
-        tPlane.Fill(x, y, x + t.Int(2, 60), y + t.Int(2, 60), static_cast<unsigned char>(t.Int(0, nPaper)));
+        const int x2 = x + t.Int(2, 60), y2 = y + t.Int(2, 60);
+        tPlane.Fill(x, y, x2, y2, static_cast<unsigned char>(t.Int(0, nPaper)));
     }
-    Shade(tPlane, t.Int(0, 1) * t.Int(0, 30));
+    Shade(tPlane, t.Int(0, 1) == 0 ? t.Int(0, 30) : 0);
     AddNoise(t, tPlane, t.Int(0, 4) == 0 ? t.Int(8, 60) : t.Int(0, 8));
     const int nSpecks = t.Int(0, 3) == 0 ? t.Int(0, 400) : 0;
     for (int i = 0; i < nSpecks; ++i) {
         const int x = t.Int(0, nColumns - 1), y = t.Int(0, nRows - 1);
-        tPlane.Fill(x, y, x + t.Int(0, 2), y + t.Int(0, 1), static_cast<unsigned char>(t.Int(0, 255)));
+        const int x2 = x + t.Int(0, 2), y2 = y + t.Int(0, 1);
+        tPlane.Fill(x, y, x2, y2, static_cast<unsigned char>(t.Int(0, 255)));
     }
     return tPlane;
 }
@@ -113,16 +116,16 @@ Plane AnyChart(Random& t, const Layout& tLayout) {
 Plane BorderChart(Random& t, int nColumns, int nRows) {
     Plane tPlane(nColumns, nRows, support::ubPaper);
     const int nRight = (nColumns - 1) * nUnit, nBottom = (nRows - 1) * nUnit;
-    const auto Edge = [&](int n) { return n + t.Int(-nUnit / 4, nUnit / 4); };
-    const auto Middle = [&](int n) { return n / 2 + t.Int(-nUnit, nUnit); };
-    DrawBar(tPlane, true, {0, Edge(nUnit / 2)}, {nRight, Edge(nUnit / 2)}, 3 * nUnit, support::ubInk);
-    DrawBar(tPlane, false, {0, Edge(nUnit / 2)}, {nBottom, Edge(nUnit / 2)}, 3 * nUnit, support::ubInk);
-    DrawBar(tPlane, true, {0, Edge(nBottom)}, {nRight, Edge(nBottom)}, 2 * nUnit, support::ubInk);
-    DrawBar(tPlane, false, {0, Edge(nRight)}, {nBottom, Edge(nRight)}, 2 * nUnit, support::ubInk);
-    DrawBar(tPlane, true, {40 * nUnit, Middle(nBottom)}, {nRight - 40 * nUnit, Middle(nBottom)}, 8 * nUnit,
-            support::ubInk);
-    DrawBar(tPlane, false, {40 * nUnit, Middle(nRight)}, {nBottom - 40 * nUnit, Middle(nRight)}, 8 * nUnit,
-            support::ubInk);
+    const auto Bar = [&](bool bHorizontal, int nFrom, int nTo, int nAcross, int nAside, int nThickness) {
+        const int an[] = {nAcross + t.Int(-nAside, nAside), nAcross + t.Int(-nAside, nAside)};
+        DrawBar(tPlane, bHorizontal, {nFrom, an[0]}, {nTo, an[1]}, nThickness * nUnit, support::ubInk);
+    };
+    Bar(true, 0, nRight, nUnit / 2, nUnit / 4, 3);
+    Bar(false, 0, nBottom, nUnit / 2, nUnit / 4, 3);
+    Bar(true, 0, nRight, nBottom, nUnit / 4, 2);
+    Bar(false, 0, nBottom, nRight, nUnit / 4, 2);
+    Bar(true, 40 * nUnit, nRight - 40 * nUnit, nBottom / 2, nUnit, 8);
+    Bar(false, 40 * nUnit, nBottom - 40 * nUnit, nRight / 2, nUnit, 8);
     AddNoise(t, tPlane, t.Int(0, 6));
     return tPlane;
 }

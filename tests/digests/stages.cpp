@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <gtest/gtest.h>
+#include <tuple>
 
 using compare::BitLines;
 using support::Plane;
@@ -25,10 +27,10 @@ Plane AnyPlane(Random& t, int nColumns, int nRows) {
     Plane tPlane(nColumns, nRows, static_cast<unsigned char>(t.Int(60, 250)));
     for (int i = t.Int(1, 6); i > 0; --i) {
         const int x = t.Int(-5, nColumns), y = t.Int(-5, nRows);
-        tPlane.Fill(x, y, x + t.Int(0, nColumns), y + t.Int(0, i % 2 ? 9 : nRows),
-                    static_cast<unsigned char>(t.Int(0, 255)));
+        const int x2 = x + t.Int(0, nColumns), y2 = y + t.Int(0, i % 2 ? 9 : nRows);
+        tPlane.Fill(x, y, x2, y2, static_cast<unsigned char>(t.Int(0, 255)));
     }
-    AddNoise(t, tPlane, t.Int(0, 3) * t.Int(0, 30));
+    AddNoise(t, tPlane, t.Int(0, 3) == 0 ? 0 : t.Int(0, 90));
     return tPlane;
 }
 
@@ -101,7 +103,7 @@ void WriteIntersectionAndAngle(std::ostream& tOut) {
                   nThickY = t.Int(1, 21);
         tGrey.Fill(cx - nReachX, cy, cx + t.Int(44, 70), cy + nThickY - 1, 40);
         tGrey.Fill(cx, cy - nReachY, cx + nThickX - 1, cy + t.Int(44, 70), 40);
-        AddNoise(t, tGrey, t.Int(0, 2) * t.Int(0, 60));
+        AddNoise(t, tGrey, t.Int(0, 1) == 0 ? 0 : t.Int(0, 90));
         Plane tBinary(nColumns, nRows, 7);
         unsigned short auwCenter[2] = {9, 9};
         double dAngle = -77.0, dAux = -77.0;
@@ -179,8 +181,10 @@ Plane AnyFrame(Random& t, int nColumns, int nRows, int cx, int cy) {
     const int nThick = t.Int(4, 9), nInk = t.Int(20, 190);
     tPlane.Fill(x1, y1, x2, y2, static_cast<unsigned char>(nInk));
     tPlane.Fill(x1 + nThick, y1 + nThick, x2 - nThick, y2 - nThick, 200);
-    if (t.Int(0, 2) == 0)
-        tPlane.Fill(x1 + t.Int(-3, 9), cy, x1 + nThick + t.Int(0, 9), y2, static_cast<unsigned char>(nInk));
+    if (t.Int(0, 2) == 0) {
+        const int an[] = {x1 + t.Int(-3, 9), x1 + nThick + t.Int(0, 9)};
+        tPlane.Fill(an[0], cy, an[1], y2, static_cast<unsigned char>(nInk));
+    }
     AddNoise(t, tPlane, t.Int(0, 6));
     return tPlane;
 }
@@ -239,13 +243,14 @@ void WriteCornerPoints(std::ostream& tOut) {
                            {Outward(cx + nHalfWidth, 1), Outward(cy + nHalfHeight, 1)},
                            {Outward(cx - nHalfWidth, 1), Outward(cy - nHalfHeight, 1)},
                            {Outward(cx + nHalfWidth, -1), Outward(cy + nHalfHeight, -1)}}};
-        const int nMaster = t.Int(0, 2);
+        const int nMaster = t.Int(0, 2), nFarX = 5 * (n % 7), nFarY = 5 * (n % 6);
         std::vector<unsigned int> anStatus;
         for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
-                                         DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt})
+                                         DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt}) {
+            const _POINTPOSITION pt = {cx + t.Int(-nFarX, 2), cy + t.Int(-2, nFarY)};
             anStatus.push_back(MeasureCorner(tBinary.Data(), tGrey.Data(), tGrey.Columns(), tGrey.Rows(),
-                                             cx + t.Int(-5 * (n % 7), 2), cy + t.Int(-2, 5 * (n % 6)), p[0],
-                                             p[1], p[2], p[3], nMaster));
+                                             pt.x, pt.y, p[0], p[1], p[2], p[3], nMaster));
+        }
         tLines.Add(Call(n) + "_status", anStatus);
         tLines.Add(Call(n) + "_master", m_tDualCamAlignData.afCornerPoint_Master);
         tLines.Add(Call(n) + "_slave", m_tDualCamAlignData.afCornerPoint_Slave);
@@ -305,6 +310,66 @@ void WriteGreyPlane(std::ostream& tOut) {
     }
 }
 
+// Every stage with each pointer null in turn, and with sizes around the limits.
+void WriteRefusals(std::ostream& tOut) {
+    const BitLines tLines(tOut, "stage/refusals");
+    constexpr int anSizes[][2] = {{3, 2},     {0, 2},     {2, 0},     {-1, 2},    {2, -1},
+                                  {65535, 1}, {1, 65535}, {65536, 1}, {1, 65536}, {65535, 32769}};
+    StartAnew();
+    std::vector<unsigned char> aGrey(70000, 100), aBinary(70000);
+    for (const auto& [nColumns, nRows] : anSizes)
+        for (int nNull = 0; nNull < 7; ++nNull) {
+            const auto Unless = [&](int n, auto* p) { return n == nNull ? nullptr : p; };
+            unsigned char *const pGrey = Unless(1, aGrey.data()), *const pBinary = Unless(2, aBinary.data());
+            const auto w = static_cast<unsigned int>(nColumns), h = static_cast<unsigned int>(nRows);
+            std::vector<unsigned int> an;
+            for (const bool bRefine : {false, true}) {
+                unsigned short auwCenter[2] = {1, 1};
+                double dAngle = 0.0;
+                float afCentre[2] = {};
+                int nSpan = 0;
+                an.push_back(static_cast<unsigned int>(
+                    DualCamAlign_BinaryImage(pGrey, nColumns, nRows, 0.6, nullptr, pBinary, 0.45, 0.45, true,
+                                             Unless(3, auwCenter), bRefine)));
+                an.push_back(DualCamAlign_CalculateIntersectionAndAngle(
+                    pBinary, pGrey, nColumns, nRows, Unless(4, &dAngle), Unless(5, afCentre),
+                    Unless(6, &nSpan), nullptr, nullptr, nullptr, 0.45, 0.45, true, Unless(3, auwCenter),
+                    bRefine));
+            }
+            Points p = {};
+            an.push_back(static_cast<unsigned int>(
+                DualCamAlign_CalImageFrame(pGrey, w, h, 1, 1, Unless(3, &p[0]), Unless(4, &p[1]),
+                                           Unless(5, &p[2]), Unless(6, &p[3]), 1)));
+            an.push_back(static_cast<unsigned int>(
+                DualCamAlign_BinaryImageFrame(pGrey, pBinary, w, h, 1, 1, p[0], p[1], p[2], p[3], 1)));
+            for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
+                                             DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt})
+                an.push_back(MeasureCorner(pBinary, pGrey, w, h, 1, 1, p[0], p[1], p[2], p[3], 1));
+            GetGValueFromRGB(pGrey, 3, 2, pBinary);
+            tLines.Add(std::to_string(nColumns) + "x" + std::to_string(nRows) + "_" + std::to_string(nNull),
+                       an);
+        }
+    double adValues[] = {1.0, 2.0};
+    unsigned short auwIndices[] = {0, 1};
+    bubblesort(nullptr, auwIndices, 2);
+    bubblesort(adValues, nullptr, 2);
+    bubblesort(adValues, auwIndices, INT32_MIN);
+    tLines.Add("bubblesort", adValues);
+    for (const auto& [nMasterRows, nSlaveRows, bMaster, bSlave] :
+         {std::tuple{2, 2, false, true}, {2, 2, true, false}, {0, 2, true, true}, {2, 65536, true, true}}) {
+        std::memset(&m_pCMainView.nWidth_Master, 0, 4 * sizeof(std::int32_t));
+        m_pCMainView.nWidth_Master = m_pCMainView.nWidth_Slave = 3;
+        m_pCMainView.nHeight_Master = nMasterRows;
+        m_pCMainView.nHeight_Slave = nSlaveRows;
+        Plane tGrey(1728, 972, 100);
+        testing::internal::CaptureStdout();
+        const unsigned int nStatus =
+            DualCamAlign_Calculation(bMaster ? tGrey.Data() : nullptr, bSlave ? tGrey.Data() : nullptr);
+        std::fflush(stdout);
+        tLines.Text("Calculation_" + std::to_string(nStatus), testing::internal::GetCapturedStdout());
+    }
+}
+
 } // namespace
 
 void WriteStages(std::ostream& tOut) {
@@ -316,6 +381,7 @@ void WriteStages(std::ostream& tOut) {
     WriteFrame(tOut);
     WriteCornerPoints(tOut);
     WriteNumbers(tOut);
+    WriteRefusals(tOut);
 }
 
 } // namespace digests

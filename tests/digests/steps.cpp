@@ -56,7 +56,8 @@ std::vector<int> AnyProfile(Random& t, int nLength, int nStep, int nMost) {
     std::vector<int> an;
     int n = t.Int(0, nMost);
     while (static_cast<int>(an.size()) < nLength) {
-        n = std::clamp(n + t.Int(-1, 1) * (nStep + t.Int(-2, 2)), 0, nMost);
+        const int anMove[] = {t.Int(-1, 1), nStep + t.Int(-2, 2)};
+        n = std::clamp(n + anMove[0] * anMove[1], 0, nMost);
         an.insert(an.end(), static_cast<std::size_t>(t.Int(1, 7)), n);
     }
     an.resize(static_cast<std::size_t>(nLength));
@@ -66,6 +67,20 @@ std::vector<int> AnyProfile(Random& t, int nLength, int nStep, int nMost) {
 } // namespace
 
 void WriteImage(std::ostream& tOut) {
+    const BitLines tLines(tOut, "image/usable_size");
+    for (const auto& [nColumns, nRows] : {std::pair{1L, 1L},
+                                          {0L, 1L},
+                                          {1L, 0L},
+                                          {65535L, 32768L},
+                                          {32768L, 65535L},
+                                          {65536L, 1L},
+                                          {1L, 65536L},
+                                          {65535L, 32769L},
+                                          {49981L, 42966L},
+                                          {49981L, 42967L},
+                                          {-3L, -3L}})
+        tLines.Add(std::to_string(nColumns) + "x" + std::to_string(nRows),
+                   IsUsableSize(nColumns, nRows) ? 1 : 0);
     WriteCalls<int>(tOut, "image/line_scan", 3, [](Random& t, std::vector<int>* pan) {
         const int nFirst = t.Int(-1, 3);
         const LineScan tScan = {
@@ -86,18 +101,21 @@ void WriteImage(std::ostream& tOut) {
         int nEdge = nNone;
         if (nTarget == 24 || nStart != nTarget)
             FindEdgeByLineSum(tPlane.Data(), tPlane.nColumns, bRowLines ? 1 : nStart, bRowLines ? nStart : 1,
-                              bRowLines ? 5 : nTarget, bRowLines ? nTarget : 5, bRowLines, &nEdge);
+                              bRowLines ? 5 : nTarget, bRowLines ? nTarget : 5, bRowLines,
+                              t.Int(0, 9) == 0 ? nullptr : &nEdge);
         pan->push_back(nEdge);
     });
     WriteCalls<double>(tOut, "image/region_threshold", 4, [](Random& t, std::vector<double>* pad) {
         Plane tPlane(8, 8, static_cast<unsigned char>(t.Int(100, 140)));
         AddNoise(t, tPlane, t.Int(0, 3) * 20);
-        tPlane.Fill(0, 0, 7, t.Int(-1, 7), static_cast<unsigned char>(t.Int(0, 70)));
+        const int nDarkRows = t.Int(0, 8);
+        tPlane.Fill(0, 0, 7, nDarkRows - 1, static_cast<unsigned char>(t.Int(0, 70)));
         const double adShares[] = {0.0, 0.125, 0.25, 0.5, 0.75, 1.0};
         double d = nNone;
-        const int x1 = t.Int(0, 4), y1 = t.Int(0, 4);
-        CalcRegionThreshold(tPlane.Data(), 8, x1, y1, t.Int(3, 7), t.Int(3, 7), adShares[t.Int(0, 5)],
-                            adShares[t.Int(0, 5)], t.Real(0, 1), &d);
+        const int an[] = {t.Int(0, 4), t.Int(0, 4), t.Int(3, 7), t.Int(3, 7)};
+        const double ad[] = {adShares[t.Int(0, 5)], adShares[t.Int(0, 5)], t.Real(0, 1)};
+        CalcRegionThreshold(tPlane.Data(), 8, an[0], an[1], an[2], an[3], ad[0], ad[1], ad[2],
+                            t.Int(0, 9) == 0 ? nullptr : &d);
         pad->push_back(d);
     });
     WriteCalls<int>(tOut, "image/centre_window", 3, [](Random& t, std::vector<int>* pan) {
@@ -131,44 +149,45 @@ void WriteGeometry(std::ostream& tOut) {
         std::vector<double> ad;
         for (int i = t.Int(1, 40); i > 0; --i)
             ad.push_back(t.Int(18, 22));
-        AddRange(FindBarBand(ad, t.Real(-2, 40), t.Int(0, 60)), pan);
+        const double adPlace[] = {t.Real(-2, 40), static_cast<double>(t.Int(0, 60))};
+        AddRange(FindBarBand(ad, adPlace[0], adPlace[1]), pan);
     });
     // Few and far pixels keep the centre moving, so that it meets the last round or converges before it.
     WriteCalls<double>(tOut, "geometry/centroid", 6, [](Random& t, std::vector<double>* pad) {
         std::vector<double> aad[2];
         for (std::vector<double>& ad : aad)
             for (int i = 0; i < 120; ++i)
-                ad.push_back(t.Int(0, 3) == 0 ? t.Int(0, 9) * t.Int(0, i / 3) : 0.0);
-        const Centre tCentre = RefineByCentroids(
-            aad[0], aad[1], {static_cast<double>(t.Int(10, 90)), static_cast<double>(t.Int(10, 90))},
-            {t.Real(0, 120), t.Real(0, 120)});
+                ad.push_back(t.Int(0, 3) == 0 ? t.Int(0, 3 * i) : 0.0);
+        const CentroidExtents tExtents = {static_cast<double>(t.Int(10, 90)),
+                                          static_cast<double>(t.Int(10, 90))};
+        const Centre tCentre = RefineByCentroids(aad[0], aad[1], tExtents, {t.Real(0, 120), t.Real(0, 120)});
         pad->insert(pad->end(), {tCentre.dX, tCentre.dY});
     });
     WriteCalls<double>(tOut, "geometry/dark_run", 4, [](Random& t, std::vector<double>* pad) {
         std::array<unsigned char, 12> aub;
         for (unsigned char& ub : aub)
-            ub = static_cast<unsigned char>(t.Int(0, 1) * 40 + t.Int(0, 9));
-        const int nFirst = t.Int(0, 11);
-        pad->push_back(DarkRunCentre({{aub.data(), 1}, 12}, {nFirst, t.Int(nFirst - 1, 11)},
-                                     t.Int(0, 1) ? t.Int(0, 49) : t.Real(0, 49))
-                           .value_or(nNone));
+            ub = static_cast<unsigned char>(t.Int(0, 1) == 0 ? t.Int(0, 9) : t.Int(40, 49));
+        const int nFirst = t.Int(0, 11), nLast = t.Int(nFirst - 1, 11);
+        const double dThreshold = t.Int(0, 1) ? t.Int(0, 49) : t.Real(0, 49);
+        pad->push_back(DarkRunCentre({{aub.data(), 1}, 12}, {nFirst, nLast}, dThreshold).value_or(nNone));
     });
     WriteCalls<double>(tOut, "geometry/bar_line", 4, [](Random& t, std::vector<double>* pad) {
         const bool bHorizontal = t.Int(0, 1) == 0;
         Plane tPlane(bHorizontal ? 100 : 12, bHorizontal ? 12 : 100, 200);
-        tPlane.Fill(bHorizontal ? t.Int(0, 12) : 3, bHorizontal ? 3 : t.Int(0, 12),
-                    bHorizontal ? t.Int(80, 99) : 7, bHorizontal ? 7 : t.Int(80, 99),
-                    static_cast<unsigned char>(t.Int(0, 90)));
-        AddNoise(t, tPlane, t.Int(0, 9) * t.Int(0, 1));
+        const Range tLines = {t.Int(0, 12), t.Int(80, 99)};
+        const auto Fill = [&](int nFrom, int nTo, int nFirst, int nLast, int nGrey) {
+            tPlane.Fill(bHorizontal ? nFrom : nFirst, bHorizontal ? nFirst : nFrom, bHorizontal ? nTo : nLast,
+                        bHorizontal ? nLast : nTo, static_cast<unsigned char>(nGrey));
+        };
+        Fill(static_cast<int>(tLines.nFirst), static_cast<int>(tLines.nLast), 3, 7, t.Int(0, 90));
+        AddNoise(t, tPlane, t.Int(0, 1) == 0 ? t.Int(0, 9) : 0);
         if (t.Int(0, 3) == 0) // barely brighter beside the band: an edge far outside
-            tPlane.Fill(bHorizontal ? t.Int(10, 80) : 0, bHorizontal ? 0 : t.Int(10, 80),
-                        bHorizontal ? 99 : 2, bHorizontal ? 2 : 99, 91);
+            Fill(t.Int(10, 80), 99, 0, 2, 91);
         BarLine tLine = {{nNone, nNone}, {nNone, nNone}};
-        const Range tRun = {t.Int(0, 20), t.Int(70, 99)};
+        const Range tRun = {t.Int(0, 20), t.Int(70, 99)}, tBand = {t.Int(0, 4), t.Int(5, 11)};
+        const double adAt[] = {t.Int(0, 5) == 0 ? 20 + 79 * t.Int(0, 1) : t.Real(10, 90), t.Real(60, 120)};
         pad->push_back(MeasureBarLine({tPlane.Data(), {tPlane.nColumns, tPlane.nRows}}, bHorizontal, tRun,
-                                      t.Int(0, 5) == 0 ? t.Int(0, 1) * 79 + 20 : t.Real(10, 90),
-                                      {t.Int(0, 4), t.Int(5, 11)}, t.Real(60, 120), {1, 2, 3, 4, 5, 6},
-                                      &tLine));
+                                      adAt[0], tBand, adAt[1], {1, 2, 3, 4, 5, 6}, &tLine));
         pad->insert(pad->end(),
                     {tLine.tFirst.dAlong, tLine.tFirst.dAcross, tLine.tSecond.dAlong, tLine.tSecond.dAcross});
     });
@@ -211,8 +230,8 @@ void WriteCorners(std::ostream& tOut) {
     });
     WriteCalls<double>(tOut, "corners/stripe_centre", 5, [](Random& t, std::vector<double>* pad) {
         Plane tPlane(12, 12, 200);
-        tPlane.Fill(t.Int(0, 6), t.Int(0, 6), t.Int(5, 11), t.Int(5, 11),
-                    static_cast<unsigned char>(t.Int(0, 90)));
+        const int an[] = {t.Int(0, 6), t.Int(0, 6), t.Int(5, 11), t.Int(5, 11), t.Int(0, 90)};
+        tPlane.Fill(an[0], an[1], an[2], an[3], static_cast<unsigned char>(an[4]));
         AddNoise(t, tPlane, t.Int(0, 1) * 60);
         for (int i = t.Int(0, 7); i > 0; --i) { // lines without anything dark
             const int n = t.Int(0, 11);
@@ -222,8 +241,11 @@ void WriteCorners(std::ostream& tOut) {
             tPlane.Fill(0, 0, 1, 11, 92).Fill(0, 0, 11, 1, 92);
         const int x1 = t.Int(0, 3) == 0 ? t.Int(-1, 3) : 0, y1 = t.Int(0, 3) == 0 ? t.Int(-1, 3) : 0;
         double x = nNone, y = nNone;
-        const bool bFound = MeasureStripeLineCentre(tPlane.Data(), 12, 12, x1, y1, t.Int(2, 12), t.Int(2, 12),
-                                                    t.Int(0, 1) == 0, &x, &y, t.Real(80, 110));
+        const int x2 = t.Int(2, 12), y2 = t.Int(2, 12), nNull = t.Int(0, 19);
+        const bool bColumnLines = t.Int(0, 1) == 0;
+        const bool bFound =
+            MeasureStripeLineCentre(tPlane.Data(), 12, 12, x1, y1, x2, y2, bColumnLines,
+                                    nNull == 0 ? nullptr : &x, nNull == 1 ? nullptr : &y, t.Real(80, 110));
         pad->insert(pad->end(), {bFound ? 1.0 : 0.0, x, y});
     });
     WriteCalls<double>(tOut, "corners/cross_sides", 4, [](Random& t, std::vector<double>* pad) {
@@ -237,7 +259,8 @@ void WriteCorners(std::ostream& tOut) {
         }
         const std::optional<CornerPosition> o = CrossSides(tHorizontal, tVertical);
         double adFit[4] = {nNone, nNone, nNone, nNone};
-        FitLineYonX(tHorizontal.adX, tHorizontal.adY, &adFit[0], &adFit[1]);
+        FitLineYonX(tHorizontal.adX, tHorizontal.adY, nKind == 3 ? nullptr : &adFit[0],
+                    nKind == 4 ? nullptr : &adFit[1]);
         FitLineXonY(tVertical.adX, tVertical.adY, &adFit[2], &adFit[3]);
         pad->insert(pad->end(),
                     {o ? o->dX : nNone, o ? o->dY : nNone, adFit[0], adFit[1], adFit[2], adFit[3]});
