@@ -91,11 +91,11 @@ void BitLines::Count(const char* szWord) const {
 
 void BitLines::Text(const std::string& strField, const std::string& strText) const {
     m_tOut << m_strCase << " text " << strField << " \"";
-    for (const unsigned char ub : strText)
-        if (std::isgraph(ub) != 0)
-            m_tOut << static_cast<char>(ub);
+    for (const char ch : strText)
+        if (std::isgraph(static_cast<unsigned char>(ch)) != 0)
+            m_tOut << ch;
         else
-            m_tOut << (ub == ' ' ? "_" : ub == '\n' ? "\\n" : "?");
+            m_tOut << (ch == ' ' ? "_" : ch == '\n' ? "\\n" : "?");
     m_tOut << "\"\n";
 }
 

@@ -104,7 +104,7 @@ class Tests:
         start = time.monotonic()
         caught = self.catching()
         if caught:
-            sys.exit(f'Without any fault, {caught} fails')
+            sys.exit(f'Without any fault: {caught}')
         self.seconds = 30 + 5 * (time.monotonic() - start)
 
     seconds = 600
@@ -124,10 +124,18 @@ class Tests:
             return found.group(1) if found else f'digest_tests: {collapsed(output)[-60:]}'
         if not self.compiles(OTHER_PROGRAMS):
             return 'the build of the other tests'
-        code, output = run(['ctest', '--test-dir', self.build, '-j', str(self.jobs), '-E', LEFT_OUT, '-R',
-                            '^[A-Z][A-Za-z]*\\.', '--stop-on-failure', '--timeout', '120'], self.seconds)
-        failed = re.search(r'\d+ - (\S+) \((?!Skipped)', output.split('tests FAILED')[-1]) if code else None
-        return None if code == 0 else failed.group(1) if failed else 'ctest'
+        failed = self.failing(LEFT_OUT)
+        # Once more: another program on this machine may have been in its way.
+        return failed and self.failing(LEFT_OUT)
+
+    def failing(self, left_out):
+        """The first of the other tests that fails."""
+        code, output = run(['ctest', '--test-dir', self.build, '-j', str(self.jobs), '-R', r'^[A-Z][A-Za-z]*\.', '-E',
+                            left_out, '--stop-on-failure', '--timeout', '300'], self.seconds)
+        if code == 0:
+            return None
+        failed = re.findall(r'\d+ - (\S+) \((?!Skipped)', output)
+        return failed[0] if failed else 'ctest: ' + collapsed(output)[-60:]
 
 
 def main():
