@@ -5,7 +5,7 @@ PACKAGES := cmake ninja-build g++ libgtest-dev android-liblog-dev libmbedtls-dev
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
   libmbedtls-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
 JOBS := $(shell nproc)
-LIBRARY_TESTS := inside_tests measurement_tests record_file_tests
+LIBRARY_TESTS := inside_tests digest_tests measurement_tests record_file_tests
 
 .PHONY: all demo test test-clang test-asan test-browser test-arm64 compare-arm64 fuzz lint valgrind coverage install aar bench digests mutants setup clean
 
@@ -39,7 +39,7 @@ digests: build-release
 # Plants COUNT faults in a copy of src/, drawn by SEED, and lists those that no test catches; fails below 95 %.
 mutants:
 	@./cmake/install-packages.sh $(PACKAGES) python3
-	@python3 tests/mutants/plant.py --build build/mutants --jobs $(JOBS) --seed $(or $(SEED),1) --count $(or $(COUNT),100)
+	@python3 mutants/plant.py --build build/mutants --jobs $(JOBS) --seed $(or $(SEED),1) --count $(or $(COUNT),100)
 
 test-clang:
 	@./cmake/install-packages.sh clang

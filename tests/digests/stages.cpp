@@ -291,9 +291,24 @@ void WriteNumbers(std::ostream& tOut) {
         for (float& f : afSource)
             f = static_cast<float>(t.Real(0, 2000));
         DualCamAlign_CoordinateTransfer(afSource, n == 8 ? nullptr : afTarget, static_cast<int>(n % 4));
+        // Points that come to lie near 0, where single precision shows the last bits of the double one.
+        float afNear[40], afNearTarget[40];
+        const bool bAlongY = p.bShiftAlongY != 0;
+        for (int i = 0; i < 40; ++i) {
+            const bool bY = i % 2 == 1;
+            const double dMaster = bY ? m_pCMainView.nHeight_Master : m_pCMainView.nWidth_Master;
+            const double dSlave = bY ? m_pCMainView.nHeight_Slave : m_pCMainView.nWidth_Slave;
+            const double dShift = bY == bAlongY ? static_cast<double>(p.fSlaveShift) : 0.0;
+            afNear[i] =
+                static_cast<float>(dMaster / 2 - (dSlave / 2 + dShift) / d.dTransferScale + 1e-4 * (i / 2));
+        }
+        if (n < 19)
+            DualCamAlign_CoordinateTransfer(afNear, afNearTarget, 20);
         atAtanCalls.clear();
         DualCamAlign_FirstResultJudgement();
         tLines.Add("afTarget", afTarget);
+        if (n < 19)
+            tLines.Add("afNearTarget", afNearTarget);
         tLines.AddAtans();
         tLines.AddWorkingBlock();
     }

@@ -120,7 +120,10 @@ void WriteImage(std::ostream& tOut) {
     });
     WriteCalls<int>(tOut, "image/centre_window", 3, [](Random& t, std::vector<int>* pan) {
         const PictureSize tSize = {t.Int(1, 400), t.Int(1, 400)};
-        const WindowRatios tRatios = {t.Real(-0.2, 1.5), t.Real(-0.2, 1.5)};
+        // Half of the ratios meet whole pixels, if only almost.
+        const bool bWhole = t.Int(0, 1) == 0;
+        const WindowRatios tRatios = {bWhole ? 1.0 * t.Int(0, 400) / tSize.nWidth : t.Real(-0.2, 1.5),
+                                      bWhole ? 1.0 * t.Int(0, 400) / tSize.nHeight : t.Real(-0.2, 1.5)};
         const unsigned short auw[] = {static_cast<unsigned short>(t.Int(0, 400)),
                                       static_cast<unsigned short>(t.Int(0, 400))};
         const CentreWindow at[] = {
@@ -149,7 +152,8 @@ void WriteGeometry(std::ostream& tOut) {
         std::vector<double> ad;
         for (int i = t.Int(1, 40); i > 0; --i)
             ad.push_back(t.Int(18, 22));
-        const double adPlace[] = {t.Real(-2, 40), static_cast<double>(t.Int(0, 60))};
+        const double adPlace[] = {t.Int(0, 1) ? t.Int(-2, 40) : t.Real(-2, 40),
+                                  static_cast<double>(t.Int(0, 60))};
         AddRange(FindBarBand(ad, adPlace[0], adPlace[1]), pan);
     });
     // Few and far pixels keep the centre moving, so that it meets the last round or converges before it.
@@ -185,28 +189,35 @@ void WriteGeometry(std::ostream& tOut) {
             Fill(t.Int(10, 80), 99, 0, 2, 91);
         BarLine tLine = {{nNone, nNone}, {nNone, nNone}};
         const Range tRun = {t.Int(0, 20), t.Int(70, 99)}, tBand = {t.Int(0, 4), t.Int(5, 11)};
-        const double adAt[] = {t.Int(0, 5) == 0 ? 20 + 79 * t.Int(0, 1) : t.Real(10, 90), t.Real(60, 120)};
+        const double adAt[] = {t.Int(0, 5) == 0 ? 20 + 79 * t.Int(0, 1)
+                               : t.Int(0, 1)    ? t.Int(10, 90)
+                                                : t.Real(10, 90),
+                               t.Real(60, 120)};
         pad->push_back(MeasureBarLine({tPlane.Data(), {tPlane.nColumns, tPlane.nRows}}, bHorizontal, tRun,
                                       adAt[0], tBand, adAt[1], {1, 2, 3, 4, 5, 6}, &tLine));
         pad->insert(pad->end(),
                     {tLine.tFirst.dAlong, tLine.tFirst.dAcross, tLine.tSecond.dAlong, tLine.tSecond.dAcross});
     });
     const auto AnyBar = [](Random& t) {
-        return BarLine{{t.Real(100, 300), t.Real(200, 204)},
-                       {t.Real(400, 700), t.Int(0, 3) == 0 ? 202 : t.Real(200, 204)}};
+        const int nAcross = t.Int(0, 1) == 0 ? 200 : 1;
+        return BarLine{{t.Real(100, 300), nAcross + t.Real(0, 4)},
+                       {t.Real(400, 700), nAcross + (t.Int(0, 3) == 0 ? 2 : t.Real(0, 4))}};
     };
-    WriteCalls<double>(tOut, "geometry/crossing", 3, [&](Random& t, std::vector<double>* pad) {
+    WriteCalls<double>(tOut, "geometry/crossing", 8, [&](Random& t, std::vector<double>* pad) {
         BarLine tVertical = AnyBar(t);
         if (const int n = t.Int(0, 3); n < 2) // upright, or all but upright
             tVertical.tSecond.dAcross = tVertical.tFirst.dAcross + n * t.Real(-2e-6, 2e-6);
         const Centre tCentre = CrossBars(AnyBar(t), tVertical);
         pad->insert(pad->end(), {tCentre.dX, tCentre.dY});
     });
-    for (unsigned int n = 0; n < 20; ++n) {
+    // Slopes whose angle in single precision shows the last digit of the constants.
+    constexpr float afTelling[] = {0.510654628f, 0.529010057f, 0.548483908f, 0.717454553f};
+    for (unsigned int n = 0; n < 16; ++n) {
         Random t(n);
         const BitLines tLines(tOut, "geometry/bar_angle_" + std::to_string(n));
         atAtanCalls.clear();
-        const double dAngle = BarAngle(AnyBar(t));
+        const double dAngle =
+            BarAngle(n < std::size(afTelling) ? BarLine{{0, 0}, {1, afTelling[n]}} : AnyBar(t));
         tLines.AddAtans();
         tLines.Elements("single", "dAngle", &dAngle, sizeof dAngle);
     }
@@ -290,6 +301,13 @@ void WriteEntry(std::ostream& tOut) {
         std::array<unsigned char, ORVEX_CALIBRATION_SIZE> aubCalibration;
         for (unsigned char& ub : aubCalibration)
             ub = static_cast<unsigned char>(t.Int(0, 255));
+        // Focus pairs whose offset shows that its product is not rounded.
+        constexpr int anTelling[][2] = {{4649, 71}, {9298, 142}, {12901, 197}, {16829, 257}};
+        for (const std::size_t nAt : {std::size_t{13}, std::size_t{2911}})
+            for (std::size_t i = 0; i < 2 && n < std::size(anTelling); ++i) {
+                aubCalibration[nAt + 2 * i] = static_cast<unsigned char>(anTelling[n][i] / 256);
+                aubCalibration[nAt + 2 * i + 1] = static_cast<unsigned char>(anTelling[n][i] % 256);
+            }
         float afCentres[4];
         for (float& f : afCentres)
             f = static_cast<float>(t.Real(0, n == 11 ? 90000 : 2000));

@@ -56,32 +56,6 @@ TEST_F(FrameLocation, EnclosesBothFindsOfEachSide) {
     ExpectPoint(tFrame.tInnerRD, 1449 - 40, 805 - 40);
 }
 
-TEST_F(FrameLocation, ChoosesTheParametersByCamera) {
-    Plane t = support::UprightChart();
-    m_tDualCamAlignParam.nFrameMargin_Slave = 10;
-    m_tDualCamAlignParam.nFrameOffsetX_Slave = 4000; // clamped to the border, outside the frame
-    EXPECT_EQ(Locate(t, 864, 486, 1).tOuterLT.x, 239);
-    EXPECT_NE(Locate(t, 864, 486, 0).nStatus, 0);
-    const Frame tMixed = Locate(t, 864, 486, 2);
-    ASSERT_EQ(tMixed.nStatus, 0) << "the master's offsets";
-    EXPECT_EQ(tMixed.tOuterLT.x, 269) << "with the slave's margin";
-}
-
-TEST_F(FrameLocation, ClampsStartsAndRectangles) {
-    Plane t(1000, 500, 200);
-    t.Fill(0, 0, 999, 20, 40).Fill(0, 0, 0, 499, 40).Fill(999, 0, 999, 499, 40).Fill(0, 480, 999, 499, 40);
-    // The starts left and right are clamped to columns 2 and 997, whose segments reach the borders.
-    const Frame tFrame = Locate(t, 440, 250);
-    EXPECT_EQ(tFrame.nStatus, 0x101001A) << "column 0 is the target and never looked at";
-    t.Fill(1, 0, 1, 499, 40);
-    const Frame tFound = Locate(t, 440, 250); // the last column counts, unconfirmed
-    ASSERT_EQ(tFound.nStatus, 0);
-    ExpectPoint(tFound.tOuterLT, 0, 0);
-    ExpectPoint(tFound.tOuterRD, 999, 499);
-    ExpectPoint(tFound.tInnerLT, 41, 60);
-    ExpectPoint(tFound.tInnerRD, 959, 440);
-}
-
 TEST(RegionThreshold, BlendsOrCapsBetweenTheLevels) {
     Plane tHalf(10, 10, 200), tMore(10, 10, 200), tPale(10, 10, 200);
     tHalf.Fill(0, 0, 9, 4, 30);

@@ -19,7 +19,7 @@ import time
 
 from faults import faults
 
-ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 OTHER_PROGRAMS = ['inside_tests', 'measurement_tests', 'record_file_tests', 'memory_fault_tests']
 LEFT_OUT = 'Accuracy|ThreeHundred|hardened|installed|phone|exported|NOT_BUILT|Kept/'
 
