@@ -247,7 +247,11 @@ void WriteCornerPoints(std::ostream& tOut) {
         std::vector<unsigned int> anStatus;
         for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
                                          DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt}) {
-            const _POINTPOSITION pt = {cx + t.Int(-nFarX, 2), cy + t.Int(-2, nFarY)};
+            _POINTPOSITION pt = {cx + t.Int(-nFarX, 2), cy + t.Int(-2, nFarY)};
+            if (n % 6 == 5) // at the picture's border, or behind it
+                (n % 12 == 5 ? pt.x : pt.y) =
+                    t.Int(0, 1) == 0 ? t.Int(-1, 1)
+                                     : (n % 12 == 5 ? tGrey.nColumns : tGrey.nRows) - t.Int(-1, 1);
             anStatus.push_back(MeasureCorner(tBinary.Data(), tGrey.Data(), tGrey.Columns(), tGrey.Rows(),
                                              pt.x, pt.y, p[0], p[1], p[2], p[3], nMaster));
         }
@@ -328,21 +332,28 @@ void WriteGreyPlane(std::ostream& tOut) {
 // Every stage with each pointer null in turn, and with sizes around the limits.
 void WriteRefusals(std::ostream& tOut) {
     const BitLines tLines(tOut, "stage/refusals");
-    constexpr int anSizes[][2] = {{3, 2},     {0, 2},     {2, 0},     {-1, 2},    {2, -1},
+    constexpr int anSizes[][2] = {{300, 300}, {3, 2},     {0, 2},     {2, 0},     {-1, 2},       {2, -1},
                                   {65535, 1}, {1, 65535}, {65536, 1}, {1, 65536}, {65535, 32769}};
     StartAnew();
-    std::vector<unsigned char> aGrey(70000, 100), aBinary(70000);
+    DualCamAlignParam& p = m_tDualCamAlignParam;
+    p.nFrameOffsetX_Master = p.nFrameOffsetY_Master = 80;
+    p.nFrameMargin_Master = 24;
+    Plane tGrey(300, 300, 200); // a chart that every stage measures at its own size
+    tGrey.Fill(45, 45, 254, 254, 40).Fill(54, 54, 245, 245, 200);
+    tGrey.Fill(95, 146, 204, 153, 40).Fill(146, 95, 153, 204, 40);
+    Plane tBinary(300, 300, 0);
     for (const auto& [nColumns, nRows] : anSizes)
         for (int nNull = 0; nNull < 7; ++nNull) {
-            const auto Unless = [&](int n, auto* p) { return n == nNull ? nullptr : p; };
-            unsigned char *const pGrey = Unless(1, aGrey.data()), *const pBinary = Unless(2, aBinary.data());
+            const auto Unless = [&](int n, auto* pValue) { return n == nNull ? nullptr : pValue; };
+            unsigned char *const pGrey = Unless(1, tGrey.Data()), *const pBinary = Unless(2, tBinary.Data());
             const auto w = static_cast<unsigned int>(nColumns), h = static_cast<unsigned int>(nRows);
+            unsigned short auwCenter[2] = {150, 150};
+            double dAngle = 0.0;
+            float afCentre[2] = {};
+            int nSpan = 0;
+            Points apt = {};
             std::vector<unsigned int> an;
             for (const bool bRefine : {false, true}) {
-                unsigned short auwCenter[2] = {1, 1};
-                double dAngle = 0.0;
-                float afCentre[2] = {};
-                int nSpan = 0;
                 an.push_back(static_cast<unsigned int>(
                     DualCamAlign_BinaryImage(pGrey, nColumns, nRows, 0.6, nullptr, pBinary, 0.45, 0.45, true,
                                              Unless(3, auwCenter), bRefine)));
@@ -351,15 +362,15 @@ void WriteRefusals(std::ostream& tOut) {
                     Unless(6, &nSpan), nullptr, nullptr, nullptr, 0.45, 0.45, true, Unless(3, auwCenter),
                     bRefine));
             }
-            Points p = {};
             an.push_back(static_cast<unsigned int>(
-                DualCamAlign_CalImageFrame(pGrey, w, h, 1, 1, Unless(3, &p[0]), Unless(4, &p[1]),
-                                           Unless(5, &p[2]), Unless(6, &p[3]), 1)));
-            an.push_back(static_cast<unsigned int>(
-                DualCamAlign_BinaryImageFrame(pGrey, pBinary, w, h, 1, 1, p[0], p[1], p[2], p[3], 1)));
+                DualCamAlign_CalImageFrame(pGrey, w, h, 150, 150, Unless(3, &apt[0]), Unless(4, &apt[1]),
+                                           Unless(5, &apt[2]), Unless(6, &apt[3]), 1)));
+            an.push_back(static_cast<unsigned int>(DualCamAlign_BinaryImageFrame(
+                pGrey, pBinary, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1)));
             for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
                                              DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt})
-                an.push_back(MeasureCorner(pBinary, pGrey, w, h, 1, 1, p[0], p[1], p[2], p[3], 1));
+                an.push_back(
+                    MeasureCorner(pBinary, pGrey, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1));
             GetGValueFromRGB(pGrey, 3, 2, pBinary);
             tLines.Add(std::to_string(nColumns) + "x" + std::to_string(nRows) + "_" + std::to_string(nNull),
                        an);
@@ -372,11 +383,9 @@ void WriteRefusals(std::ostream& tOut) {
     tLines.Add("bubblesort", adValues);
     for (const auto& [nMasterRows, nSlaveRows, bMaster, bSlave] :
          {std::tuple{2, 2, false, true}, {2, 2, true, false}, {0, 2, true, true}, {2, 65536, true, true}}) {
-        std::memset(&m_pCMainView.nWidth_Master, 0, 4 * sizeof(std::int32_t));
         m_pCMainView.nWidth_Master = m_pCMainView.nWidth_Slave = 3;
         m_pCMainView.nHeight_Master = nMasterRows;
         m_pCMainView.nHeight_Slave = nSlaveRows;
-        Plane tGrey(1728, 972, 100);
         testing::internal::CaptureStdout();
         const unsigned int nStatus =
             DualCamAlign_Calculation(bMaster ? tGrey.Data() : nullptr, bSlave ? tGrey.Data() : nullptr);

@@ -110,10 +110,18 @@ void WriteImage(std::ostream& tOut) {
         AddNoise(t, tPlane, t.Int(0, 3) * 20);
         const int nDarkRows = t.Int(0, 8);
         tPlane.Fill(0, 0, 7, nDarkRows - 1, static_cast<unsigned char>(t.Int(0, 70)));
+        if (t.Int(0, 4) == 0) // the dark level is just the share of the bright one that is no ink
+            for (unsigned char& ub : tPlane.aPixels)
+                ub = ub > 90 ? 200 : 90;
         const double adShares[] = {0.0, 0.125, 0.25, 0.5, 0.75, 1.0};
         double d = nNone;
         const int an[] = {t.Int(0, 4), t.Int(0, 4), t.Int(3, 7), t.Int(3, 7)};
-        const double ad[] = {adShares[t.Int(0, 5)], adShares[t.Int(0, 5)], t.Real(0, 1)};
+        double ad[] = {adShares[t.Int(0, 5)], adShares[t.Int(0, 5)], t.Real(0, 1)};
+        if (t.Int(0, 2) == 0) // all but a whole number of pixels, by less than single precision holds
+            for (double* const pd : {&ad[0], &ad[1]}) {
+                const int anShare[] = {t.Int(0, 20), t.Int(-1, 1)};
+                *pd = anShare[0] / ((an[2] - an[0] + 1.0) * (an[3] - an[1] + 1.0)) + anShare[1] * 1e-10;
+            }
         CalcRegionThreshold(tPlane.Data(), 8, an[0], an[1], an[2], an[3], ad[0], ad[1], ad[2],
                             t.Int(0, 9) == 0 ? nullptr : &d);
         pad->push_back(d);
@@ -156,15 +164,25 @@ void WriteGeometry(std::ostream& tOut) {
                                   static_cast<double>(t.Int(0, 60))};
         AddRange(FindBarBand(ad, adPlace[0], adPlace[1]), pan);
     });
-    // Few and far pixels keep the centre moving, so that it meets the last round or converges before it.
-    WriteCalls<double>(tOut, "geometry/centroid", 6, [](Random& t, std::vector<double>* pad) {
+    // Far pixels keep the centre moving up to the last round, bars over a faint ground let it converge, and a
+    // heavy first entry brings it close to the origin.
+    WriteCalls<double>(tOut, "geometry/centroid", 9, [](Random& t, std::vector<double>* pad) {
         std::vector<double> aad[2];
-        for (std::vector<double>& ad : aad)
+        const int nKind = t.Int(0, 2);
+        for (std::vector<double>& ad : aad) {
+            const double dGround = t.Real(0, 2);
+            const int nBar = t.Int(50, 60);
             for (int i = 0; i < 120; ++i)
-                ad.push_back(t.Int(0, 3) == 0 ? t.Int(0, 3 * i) : 0.0);
+                ad.push_back(nKind == 0   ? t.Int(0, 3) == 0 ? t.Int(0, 3 * i) : 0.0
+                             : nKind == 1 ? i >= nBar && i < nBar + 10 ? 100.0 : dGround
+                             : i == 0     ? 9000.0
+                                          : t.Int(0, 8) / 8);
+        }
+        const double dFar = nKind == 2 ? 3.0 : 120.0;
         const CentroidExtents tExtents = {static_cast<double>(t.Int(10, 90)),
                                           static_cast<double>(t.Int(10, 90))};
-        const Centre tCentre = RefineByCentroids(aad[0], aad[1], tExtents, {t.Real(0, 120), t.Real(0, 120)});
+        const Centre tCentre =
+            RefineByCentroids(aad[0], aad[1], tExtents, {t.Real(0, dFar), t.Real(0, dFar)});
         pad->insert(pad->end(), {tCentre.dX, tCentre.dY});
     });
     WriteCalls<double>(tOut, "geometry/dark_run", 4, [](Random& t, std::vector<double>* pad) {
