@@ -21,21 +21,6 @@ bool Centre(Plane& t, double* pdX, double* pdY, int x2 = 7) {
 
 } // namespace
 
-TEST(StripeCentre, MeansTheDarkRunOfItsLines) {
-    Plane t = Stripe();
-    double x = 0.0, y = 0.0;
-    ASSERT_TRUE(Centre(t, &x, &y));
-    EXPECT_DOUBLE_EQ(x, 3.5);
-    EXPECT_DOUBLE_EQ(y, 11.0);
-    t.Fill(0, 11, 7, 12, 200).Fill(0, 9, 7, 9, 100); // 100 is dark, and its outer edge lies at the pixel
-    ASSERT_TRUE(Centre(t, &x, &y));
-    EXPECT_DOUBLE_EQ(y, (9 + 10.5) * 0.5);
-    Plane tAcross = Plane(20, 8, 200).Fill(10, 0, 12, 7, 0);
-    ASSERT_TRUE(MeasureStripeLineCentre(tAcross.Data(), 20, 8, 0, 2, 19, 5, false, &x, &y, 100.0));
-    EXPECT_DOUBLE_EQ(x, 11.0);
-    EXPECT_DOUBLE_EQ(y, 3.5);
-}
-
 TEST(StripeCentre, ToleratesFiveMisses) {
     Plane t = Stripe();
     t.Fill(6, 0, 6, 19, 200).Fill(5, 10, 5, 12, 200).Fill(5, 13, 5, 15, 0); // a miss behind a line 3 px lower

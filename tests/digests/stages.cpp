@@ -90,47 +90,6 @@ void WriteBinaryImage(std::ostream& tOut) {
     }
 }
 
-// Cross bars alone, of few enough pixels for every limit to be met.
-void WriteIntersectionAndAngle(std::ostream& tOut) {
-    for (unsigned int n = 0; n < 60; ++n) {
-        Random t(n);
-        const BitLines tLines(tOut, "stage/IntersectionAndAngle_" + std::to_string(n));
-        StartAnew();
-        const int nColumns = t.Int(140, 190), nRows = t.Int(140, 260);
-        Plane tGrey(nColumns, nRows, 200);
-        const int cx = nColumns / 2 + t.Int(-8, 8), cy = nRows / 2 + t.Int(-8, 8);
-        const int nReachX = t.Int(44, 70), nReachY = t.Int(44, 70), nThickX = t.Int(1, 21),
-                  nThickY = t.Int(1, 21);
-        tGrey.Fill(cx - nReachX, cy, cx + t.Int(44, 70), cy + nThickY - 1, 40);
-        tGrey.Fill(cx, cy - nReachY, cx + nThickX - 1, cy + t.Int(44, 70), 40);
-        AddNoise(t, tGrey, t.Int(0, 1) == 0 ? 0 : t.Int(0, 90));
-        Plane tBinary(nColumns, nRows, 7);
-        unsigned short auwCenter[2] = {9, 9};
-        double dAngle = -77.0, dAux = -77.0;
-        float afCentre[2] = {-77.0f, -77.0f};
-        int nSpan = -77;
-        const bool bMaster = t.Int(0, 1) == 0;
-        const double dWidth = t.Real(0.7, 1.2), dHeight = t.Real(0.7, 1.2);
-        const double dRatio = t.Int(0, 2) == 0 ? t.Real(0.8, 1.1) : t.Real(0.4, 0.8);
-        for (const bool bRefine : {false, true}) {
-            DualCamAlign_BinaryImage(tGrey.Data(), nColumns, nRows, dRatio, nullptr, tBinary.Data(), dWidth,
-                                     dHeight, bMaster, auwCenter, bRefine);
-            const unsigned int nStatus = DualCamAlign_CalculateIntersectionAndAngle(
-                tBinary.Data(), tGrey.Data(), nColumns, nRows, &dAngle, afCentre, &nSpan, &dAux, &dAux, &dAux,
-                dWidth, dHeight, bMaster, auwCenter, bRefine);
-            tLines.Add(bRefine ? "status" : "status_coarse", nStatus);
-            tLines.Add(bRefine ? "auwCenter" : "auwCenter_coarse", auwCenter);
-        }
-        tLines.AddAtans();
-        tLines.Elements("single", "dAngle", &dAngle, sizeof dAngle);
-        tLines.Add("dAux", dAux);
-        tLines.Add("afCentre", afCentre);
-        tLines.Add("nSpan", nSpan);
-        tLines.Add("afCrossCenterCopy_Master", m_tDualCamAlignData.afCrossCenterCopy_Master);
-        tLines.Add("afCrossCenterCopy_Slave", m_tDualCamAlignData.afCrossCenterCopy_Slave);
-    }
-}
-
 void WriteBubblesort(std::ostream& tOut) {
     const BitLines tLines(tOut, "stage/bubblesort");
     for (int n = 0; n < 20; ++n) {
@@ -400,7 +359,6 @@ void WriteStages(std::ostream& tOut) {
     WriteState(tOut);
     WriteGreyPlane(tOut);
     WriteBinaryImage(tOut);
-    WriteIntersectionAndAngle(tOut);
     WriteBubblesort(tOut);
     WriteFrame(tOut);
     WriteCornerPoints(tOut);

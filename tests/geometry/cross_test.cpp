@@ -1,13 +1,10 @@
 #include "Orvex_Alignment_Stages.h"
-#include "geometry/crossing.h"
-#include "geometry/dark_run.h"
 #include "support/plane.h"
 #include "support/random.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
-using namespace orvex;
 using support::Plane;
 
 namespace {
@@ -81,31 +78,4 @@ TEST(BubbleSort, GivesWhatBubblePassesGive) {
         bubblesort(adValues.data(), auwIndex.data(), nCount);
         EXPECT_EQ(auwIndex, auwPasses) << nCount;
     }
-}
-
-TEST(DarkRun, InterpolatesAtTheFullThresholdBeyondTheRange) {
-    const auto Centre = [](std::vector<unsigned char> a, Range tRange, double dThreshold) {
-        return DarkRunCentre({{a.data(), 1}, static_cast<int>(a.size())}, tRange, dThreshold);
-    };
-    // Leading edge 2 - 0.5, trailing edge 4 + 0.25.
-    EXPECT_EQ(Centre({200, 150, 50, 50, 50, 250, 250}, {0, 6}, 100.0), (1.5 + 4.25) * 0.5);
-    EXPECT_EQ(Centre({200, 150, 50, 50, 50, 250, 250}, {2, 4}, 100.0), (1.5 + 4.25) * 0.5);
-    EXPECT_NEAR(*Centre({150, 101, 100, 150}, {0, 3}, 100.9), ((2 - 0.9) + (2 + 0.9 / 50)) * 0.5, 1e-12)
-        << "dark up to the truncated threshold, edges at the full one";
-    // At the picture's border and beside an equal pixel the edge stays at the whole pixel.
-    EXPECT_EQ(Centre({50, 50, 150}, {0, 2}, 100.0), (0 + 1.5) * 0.5);
-    EXPECT_EQ(Centre({50, 50, 50, 150}, {1, 3}, 100.0), (1 + 2.5) * 0.5);
-    EXPECT_FALSE(Centre({200, 150}, {0, 1}, 100.0));
-    EXPECT_FALSE(Centre({50, 50}, {1, 0}, 100.0));
-}
-
-TEST(Crossing, UprightBranchIsTheLimitOfTheGeneralOne) {
-    const auto At = [](double dLean) {
-        return CrossBars({{500.0, 480.0}, {1200.0, 487.0}}, {{300.0, 864.5}, {660.0, 864.5 + dLean}});
-    };
-    EXPECT_DOUBLE_EQ(At(0.0).dX, 864.5);
-    EXPECT_NEAR(At(0.0).dY, 483.645, 1e-9);
-    // Columns closer than a millionth of a pixel are rounding noise; the formula would lose the centre to it.
-    EXPECT_EQ(At(1e-13).dY, At(0.0).dY);
-    EXPECT_NEAR(At(1e-5).dY, At(0.0).dY, 1e-4);
 }
