@@ -291,17 +291,20 @@ void WriteGreyPlane(std::ostream& tOut) {
 // Every stage with each pointer null in turn, and with sizes around the limits.
 void WriteRefusals(std::ostream& tOut) {
     const BitLines tLines(tOut, "stage/refusals");
-    constexpr int anSizes[][2] = {{300, 300}, {3, 2},     {0, 2},     {2, 0},     {-1, 2},       {2, -1},
-                                  {65535, 1}, {1, 65535}, {65536, 1}, {1, 65536}, {65535, 32769}};
+    constexpr int anSizes[][2] = {{300, 300}, {300, 65536}, {65536, 300},  {3, 2},     {0, 2},
+                                  {2, 0},     {-1, 2},      {2, -1},       {65535, 1}, {1, 65535},
+                                  {65536, 1}, {1, 65536},   {65535, 32769}};
     StartAnew();
     DualCamAlignParam& p = m_tDualCamAlignParam;
     p.nFrameOffsetX_Master = p.nFrameOffsetY_Master = 80;
     p.nFrameMargin_Master = 24;
-    Plane tGrey(300, 300, 200); // a chart that every stage measures at its own size
-    tGrey.Fill(45, 45, 254, 254, 40).Fill(54, 54, 245, 245, 200);
-    tGrey.Fill(95, 146, 204, 153, 40).Fill(146, 95, 153, 204, 40);
-    Plane tBinary(300, 300, 0);
-    for (const auto& [nColumns, nRows] : anSizes)
+    Points aptFrame = {};
+    for (const auto& [nColumns, nRows] : anSizes) {
+        // A chart that every stage would measure, were it not for the size.
+        Plane tGrey(std::max(nColumns, 300), std::max(nColumns < 32769 ? nRows : 300, 300), 200);
+        tGrey.Fill(45, 45, 254, 254, 40).Fill(54, 54, 245, 245, 200);
+        tGrey.Fill(95, 146, 204, 153, 40).Fill(146, 95, 153, 204, 40);
+        Plane tBinary = Binarised(tGrey);
         for (int nNull = 0; nNull < 7; ++nNull) {
             const auto Unless = [&](int n, auto* pValue) { return n == nNull ? nullptr : pValue; };
             unsigned char *const pGrey = Unless(1, tGrey.Data()), *const pBinary = Unless(2, tBinary.Data());
@@ -324,6 +327,9 @@ void WriteRefusals(std::ostream& tOut) {
             an.push_back(static_cast<unsigned int>(
                 DualCamAlign_CalImageFrame(pGrey, w, h, 150, 150, Unless(3, &apt[0]), Unless(4, &apt[1]),
                                            Unless(5, &apt[2]), Unless(6, &apt[3]), 1)));
+            if (an.back() == ORVEX_OK)
+                aptFrame = apt;
+            apt = aptFrame;
             an.push_back(static_cast<unsigned int>(DualCamAlign_BinaryImageFrame(
                 pGrey, pBinary, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1)));
             for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
@@ -334,6 +340,8 @@ void WriteRefusals(std::ostream& tOut) {
             tLines.Add(std::to_string(nColumns) + "x" + std::to_string(nRows) + "_" + std::to_string(nNull),
                        an);
         }
+    }
+    Plane tGrey(3, 2, 100);
     double adValues[] = {1.0, 2.0};
     unsigned short auwIndices[] = {0, 1};
     bubblesort(nullptr, auwIndices, 2);
