@@ -13,7 +13,7 @@ CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
 MAKEFLAGS += --no-print-directory
 .NOTPARALLEL: # two targets may build in one folder; each uses all cores
 .PHONY: all build help setup demo test test-clang test-asan test-browser fuzz test-arm64 compare-arm64 lint valgrind \
-  coverage install aar bench clean
+  coverage install aar bench digests mutants clean
 
 all: build
 build: build-release ## all that there is, optimised, into build/release
@@ -38,6 +38,16 @@ demo: ## renders a pair with a known pose and measures it; leaves demo/report.ht
 
 test: build-release ## all tests
 	@ctest --preset release -j $(JOBS)
+
+digests: ## writes the kept bits of all measurements and steps anew; their difference is to be read, line by line
+	@$(MAKE) build-release TARGET=digest_tests
+	@build/release/bin/digest_tests --write >build/release/digests.txt
+	@mv build/release/digests.txt tests/data/digests.txt
+	@git --no-pager diff --stat tests/data/digests.txt
+
+mutants: ## plants COUNT (100) faults in a copy of src/, drawn by SEED (1); lists what no test catches; fails below 95 %
+	@$(NEED) $(PACKAGES) python3
+	@python3 mutants/plant.py --build build/mutants --jobs $(JOBS) --seed $(or $(SEED),1) --count $(or $(COUNT),100)
 
 test-clang: ## all tests, built with clang++
 	@$(NEED) clang

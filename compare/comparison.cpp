@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <iomanip>
 #include <optional>
 #include <sstream>
 
@@ -10,22 +11,63 @@ namespace compare {
 namespace {
 
 struct Line {
-    std::string strPair, strKind, strField, strHex;
+    std::string strCase, strKind, strField, strHex;
     bool bRead;
 
     explicit Line(std::istream& t) {
         std::string str;
         bRead = static_cast<bool>(std::getline(t, str));
-        std::istringstream(str) >> strPair >> strKind >> strField >> strHex;
+        std::istringstream(str) >> strCase >> strKind >> strField >> strHex;
     }
-    std::string Name() const { return "pair " + strPair + ", " + strField; }
+    std::string Name() const { return strCase + ", " + strField; }
     bool IsOfSameField(const Line& t) const {
-        return strPair == t.strPair && strKind == t.strKind && strField == t.strField;
+        return strCase == t.strCase && strKind == t.strKind && strField == t.strField;
     }
 };
 
 double ValueOf(const std::string& strHex) {
     return std::bit_cast<double>(static_cast<std::uint64_t>(std::stoull(strHex, nullptr, 16)));
+}
+
+// An element's value in words: a number is nothing to read in bits.
+std::string InWords(const std::string& strKind, const std::string& strHex) {
+    std::ostringstream t;
+    if (strKind == "float")
+        t << std::setprecision(9)
+          << std::bit_cast<float>(static_cast<std::uint32_t>(std::stoull(strHex, nullptr, 16)));
+    else if (strKind == "int")
+        t << static_cast<std::int32_t>(std::stoull(strHex, nullptr, 16));
+    else if (strHex.size() == 16 && strKind != "digest")
+        t << std::setprecision(17) << ValueOf(strHex);
+    else
+        return strHex;
+    return t.str() + " (" + strHex + ")";
+}
+
+std::size_t Digits(const std::string& strKind) {
+    if (strKind == "byte")
+        return 2;
+    if (strKind == "short")
+        return 4;
+    return strKind == "int" || strKind == "float" ? 8 : 16;
+}
+
+// Both values, of an array the first element in which they differ.
+std::string Apart(Line a, Line b) {
+    for (auto* const p : {&a, &b})
+        if (p->strHex == "0")
+            p->strHex.assign(std::max(a.strHex.size(), b.strHex.size()), '0');
+    if (a.strKind == "text" || a.strHex.size() != b.strHex.size())
+        return a.Name() + ": " + a.strHex + " against " + b.strHex;
+    const std::size_t nDigits = Digits(a.strKind), nElements = a.strHex.size() / nDigits;
+    std::size_t n = 0;
+    while (n + 1 < nElements && a.strHex.compare(n * nDigits, nDigits, b.strHex, n * nDigits, nDigits) == 0)
+        ++n;
+    const auto Element = [&](const Line& t) {
+        return InWords(t.strKind, t.strHex.substr(n * nDigits, nDigits));
+    };
+    const std::string strElement = nElements > 1 ? '[' + std::to_string(n) + ']' : std::string();
+    return a.Name() + strElement + ": " + Element(a) + " against " + Element(b);
 }
 
 // Neighbours among the doubles are neighbours here, from the lowest to the highest.
@@ -72,7 +114,7 @@ private:
 
 Comparison Compare(std::istream& tOne, std::istream& tOther, std::size_t nLeastRendered) {
     Comparison t;
-    std::string strPair;
+    std::string strCase;
     std::optional<Excuses> tExcuses;
     for (;;) {
         const Line a(tOne), b(tOther);
@@ -82,17 +124,16 @@ Comparison Compare(std::istream& tOne, std::istream& tOther, std::size_t nLeastR
             t.aDifferences.push_back(a.Name() + " stands against " + b.Name());
             break;
         }
-        if (a.strPair != strPair)
+        if (a.strCase != strCase)
             tExcuses.emplace();
-        strPair = a.strPair;
+        strCase = a.strCase;
         if (a.strKind == "count")
             ++t.aCounts[a.strField];
         t.nBytes += a.strHex.size() / 2;
         if (a.strHex == b.strHex)
             continue;
         const bool bExcused = tExcuses->Cover(a.strKind, a.strHex, b.strHex);
-        (bExcused ? t.aLastPlaces : t.aDifferences)
-            .push_back(a.Name() + ": " + a.strHex + " against " + b.strHex);
+        (bExcused ? t.aLastPlaces : t.aDifferences).push_back(Apart(a, b));
     }
     if (t.aCounts["rendered"] < nLeastRendered)
         t.aDifferences.push_back("only " + std::to_string(t.aCounts["rendered"]) + " rendered pairs, not " +

@@ -10,9 +10,10 @@ namespace compare {
 
 constexpr unsigned int nRenderedPairs = 110;
 
-// What two outputs of measured_bits have in common. A difference names pair, field and both values.
+// What two sequences of the lines of bit_lines.h have in common. A difference names case, field and both
+// values, the first one's before "against".
 struct Comparison {
-    std::map<std::string, std::size_t> aCounts; // of the pairs, by what they were and how they ended
+    std::map<std::string, std::size_t> aCounts; // of the cases, by what they were and how they ended
     std::size_t nBytes = 0;
     std::vector<std::string> aDifferences;
     std::vector<std::string> aLastPlaces; // where the C library's atan differs, and what that did to angles

@@ -19,10 +19,10 @@ TEST(Comparison, OneBitIsADifferenceButForWhatTheAtanOfTheSamePairExcuses) {
         std::string strOne, strOther;
         std::size_t nDifferences, nLastPlaces;
     } aCases[] = {
-        {"007 bytes f 0010ff\n", "007 bytes f 0010ff\n", 0, 0},
-        {"007 bytes f 0010ff\n", "007 bytes f 0011ff\n", 1, 0},
-        {"007 bytes f \n", "007 bytes f 00\n", 1, 0},
-        {"007 bytes f 3fefffffffffffff\n", "007 bytes f 3ff0000000000000\n", 1, 0},
+        {"007 byte f 0010ff\n", "007 byte f 0010ff\n", 0, 0},
+        {"007 byte f 0010ff\n", "007 byte f 0011ff\n", 1, 0},
+        {"007 byte f \n", "007 byte f 00\n", 1, 0},
+        {"007 byte f 3fefffffffffffff\n", "007 byte f 3ff0000000000000\n", 1, 0},
         {strAtan, strNext, 0, 1},
         {strAtan, "007 atan a 3ff0000000000001\n", 1, 0},
         {"007 atan a 8000000000000001\n", "007 atan a 0000000000000001\n", 1, 0},
@@ -41,10 +41,10 @@ TEST(Comparison, OneBitIsADifferenceButForWhatTheAtanOfTheSamePairExcuses) {
          strNext + strMoved + "007 difference d 3f50000000000800\n", 0, 3},
         {strAtan + strTilt + "007 difference d 3f50000000000000\n",
          strNext + strMoved + "007 difference d 3f50000000001000\n", 1, 2},
-        {"007 bytes f 00\n", "007 bytes g 00\n", 1, 0},
-        {"007 bytes f 00\n", "008 bytes f 00\n", 1, 0},
-        {"007 bytes f 00\n", "", 1, 0},
-        {"", "007 bytes f 00\n", 1, 0},
+        {"007 byte f 00\n", "007 byte g 00\n", 1, 0},
+        {"007 byte f 00\n", "008 byte f 00\n", 1, 0},
+        {"007 byte f 00\n", "", 1, 0},
+        {"", "007 byte f 00\n", 1, 0},
     };
     for (const auto& t : aCases) {
         const compare::Comparison tResult = Compared(strHead + t.strOne, strHead + t.strOther);
@@ -54,8 +54,8 @@ TEST(Comparison, OneBitIsADifferenceButForWhatTheAtanOfTheSamePairExcuses) {
     const std::string strDrawn = "007 count drawn\n";
     EXPECT_EQ(Compared("", "").aDifferences.size(), 1u) << "nothing compared is nothing shown";
     EXPECT_EQ(Compared(strDrawn, strDrawn).aDifferences.size(), 1u) << "nor is too little";
-    compare::Comparison t = Compared(strHead + "008 bytes f aa\n", strHead + "008 bytes f ab\n");
+    compare::Comparison t = Compared(strHead + "008 byte f aa\n", strHead + "008 byte f ab\n");
     EXPECT_EQ(t.aCounts["rendered"], 1u);
     EXPECT_EQ(t.nBytes, 1u);
-    EXPECT_EQ(t.aDifferences[0], "pair 008, f: aa against ab");
+    EXPECT_EQ(t.aDifferences[0], "008, f: aa against ab");
 }

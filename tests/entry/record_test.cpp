@@ -158,31 +158,6 @@ TEST(Key, IsFixedByTheCalibration) {
     EXPECT_EQ(aKey, FromHex("b1aed17dfd5366c04096784b586ae5fadffd2fa0b14b40c9dfd604b80799134e"));
 }
 
-TEST(Record, HoldsShiftsFloatsAndChecksum) {
-    Bytes aCalibration = Calibration();
-    const Bytes aFocus = {2, 88, 1, 44}; // 600 and 300
-    std::copy(aFocus.begin(), aFocus.end(), aCalibration.begin() + 13);
-    const float afMaster[] = {864.5f, 486.0f}, afSlave[] = {870.9f, 461.2f};
-    const _AFPROTECT t = MakeRecord(afMaster, afSlave, aCalibration.data());
-    EXPECT_EQ(t.ubVersionMajor, 1);
-    EXPECT_EQ(t.ubVersionMinor, 0);
-    EXPECT_EQ(t.swShiftX, 6);
-    EXPECT_EQ(t.swShiftY, -24);
-    const float fSlope = t.fAFSlope1, fOffset = t.fAFOffset1;
-    EXPECT_EQ(fSlope, static_cast<float>(300 / 0.176879));
-    EXPECT_EQ(fOffset, static_cast<float>(std::fma(-static_cast<double>(fSlope), 0.179622, 600.0)));
-    const auto* const pub = reinterpret_cast<const unsigned char*>(&t);
-    unsigned int nSum = 0;
-    for (int i = 2; i <= 21; ++i)
-        nSum += pub[i];
-    EXPECT_EQ(t.ubCheckSum, nSum % 256);
-    EXPECT_TRUE(std::all_of(pub + 23, pub + 151, [](unsigned char ub) { return ub == 0; }));
-    const float afFar[] = {66000.0f, NAN};
-    const _AFPROTECT tFar = MakeRecord(afMaster, afFar, aCalibration.data());
-    EXPECT_EQ(tFar.swShiftX, static_cast<short>(65135 - 65536)) << "low 16 bits";
-    EXPECT_EQ(tFar.swShiftY, 0);
-}
-
 TEST(RecordReader, AcceptsItsOwnAndNamesWhatDiffers) {
     const Bytes aCalibration = Calibration(), aPlain = ValidPlain(aCalibration);
     const ReadResult tGood = Read(aCalibration, RecordFile(aCalibration, aPlain));

@@ -1,16 +1,10 @@
 #include "Orvex_Alignment_Stages.h"
-#include "geometry/bar_line.h"
-#include "geometry/centroid.h"
-#include "geometry/crossing.h"
-#include "geometry/dark_histograms.h"
-#include "geometry/dark_run.h"
 #include "support/plane.h"
 #include "support/random.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
-using namespace orvex;
 using support::Plane;
 
 namespace {
@@ -64,54 +58,6 @@ TEST(Cross, UprightBarsGiveTheirMiddle) {
     EXPECT_EQ(m_tDualCamAlignData.afCrossCenterCopy_Slave[0], 0.0f);
 }
 
-TEST(Cross, CoarseRowLiesInTheDenseRunAndBelowTheWidth) {
-    unsigned short uwCenter[2] = {9, 9};
-    const auto CoarseRow = [&](Plane& t) {
-        DualCamAlign_CalculateIntersectionAndAngle(t.Data(), t.Data(), t.nColumns, t.nRows, nullptr, nullptr,
-                                                   nullptr, nullptr, nullptr, nullptr, 0.45, 0.45, true,
-                                                   uwCenter, false);
-        return uwCenter[1];
-    };
-    Plane t = Plane(600, 700, 255).Fill(300, 250, 303, 420, 0).Fill(200, 300, 400, 301, 0);
-    EXPECT_EQ(CoarseRow(t.Fill(180, 440, 420, 440, 0)), 300) << "row 440 is fuller, but behind the run";
-    EXPECT_EQ(uwCenter[0], 300);
-    // Higher than wide: the indices of rows from the width on stay 0 and never are the centre.
-    Plane tHigh = Plane(300, 2000, 255).Fill(100, 700, 103, 1200, 0).Fill(90, 900, 120, 905, 0);
-    EXPECT_EQ(CoarseRow(tHigh), 300) << "as it was";
-}
-
-TEST(DenseRun, NeedsNinetyOfAHundredNeighbours) {
-    std::vector<double> ad(300, 0.0);
-    std::fill(ad.begin() + 150, ad.end(), 1.0);
-    EXPECT_EQ(FirstOfDenseRun(ad), 150);
-    EXPECT_EQ(LastOfDenseRun(ad), 299);
-    std::fill(ad.begin() + 160, ad.begin() + 170, 0.0); // ten gaps: 90 of the 100 behind entry 150 remain
-    EXPECT_EQ(FirstOfDenseRun(ad), 150);
-    ad[170] = 0.0;
-    EXPECT_NE(FirstOfDenseRun(ad), 150);
-    std::fill(ad.begin(), ad.begin() + 211, 0.0); // 89 entries up to the end, beyond which nothing counts
-    EXPECT_FALSE(FirstOfDenseRun(ad));
-    EXPECT_FALSE(LastOfDenseRun(ad));
-}
-
-TEST(Centroid, ConvergesOnTheBarsAndRunsOnAsNan) {
-    // Bars 10 wide that cross the whole default window; the first range is centred on the coarse centre.
-    std::vector<double> adColumns(1728, 0.0), adRows(972, 0.0);
-    std::fill(adColumns.begin() + 472, adColumns.begin() + 1248, 10.0);
-    std::fill(adColumns.begin() + 860, adColumns.begin() + 870, 437.0);
-    std::fill(adRows.begin() + 263, adRows.begin() + 699, 10.0);
-    std::fill(adRows.begin() + 481, adRows.begin() + 491, 777.0);
-    const Centre t = RefineByCentroids(adColumns, adRows, {466, 305}, {860, 481});
-    EXPECT_NEAR(t.dX, 864.10, 0.005);
-    EXPECT_NEAR(t.dY, 485.38, 0.005);
-    const Centre tEmpty = RefineByCentroids(adColumns, std::vector<double>(972, 0.0), {466, 305}, {860, 481});
-    EXPECT_TRUE(std::isnan(tEmpty.dY));
-    EXPECT_TRUE(FindBarBand(adRows, tEmpty.dY, 305).IsEmpty());
-    const Range tBand = FindBarBand(adRows, t.dY, 305);
-    EXPECT_EQ(tBand.nFirst, 481);
-    EXPECT_EQ(tBand.nLast, 490);
-}
-
 TEST(BubbleSort, GivesWhatBubblePassesGive) {
     support::Random t(4);
     for (int nCount = 0; nCount < 300; ++nCount) {
@@ -131,47 +77,5 @@ TEST(BubbleSort, GivesWhatBubblePassesGive) {
                 }
         bubblesort(adValues.data(), auwIndex.data(), nCount);
         EXPECT_EQ(auwIndex, auwPasses) << nCount;
-    }
-}
-
-TEST(DarkRun, InterpolatesAtTheFullThresholdBeyondTheRange) {
-    const auto Centre = [](std::vector<unsigned char> a, Range tRange, double dThreshold) {
-        return DarkRunCentre({{a.data(), 1}, static_cast<int>(a.size())}, tRange, dThreshold);
-    };
-    // Leading edge 2 - 0.5, trailing edge 4 + 0.25.
-    EXPECT_EQ(Centre({200, 150, 50, 50, 50, 250, 250}, {0, 6}, 100.0), (1.5 + 4.25) * 0.5);
-    EXPECT_EQ(Centre({200, 150, 50, 50, 50, 250, 250}, {2, 4}, 100.0), (1.5 + 4.25) * 0.5);
-    EXPECT_NEAR(*Centre({150, 101, 100, 150}, {0, 3}, 100.9), ((2 - 0.9) + (2 + 0.9 / 50)) * 0.5, 1e-12)
-        << "dark up to the truncated threshold, edges at the full one";
-    // At the picture's border and beside an equal pixel the edge stays at the whole pixel.
-    EXPECT_EQ(Centre({50, 50, 150}, {0, 2}, 100.0), (0 + 1.5) * 0.5);
-    EXPECT_EQ(Centre({50, 50, 50, 150}, {1, 3}, 100.0), (1 + 2.5) * 0.5);
-    EXPECT_FALSE(Centre({200, 150}, {0, 1}, 100.0));
-    EXPECT_FALSE(Centre({50, 50}, {1, 0}, 100.0));
-}
-
-TEST(Crossing, UprightBranchIsTheLimitOfTheGeneralOne) {
-    const auto At = [](double dLean) {
-        return CrossBars({{500.0, 480.0}, {1200.0, 487.0}}, {{300.0, 864.5}, {660.0, 864.5 + dLean}});
-    };
-    EXPECT_DOUBLE_EQ(At(0.0).dX, 864.5);
-    EXPECT_NEAR(At(0.0).dY, 483.645, 1e-9);
-    // Columns closer than a millionth of a pixel are rounding noise; the formula would lose the centre to it.
-    EXPECT_EQ(At(1e-13).dY, At(0.0).dY);
-    EXPECT_NEAR(At(1e-5).dY, At(0.0).dY, 1e-4);
-}
-
-TEST(BarLine, RefusesEitherEndLeftOfThePicture) {
-    const BarStatuses tStatuses = {1, 2, 3, 4, 5, 6};
-    const auto Measure = [&](Plane t) {
-        BarLine tLine;
-        return MeasureBarLine({t.Data(), {10, 101}}, false, {10, 90}, 50, {1, 3}, 100, tStatuses, &tLine);
-    };
-    const Plane tBar = Plane(10, 101, 200).Fill(1, 0, 3, 100, 0);
-    EXPECT_EQ(Measure(tBar), 0u);
-    // Barely brighter beside the band: the edge flies out of the picture.
-    for (const int nFirstRow : {15, 80}) {
-        Plane t = tBar;
-        EXPECT_EQ(Measure(t.Fill(0, nFirstRow, 0, nFirstRow + 5, 1)), tStatuses.nOutside) << nFirstRow;
     }
 }

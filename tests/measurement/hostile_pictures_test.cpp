@@ -62,36 +62,3 @@ TEST(HostilePictures, StagesSurviveHostileCentresRectanglesAndRatios) {
         }
     }
 }
-
-TEST(HostilePictures, StagesRefuseNullAndUnusableSizes) {
-    unsigned char ub = 0;
-    unsigned short uwCenter[2] = {0, 0};
-    _POINTPOSITION p = {0, 0};
-    EXPECT_EQ(DualCamAlign_BinaryImage(nullptr, 1, 1, 0.6, nullptr, &ub, 0.45, 0.45, true, uwCenter, false),
-              0);
-    EXPECT_EQ(DualCamAlign_BinaryImage(&ub, 0, 1, 0.6, nullptr, &ub, 0.45, 0.45, true, uwCenter, false), 0);
-    EXPECT_EQ(DualCamAlign_BinaryImage(&ub, 1, 1, 0.6, nullptr, &ub, 0.45, 0.45, true, nullptr, true), 0);
-    EXPECT_EQ(DualCamAlign_CalculateIntersectionAndAngle(&ub, &ub, 1, 1, nullptr, nullptr, nullptr, nullptr,
-                                                         nullptr, nullptr, 0.45, 0.45, true, uwCenter, true),
-              0x1010006u);
-    EXPECT_EQ(DualCamAlign_CalImageFrame(&ub, 1, 1, 0, 0, &p, &p, &p, nullptr, 1), 0x101001A);
-    EXPECT_EQ(DualCamAlign_CalImageFrame(&ub, 0xFFFFFFFFu, 1, 0, 0, &p, &p, &p, &p, 1), 0x101001A);
-    EXPECT_EQ(DualCamAlign_BinaryImageFrame(&ub, nullptr, 1, 1, 0, 0, p, p, p, p, 1), 0x101001E);
-    EXPECT_EQ(DualCamAlign_NewMeasureRDPnt(nullptr, &ub, 1, 1, 0, 0, p, p, p, p, 1), 0x1010022u);
-    Picture tChart = UprightChart();
-    DualCamAlign_LoadParameters_ForAndroid();
-    m_pCMainView = {{}, nullptr, 1728, 972, 1728, 972};
-    EXPECT_EQ(DualCamAlign_Calculation(nullptr, tChart.aPixels.data()), 0x1010004u);
-    EXPECT_EQ(DualCamAlign_Calculation(tChart.aPixels.data(), nullptr), 0x1010005u);
-    m_pCMainView.nHeight_Slave = 0;
-    EXPECT_EQ(DualCamAlign_Calculation(tChart.aPixels.data(), tChart.aPixels.data()), 0x1010005u);
-    m_pCMainView.nWidth_Master = 65536;
-    EXPECT_EQ(DualCamAlign_Calculation(tChart.aPixels.data(), tChart.aPixels.data()), 0x1010004u);
-    bubblesort(nullptr, nullptr, 2);
-    double adValues[] = {1.0, 2.0};
-    unsigned short auwIndices[] = {0, 1};
-    bubblesort(adValues, auwIndices, INT32_MIN);
-    EXPECT_EQ(auwIndices[0], 0);
-    DualCamAlign_CoordinateTransfer(nullptr, nullptr, 3);
-    DualCamAlign_NewMeasureSquareLength(nullptr, true);
-}

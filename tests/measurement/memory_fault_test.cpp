@@ -48,6 +48,7 @@ Trace TraceWithFailing(int nFailing, const Picture& tMaster, const Picture& tSla
     std::vector<unsigned char> aCalibration = Calibration(), aFile(ORVEX_OUT_FILE_CAPACITY);
     std::array<double, 3> adAngles = {};
     std::filesystem::remove(tRecordFile);
+    const unsigned char* const pOlderBuffer = m_pCMainView.pGreenBuffer;
     WatchHeap(nFailing);
     const unsigned int nStatus =
         getAlign(pMaster, pSlave, &adAngles[0], &adAngles[1], &adAngles[2], aCalibration.data(),
@@ -59,6 +60,7 @@ Trace TraceWithFailing(int nFailing, const Picture& tMaster, const Picture& tSla
     EXPECT_EQ(tKeys.volatile_slots, 0u) << "keys that are never given back";
     EXPECT_EQ(FreesOfOlder(pMaster), 1);
     EXPECT_EQ(FreesOfOlder(pSlave), 1);
+    EXPECT_TRUE(pOlderBuffer == nullptr || FreesOfOlder(pOlderBuffer) == 1) << "the latest run's buffer";
     const bool bBuffer = m_pCMainView.pGreenBuffer != nullptr;
     EXPECT_EQ(LivingAllocations(), bBuffer ? 1 : 0) << "only the working buffer is kept";
     EXPECT_EQ(IsLiving(m_pCMainView.pGreenBuffer), bBuffer);

@@ -6,59 +6,6 @@
 
 using namespace support;
 
-namespace {
-
-enum Stage { Cross, Frame, FrameBinary, Corners };
-
-// To the letter, as service documents quote them.
-std::string MessageOf(Stage eStage, bool bMaster, unsigned int nStatus) {
-    const char* const aszText[][2] = {
-        {"Calculation of intersection and slope fail for Slave.  err=",
-         "Calculation of intersection and slope fail for Master.  err="},
-        {"Calculation of Slave Frame fail.  err=", "Calculation of Master Frame fail.  err="},
-        {"Calculation of binary frame fail for Slave.  err=",
-         "Calculation of binary frame fail for Master.  err="},
-        {"Calculation of corner point fail for Slave.  err=",
-         "Calculation of corner point fail for Master.  err="}};
-    constexpr int anLine[][2] = {{478, 349}, {494, 365}, {508, 382}, {532, 407}};
-    return "Alignment Processing.....\n" + std::string(aszText[eStage][bMaster]) + std::to_string(nStatus) +
-           "!! Line=" + std::to_string(anLine[eStage][bMaster]) + ".";
-}
-
-Stage StageOf(unsigned int nStatus) {
-    return nStatus < ORVEX_FRAME_UPPER_LEFT   ? Cross
-           : nStatus < ORVEX_FRAME_THRESHOLD  ? Frame
-           : nStatus == ORVEX_FRAME_THRESHOLD ? FrameBinary
-                                              : Corners;
-}
-
-AlignResult AlignQuietly(const Picture& tMaster, const Picture& tSlave, std::string* pstrOutput) {
-    testing::internal::CaptureStdout();
-    const AlignResult t = Align(tMaster, tSlave);
-    std::fflush(stdout);
-    *pstrOutput = testing::internal::GetCapturedStdout();
-    return t;
-}
-
-} // namespace
-
-TEST(Status, EachFailurePointHasItsOwnCodeAndMessageForBothCameras) {
-    const Picture tGood = UprightChart();
-    std::string strOutput;
-    for (const FailingChart& t : FailingCharts())
-        for (const bool bMaster : {true, false}) {
-            const AlignResult tResult = bMaster ? AlignQuietly(t.tPicture, tGood, &strOutput)
-                                                : AlignQuietly(tGood, t.tPicture, &strOutput);
-            EXPECT_EQ(tResult.nStatus, t.nStatus) << std::hex << tResult.nStatus << " for " << t.nStatus;
-            EXPECT_EQ(strOutput, MessageOf(StageOf(t.nStatus), bMaster, t.nStatus));
-            EXPECT_EQ(m_tDualCamAlignData.dRx, 0.0);
-            for (const double dAngle : {tResult.dRx, tResult.dRy, tResult.dRz})
-                EXPECT_EQ(dAngle, AlignResult::dUntouched);
-        }
-    EXPECT_EQ(AlignQuietly(tGood, tGood, &strOutput).nStatus, 0u);
-    EXPECT_EQ(strOutput, "Alignment Processing.....\n");
-}
-
 TEST(Status, OnePictureMayStandForBothCameras) {
     nWidth = nWidth_Slave = 1728;
     nHeight = nHeight_Slave = 972;

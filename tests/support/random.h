@@ -5,7 +5,9 @@
 
 namespace support {
 
-// The same numbers in every standard library: its engines are fixed, its distributions are not.
+// The same numbers in every standard library: its engines are fixed, its distributions are not. Two calls in
+// the arguments of one function or on both sides of an operator come in the compiler's order: between braces
+// they come in the written one.
 class Random {
 public:
     explicit Random(unsigned int nSeed) : m_tEngine(nSeed) {}

@@ -1,0 +1,36 @@
+#ifndef ORVEX_TESTS_DIGESTS_CASES_H
+#define ORVEX_TESTS_DIGESTS_CASES_H
+
+#include <ostream>
+
+namespace digests {
+
+// Cases whose lines (compare/bit_lines.h) are kept in tests/data/digests.txt. Their names begin with the
+// group's.
+struct Group {
+    const char* szName;
+    void (*Write)(std::ostream& tOut);
+};
+
+// Whole measurements.
+void WriteDrawnPairs(
+    std::ostream& tOut); // drawn charts, changed parameters, the pipeline between the entry's ends
+void WriteSmallestPairs(std::ostream& tOut); // the smallest pictures that getAlign measures, and smaller ones
+void WriteFailingPairs(std::ostream& tOut);  // each failure point with either camera
+void WriteRenderedPairs(std::ostream& tOut); // rendered charts, angles in and out of the range
+
+// Single steps with random arguments.
+void WriteStages(std::ostream& tOut); // the exported ones
+void WriteImage(std::ostream& tOut);  // those inside src/image
+void WriteGeometry(std::ostream& tOut);
+void WriteCorners(std::ostream& tOut);
+void WriteEntry(std::ostream& tOut);
+
+constexpr Group atGroups[] = {
+    {"drawn", WriteDrawnPairs},       {"smallest", WriteSmallestPairs}, {"failing", WriteFailingPairs},
+    {"rendered", WriteRenderedPairs}, {"stage", WriteStages},           {"image", WriteImage},
+    {"geometry", WriteGeometry},      {"corners", WriteCorners},        {"entry", WriteEntry}};
+
+} // namespace digests
+
+#endif
