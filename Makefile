@@ -41,7 +41,7 @@ test: build-release ## all tests
 
 digests: ## writes the kept bits of all measurements and steps anew; their difference is to be read, line by line
 	@$(MAKE) build-release TARGET=digest_tests
-	@build/release/bin/digest_tests --write >build/release/digests.txt
+	@build/release/tests/digest_tests --write >build/release/digests.txt
 	@mv build/release/digests.txt tests/data/digests.txt
 	@git --no-pager diff --stat tests/data/digests.txt
 
