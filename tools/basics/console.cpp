@@ -41,8 +41,8 @@ void Tell(const std::string& strMessage) {
 }
 
 std::string ShellWord(const std::string& str) {
-    constexpr char szPlain[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./,:=@%+-";
-    if (!str.empty() && str.find_first_not_of(szPlain) == str.npos)
+    constexpr char kPlain[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./,:=@%+-";
+    if (!str.empty() && str.find_first_not_of(kPlain) == str.npos)
         return str;
     if (Harmless(str) != str)
         return QuotedByNumbers(str);

@@ -5,12 +5,12 @@
 namespace tools {
 namespace {
 
-constexpr std::string_view strByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 class Reader {
 public:
     explicit Reader(std::string_view strText)
-        : m_strText(strText), m_nAt(strText.starts_with(strByteOrderMark) ? strByteOrderMark.size() : 0) {}
+        : m_strText(strText), m_nAt(strText.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0) {}
 
     bool AtEnd() const { return m_nAt >= m_strText.size(); }
 

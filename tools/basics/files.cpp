@@ -162,12 +162,12 @@ ToolError NotCreated(const std::string& strFile, const char* szUsually) {
 }
 
 std::string ReadStart(const std::string& strFile, std::size_t nBytes, const CheckStart& Check) {
-    constexpr std::size_t nChunk = std::size_t{1} << 20;
+    constexpr std::size_t kChunk = std::size_t{1} << 20;
     const File pFile = OpenToRead(strFile);
     std::string strBytes;
     for (std::size_t nRead = 1; nRead != 0 && strBytes.size() < nBytes;) {
         const std::size_t nOld = strBytes.size();
-        strBytes.resize(std::min(nOld + nChunk, nBytes));
+        strBytes.resize(std::min(nOld + kChunk, nBytes));
         nRead = std::fread(strBytes.data() + nOld, 1, strBytes.size() - nOld, pFile.get());
         strBytes.resize(nOld + nRead);
         if (std::ferror(pFile.get()) != 0)

@@ -11,7 +11,7 @@ struct CodeRange {
     char32_t nFirst, nLast;
 };
 
-constexpr std::array<CodeRange, 8> aHarmful = {{
+constexpr std::array<CodeRange, 8> kHarmful = {{
     {0x00, 0x1F},
     {0x7F, 0x9F},
     {0x061C, 0x061C}, // mark of direction, as the next one
@@ -30,7 +30,7 @@ struct Character {
 constexpr Character kNoCharacter = {1, false};
 
 // The least code that needs so many bytes.
-constexpr std::array<char32_t, 5> anLeast = {0, 0, 0x80, 0x800, 0x10000};
+constexpr std::array<char32_t, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
 
 Character FirstOf(std::string_view str) {
     const auto nLead = static_cast<unsigned char>(str.front());
@@ -44,10 +44,10 @@ Character FirstOf(std::string_view str) {
             return kNoCharacter;
         nCode = nCode << 6 | (static_cast<unsigned char>(c) & 0x3Fu);
     }
-    if (nCode < anLeast[nBytes])
+    if (nCode < kLeast[nBytes])
         return kNoCharacter;
     return {nBytes, std::ranges::none_of(
-                        aHarmful, [&](const CodeRange& t) { return nCode >= t.nFirst && nCode <= t.nLast; })};
+                        kHarmful, [&](const CodeRange& t) { return nCode >= t.nFirst && nCode <= t.nLast; })};
 }
 
 } // namespace

@@ -12,8 +12,8 @@ constexpr int kOneLine = -1; // in place of an indentation
 
 // As it is printed. A file's name in it may be any bytes, JSON only UTF-8; what is not ASCII is escaped, so
 // that the whole name is there and commands no terminal.
-inline std::string TextOf(const Json& t, int nIndent = 2) {
-    return t.dump(nIndent, ' ', true, Json::error_handler_t::replace) + "\n";
+inline std::string TextOf(const Json& json, int nIndent = 2) {
+    return json.dump(nIndent, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
 } // namespace tools

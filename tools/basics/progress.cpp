@@ -12,7 +12,7 @@
 namespace tools {
 namespace {
 
-constexpr std::size_t nLargestBar = 40;
+constexpr std::size_t kLargestBar = 40;
 
 std::size_t TerminalColumns() {
     winsize t = {};
@@ -67,7 +67,7 @@ void Progress::Draw() const {
                Duration(static_cast<double>(m_nTotal - m_nDone) * dSeconds / dDone) + " left";
     const std::size_t nTaken = str.size() + 4, nColumns = TerminalColumns();
     if (nTaken < nColumns)
-        str = Bar(m_nDone, m_nTotal, std::min(nLargestBar, nColumns - nTaken)) + " " + str;
+        str = Bar(m_nDone, m_nTotal, std::min(kLargestBar, nColumns - nTaken)) + " " + str;
     std::fprintf(stderr, "\r%s\033[K", str.c_str());
     std::fflush(stderr);
 }

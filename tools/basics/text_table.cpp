@@ -24,12 +24,12 @@ std::string Listed(const std::vector<std::string>& a) {
 }
 
 std::string Wrapped(const std::string& str, std::size_t nIndent) {
-    constexpr std::size_t nColumns = 100;
+    constexpr std::size_t kColumns = 100;
     std::string strLines = Harmless(str), strBreak(nIndent + 1, ' ');
     strBreak.front() = '\n';
     std::size_t nStart = 0;
-    while (strLines.size() - nStart > nColumns - nIndent) {
-        const std::size_t nBreak = strLines.rfind(' ', nStart + nColumns - nIndent);
+    while (strLines.size() - nStart > kColumns - nIndent) {
+        const std::size_t nBreak = strLines.rfind(' ', nStart + kColumns - nIndent);
         if (nBreak == strLines.npos || nBreak <= nStart)
             break; // a name longer than the line
         strLines.replace(nBreak, 1, strBreak);

@@ -13,7 +13,7 @@
 namespace tools {
 namespace {
 
-constexpr char szChoose[] = "Name a file in a folder that you may write to";
+constexpr char kChoose[] = "Name a file in a folder that you may write to";
 
 // Programs read the names as they are, people read them harmless.
 std::string AsRead(const std::string& strLine) {
@@ -34,7 +34,7 @@ ResultSink::ResultSink(const std::string& strFile, OpenMode tMode) : m_strFile(s
                         "Go on with it by --resume, replace it by --overwrite, or name "
                         "another file");
     if (m_nDescriptor == -1)
-        throw NotCreated(strFile, szChoose);
+        throw NotCreated(strFile, kChoose);
     if (flock(m_nDescriptor, LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK) {
         close(m_nDescriptor);
         throw ToolError(strFile, "is being written by another batch",
@@ -53,7 +53,7 @@ void ResultSink::KeepOnly(std::size_t nBytes) {
     m_nSize = nBytes;
     // A device has no size to change.
     if (ftruncate(m_nDescriptor, static_cast<off_t>(nBytes)) == -1 && errno != EINVAL)
-        throw NotWritten(m_strFile, szChoose);
+        throw NotWritten(m_strFile, kChoose);
     lseek(m_nDescriptor, static_cast<off_t>(nBytes), SEEK_SET);
 }
 

@@ -17,9 +17,9 @@ BatchRow RowWith(const BatchItem& tItem, VerdictKind tVerdict, const std::string
 
 // In one line and without the program's name.
 std::string OneLine(const std::string& str) {
-    constexpr std::string_view strName = "orvex-align: ";
+    constexpr std::string_view kName = "orvex-align: ";
     std::string strLine;
-    for (const char c : str.starts_with(strName) ? str.substr(strName.size()) : str)
+    for (const char c : str.starts_with(kName) ? str.substr(kName.size()) : str)
         if (c != '\n' && !(c == ' ' && strLine.ends_with(' ')))
             strLine += c;
         else if (c == '\n' && !strLine.empty())

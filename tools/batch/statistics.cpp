@@ -8,10 +8,10 @@
 namespace tools {
 namespace {
 
-constexpr double dNone = std::numeric_limits<double>::quiet_NaN();
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 double Over(double dSum, double dCount) {
-    return dCount > 0 ? dSum / dCount : dNone;
+    return dCount > 0 ? dSum / dCount : kNone;
 }
 
 double MeanOf(const std::vector<double>& a) {
@@ -27,7 +27,7 @@ double SquaresAround(double dMean, const std::vector<double>& a) {
 
 Spread SpreadOf(const std::vector<double>& a) {
     if (a.empty())
-        return {0, dNone, dNone, dNone, dNone};
+        return {0, kNone, kNone, kNone, kNone};
     const double dMean = MeanOf(a);
     const auto [pLowest, pHighest] = std::ranges::minmax_element(a);
     return {a.size(), dMean, std::sqrt(Over(SquaresAround(dMean, a), static_cast<double>(a.size()) - 1)),
@@ -47,7 +47,7 @@ GaugeStudy StudyOf(const Groups& tGroups) {
     const double dPerGroup = Over(static_cast<double>(aMeans.size()), dReciprocals);
     const double dOfMeans = SpreadOf(aMeans).dDeviation;
     const double dVariance = dOfMeans * dOfMeans - dWithin * dWithin / dPerGroup;
-    const double dBetween = std::isnan(dVariance) ? dNone : std::sqrt(std::max(dVariance, 0.0));
+    const double dBetween = std::isnan(dVariance) ? kNone : std::sqrt(std::max(dVariance, 0.0));
     return {aMeans.size(), dPerGroup, dWithin, dBetween, std::hypot(dWithin, dBetween)};
 }
 

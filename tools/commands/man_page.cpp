@@ -7,7 +7,7 @@
 namespace tools {
 namespace {
 
-constexpr std::size_t nIndent = 4, nDeepIndent = 8;
+constexpr std::size_t kIndent = 4, kDeepIndent = 8;
 
 std::string Indented(const std::string& str, std::size_t nColumns) {
     return std::string(nColumns, ' ') + Wrapped(str, nColumns) + "\n";
@@ -32,12 +32,13 @@ std::string Name(const CLI::App& tApp) {
 }
 
 // "--jobs N", "MASTER"
-std::string Usage(const CLI::Option& t) {
-    if (t.get_positional())
-        return t.get_name(true);
-    const std::string strType = t.get_type_size() == 0 ? "" : t.get_type_name();
-    return t.get_lnames().empty() ? t.get_name()
-                                  : "--" + t.get_lnames().front() + (strType.empty() ? "" : " " + strType);
+std::string Usage(const CLI::Option& option) {
+    if (option.get_positional())
+        return option.get_name(true);
+    const std::string strType = option.get_type_size() == 0 ? "" : option.get_type_name();
+    return option.get_lnames().empty()
+               ? option.get_name()
+               : "--" + option.get_lnames().front() + (strType.empty() ? "" : " " + strType);
 }
 
 std::string Synopsis(const CLI::App& tApp) {
@@ -49,14 +50,14 @@ std::string Synopsis(const CLI::App& tApp) {
             strOthers += " [" + Usage(*p) + "]";
     const bool bHasCommands = !tApp.get_subcommands({}).empty();
     return "SYNOPSIS\n" +
-           Indented(Name(tApp) + (bHasCommands ? " COMMAND ..." : "") + strRequired + strOthers, nIndent);
+           Indented(Name(tApp) + (bHasCommands ? " COMMAND ..." : "") + strRequired + strOthers, kIndent);
 }
 
 std::string Description(const CLI::App& tApp) {
     std::string str, strRest = tApp.get_description();
     for (std::size_t n = 0; (n = strRest.find('\n')) != strRest.npos;) {
         strRest = strRest.substr(n + 1);
-        str += (str.empty() ? "\nDESCRIPTION\n" : "\n") + Indented(FirstLine(strRest), nIndent);
+        str += (str.empty() ? "\nDESCRIPTION\n" : "\n") + Indented(FirstLine(strRest), kIndent);
     }
     return str;
 }
@@ -64,8 +65,8 @@ std::string Description(const CLI::App& tApp) {
 std::string Commands(const CLI::App& tApp) {
     std::string str;
     for (const CLI::App* const p : tApp.get_subcommands({}))
-        str += (str.empty() ? "\nCOMMANDS\n" : "") + Indented(p->get_name(), nIndent) +
-               Indented(Purpose(*p), nDeepIndent);
+        str += (str.empty() ? "\nCOMMANDS\n" : "") + Indented(p->get_name(), kIndent) +
+               Indented(Purpose(*p), kDeepIndent);
     return str;
 }
 
@@ -77,8 +78,8 @@ std::string Section(const char* szHeading, const CLI::App& tApp, bool bPositiona
         const std::string strDefault =
             p->get_default_str().empty() ? "" : ". Default " + p->get_default_str();
         const std::string strShort = p->get_snames().empty() ? "" : "-" + p->get_snames().front() + ", ";
-        str += Indented(strShort + Usage(*p), nIndent) +
-               Indented(p->get_description() + strDefault + ".", nDeepIndent);
+        str += Indented(strShort + Usage(*p), kIndent) +
+               Indented(p->get_description() + strDefault + ".", kDeepIndent);
     }
     return str.empty() ? "" : std::string("\n") + szHeading + "\n" + str;
 }
@@ -86,7 +87,7 @@ std::string Section(const char* szHeading, const CLI::App& tApp, bool bPositiona
 } // namespace
 
 std::string ManPage::make_help(const CLI::App* pApp, std::string, CLI::AppFormatMode) const {
-    return "NAME\n" + Indented(Name(*pApp) + " - " + Purpose(*pApp), nIndent) + "\n" + Synopsis(*pApp) +
+    return "NAME\n" + Indented(Name(*pApp) + " - " + Purpose(*pApp), kIndent) + "\n" + Synopsis(*pApp) +
            Description(*pApp) + Commands(*pApp) + Section("ARGUMENTS", *pApp, true) +
            Section("OPTIONS", *pApp, false) + "\n" + pApp->get_footer();
 }
@@ -94,7 +95,7 @@ std::string ManPage::make_help(const CLI::App* pApp, std::string, CLI::AppFormat
 std::string ExamplesHelp(std::initializer_list<const char*> aszCommands) {
     std::string str = "EXAMPLES\n";
     for (const char* const sz : aszCommands)
-        str += std::string(nIndent, ' ') + sz + "\n";
+        str += std::string(kIndent, ' ') + sz + "\n";
     return str + "\n";
 }
 

@@ -6,12 +6,12 @@
 namespace tools {
 namespace {
 
-constexpr std::size_t nLimit = 1 << 20;
+constexpr std::size_t kLimit = 1 << 20;
 
 } // namespace
 
 std::string ReadCalibration(const std::string& strFile) {
-    std::string strImage = ReadFile(strFile, nLimit);
+    std::string strImage = ReadFile(strFile, kLimit);
     if (strImage.size() < kCalibrationBytes)
         throw ToolError(strFile,
                         "is too short for a calibration image: " + std::to_string(strImage.size()) +

@@ -7,8 +7,8 @@
 namespace tools {
 namespace {
 
-constexpr int nAngleDecimals = 4;
-constexpr int nPixelDecimals = 3;
+constexpr int kAngleDecimals = 4;
+constexpr int kPixelDecimals = 3;
 
 using Value = std::optional<double>;
 
@@ -17,11 +17,11 @@ bool HasNumber(const Quantity& t) {
 }
 
 Quantity Angle(const std::string& strKey, const std::string& strLabel, Value oValue) {
-    return {strKey, strLabel, "deg", nAngleDecimals, oValue};
+    return {strKey, strLabel, "deg", kAngleDecimals, oValue};
 }
 
 Quantity Pixels(const std::string& strKey, const std::string& strLabel, Value oValue) {
-    return {strKey, strLabel, "px", nPixelDecimals, oValue};
+    return {strKey, strLabel, "px", kPixelDecimals, oValue};
 }
 
 void AddUnder(Quantities& a, const std::string& strPath, const std::string& strOwner,
@@ -75,18 +75,18 @@ Quantities QuantitiesOf(const std::optional<Angles>& oAngles, const CameraMeasur
     return a;
 }
 
-std::string Shown(const Quantity& t) {
-    return HasNumber(t) ? Fixed(*t.oValue, t.nDecimals) : "-";
+std::string Shown(const Quantity& quantity) {
+    return HasNumber(quantity) ? Fixed(*quantity.oValue, quantity.nDecimals) : "-";
 }
 
-std::string LabelWithUnit(const Quantity& t) {
-    return t.strLabel + ", " + t.szUnit;
+std::string LabelWithUnit(const Quantity& quantity) {
+    return quantity.strLabel + ", " + quantity.szUnit;
 }
 
-Json JsonOf(const Quantity& t) {
-    if (!HasNumber(t))
+Json JsonOf(const Quantity& quantity) {
+    if (!HasNumber(quantity))
         return nullptr;
-    return t.nDecimals == 0 ? Json(std::llround(*t.oValue)) : Json(*t.oValue);
+    return quantity.nDecimals == 0 ? Json(std::llround(*quantity.oValue)) : Json(*quantity.oValue);
 }
 
 Json JsonOf(const Quantities& a) {

@@ -32,13 +32,13 @@ void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLa
               const std::optional<Point>& oPoint);
 
 // The value with its decimals; a dash if it was not measured.
-std::string Shown(const Quantity& t);
+std::string Shown(const Quantity& quantity);
 
 // "cross centre x, px"
-std::string LabelWithUnit(const Quantity& t);
+std::string LabelWithUnit(const Quantity& quantity);
 
 // A number, whole where it counts something; null if it was not measured.
-Json JsonOf(const Quantity& t);
+Json JsonOf(const Quantity& quantity);
 
 // One object, nested as the keys say.
 Json JsonOf(const Quantities& a);

@@ -28,11 +28,11 @@ Json Parsed(const std::string& strFile) {
     }
 }
 
-double NumberAt(const Json& tJson, const Quantity& t, const std::string& strFile) {
+double NumberAt(const Json& tJson, const Quantity& quantity, const std::string& strFile) {
     try {
-        return tJson.at(PlaceOf(t.strKey)).get<double>();
+        return tJson.at(PlaceOf(quantity.strKey)).get<double>();
     } catch (const Json::exception&) {
-        throw ToolError(strFile, "holds no number \"" + t.strKey + "\"", kAdvice);
+        throw ToolError(strFile, "holds no number \"" + quantity.strKey + "\"", kAdvice);
     }
 }
 

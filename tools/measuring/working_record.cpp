@@ -18,13 +18,13 @@ struct CameraFields {
     double DualCamAlignData::*pTiltY;
 };
 
-constexpr CameraFields tMasterFields = {
+constexpr CameraFields kMasterFields = {
     &DualCamAlignData::afCrossCenter_Master, &DualCamAlignData::dCrossAngle_Master,
     &DualCamAlignData::nCrossSpanX_Master,   &DualCamAlignData::afCornerPoint_Master,
     &DualCamAlignData::adSideLength_Master,  &DualCamAlignData::dTiltX_Master,
     &DualCamAlignData::dTiltY_Master};
 
-constexpr CameraFields tSlaveFields = {
+constexpr CameraFields kSlaveFields = {
     &DualCamAlignData::afCrossCenter_Slave, &DualCamAlignData::dCrossAngle_Slave,
     &DualCamAlignData::nCrossSpanX_Slave,   &DualCamAlignData::afCornerPoint_Slave,
     &DualCamAlignData::adSideLength_Slave,  &DualCamAlignData::dTiltX_Slave,
@@ -67,7 +67,7 @@ void CopyTilts(const CameraFields& tFields, CameraMeasurement& t) {
 } // namespace
 
 CameraMeasurement RecordedCamera(Camera tCamera, Stage tReached) {
-    const CameraFields& tFields = tCamera == Camera::kMaster ? tMasterFields : tSlaveFields;
+    const CameraFields& tFields = tCamera == Camera::kMaster ? kMasterFields : kSlaveFields;
     CameraMeasurement t;
     t.tReached = tReached;
     if (tReached >= Stage::kCross)

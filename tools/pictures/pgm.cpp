@@ -8,8 +8,8 @@
 namespace tools {
 namespace {
 
-constexpr std::string_view strWordEnds = "# \t\n\v\f\r";
-constexpr std::string_view strSpaces = strWordEnds.substr(1);
+constexpr std::string_view kWordEnds = "# \t\n\v\f\r";
+constexpr std::string_view kSpaces = kWordEnds.substr(1);
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -47,17 +47,17 @@ private:
     void MoveTo(std::size_t nPos) { m_nPos = std::min(nPos, m_str.size()); }
 
     void SkipGap() {
-        MoveTo(m_str.find_first_not_of(strSpaces, m_nPos));
+        MoveTo(m_str.find_first_not_of(kSpaces, m_nPos));
         while (m_nPos < m_str.size() && m_str[m_nPos] == '#') {
             MoveTo(m_str.find('\n', m_nPos));
-            MoveTo(m_str.find_first_not_of(strSpaces, m_nPos));
+            MoveTo(m_str.find_first_not_of(kSpaces, m_nPos));
         }
     }
 
     std::string_view Word() {
         SkipGap();
         const std::size_t nStart = m_nPos;
-        MoveTo(m_str.find_first_of(strWordEnds, nStart));
+        MoveTo(m_str.find_first_of(kWordEnds, nStart));
         return m_str.substr(nStart, m_nPos - nStart);
     }
 
@@ -100,7 +100,7 @@ void RequirePixels(const std::string& strFile, PictureSize tSize, std::size_t nH
 
 bool IsPgm(std::string_view strBytes) {
     return strBytes.starts_with("P5") &&
-           (strBytes.size() == 2 || strWordEnds.find(strBytes[2]) != strWordEnds.npos);
+           (strBytes.size() == 2 || kWordEnds.find(strBytes[2]) != kWordEnds.npos);
 }
 
 Picture DecodePgm(const std::string& strFile, std::string_view strBytes) {

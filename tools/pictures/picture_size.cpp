@@ -11,12 +11,12 @@ std::string Times(std::uint32_t nColumns, std::uint32_t nRows) {
 
 } // namespace
 
-std::string SizeText(PictureSize t) {
-    return Times(static_cast<std::uint32_t>(t.nColumns), static_cast<std::uint32_t>(t.nRows));
+std::string SizeText(PictureSize size) {
+    return Times(static_cast<std::uint32_t>(size.nColumns), static_cast<std::uint32_t>(size.nRows));
 }
 
-std::size_t PixelsOf(PictureSize t) {
-    return static_cast<std::size_t>(t.nColumns) * static_cast<std::size_t>(t.nRows);
+std::size_t PixelsOf(PictureSize size) {
+    return static_cast<std::size_t>(size.nColumns) * static_cast<std::size_t>(size.nRows);
 }
 
 PictureSize DecodableSize(const std::string& strFile, std::uint32_t nColumns, std::uint32_t nRows) {

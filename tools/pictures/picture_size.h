@@ -24,10 +24,10 @@ constexpr std::size_t kMaxDecodedPixels = 400'000'000;
 constexpr std::size_t kMaxGivenPixels = 100'000'000;
 
 // "1728 x 972 px"
-std::string SizeText(PictureSize t);
+std::string SizeText(PictureSize size);
 
 // Bytes of the 8-bit plane. Both sides must lie in [1, kMaxSide].
-std::size_t PixelsOf(PictureSize t);
+std::size_t PixelsOf(PictureSize size);
 
 // The size in a compressed picture's header, unless it is beyond the limits. Throws ToolError.
 PictureSize DecodableSize(const std::string& strFile, std::uint32_t nColumns, std::uint32_t nRows);

@@ -11,7 +11,7 @@
 namespace tools {
 namespace {
 
-constexpr int nDefaultWeight = -1;
+constexpr int kDefaultWeight = -1;
 
 // libpng leaves a failed step by longjmp. Each step therefore is a member function that returns false then
 // and owns nothing that a destructor would have to free.
@@ -46,7 +46,7 @@ public:
         png_set_expand(m_pPng);
         png_set_strip_alpha(m_pPng);
         if ((png_get_color_type(m_pPng, m_pInfo) & PNG_COLOR_MASK_COLOR) != 0)
-            png_set_rgb_to_gray_fixed(m_pPng, PNG_ERROR_ACTION_NONE, nDefaultWeight, nDefaultWeight);
+            png_set_rgb_to_gray_fixed(m_pPng, PNG_ERROR_ACTION_NONE, kDefaultWeight, kDefaultWeight);
         png_read_image(m_pPng, ppRows);
         png_read_end(m_pPng, nullptr);
         return true;

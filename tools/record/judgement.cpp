@@ -14,16 +14,16 @@ constexpr char kOfFailure[] =
 constexpr char kCheckBoth[] = "Name the calibration memory of the module that was measured; copy the record "
                               "file again, as binary and not as text";
 
-RecordJudgement NotDecrypted(const RecordReading& t) {
-    if (!t.bRecordFile)
+RecordJudgement NotDecrypted(const RecordReading& reading) {
+    if (!reading.bRecordFile)
         return {
             false, "ORVEX_RECORD_NOT_DECRYPTED",
             "the file does not begin as a record file does: it is something else, or its start is damaged",
             "Name the AFProtect.txt of the phone, or the file that measure --record wrote"};
-    const std::string strSize = t.nFileBytes == kRecordFileBytes
+    const std::string strSize = reading.nFileBytes == kRecordFileBytes
                                     ? ""
-                                    : "; it holds " + std::to_string(t.nFileBytes) + " bytes, a whole one " +
-                                          std::to_string(kRecordFileBytes);
+                                    : "; it holds " + std::to_string(reading.nFileBytes) +
+                                          " bytes, a whole one " + std::to_string(kRecordFileBytes);
     return {false, "ORVEX_RECORD_NOT_DECRYPTED",
             "a record file that does not decrypt with this calibration: another module's, or damaged" +
                 strSize,
@@ -53,10 +53,10 @@ RecordJudgement WrongChecksum(const RecordReading& tReading) {
             "Copy the record file again, or measure the module again"};
 }
 
-RecordJudgement OtherModule(const RecordReading& t) {
-    if (t.oRecord->bAllZero)
+RecordJudgement OtherModule(const RecordReading& reading) {
+    if (reading.oRecord->bAllZero)
         return {false, kOtherModule, kOfFailure, "Measure the module again and mend what measure tells"};
-    if (IsNoise(t))
+    if (IsNoise(reading))
         return Noise(kOtherModule);
     return {false, kOtherModule,
             "decrypted, and its checksum is right, but its focus lines are not those of this calibration: "
@@ -74,12 +74,12 @@ RecordJudgement FailedUnderBlankMemory() {
 }
 
 // Says no more than the reader checks: one sum over 20 bytes, and the focus lines as whole numbers.
-RecordJudgement Accepted(const RecordReading& t) {
-    if (t.oRecord->bAllZero)
+RecordJudgement Accepted(const RecordReading& reading) {
+    if (reading.oRecord->bAllZero)
         return FailedUnderBlankMemory();
     const std::string strChecked = "decrypted, its checksum is right, and its focus lines are, as whole "
                                    "numbers, those of this calibration";
-    std::vector<std::string> aWarnings = WarningsOf(t);
+    std::vector<std::string> aWarnings = WarningsOf(reading);
     if (aWarnings.empty())
         return {true, "ORVEX_OK", strChecked, ""};
     return {true, "ORVEX_OK",

@@ -11,7 +11,7 @@
 namespace tools {
 namespace {
 
-constexpr int nFloatDecimals = 4;
+constexpr int kFloatDecimals = 4;
 
 Quantity Field(const char* szKey, const char* szLabel, const char* szUnit, int nDecimals, double dValue) {
     return {szKey, szLabel, szUnit, nDecimals, dValue};
@@ -24,23 +24,23 @@ Quantities FieldsOf(const RecordFields& tRecord) {
             Field("shift_x_px", "shift x, slave's cross minus master's", "px", 0, tRecord.nShiftX),
             Field("shift_y_px", "shift y, slave's cross minus master's", "px", 0, tRecord.nShiftY),
             Field("focus_line_1/slope_codes_per_position", "focus line 1, slope", "lens codes per position",
-                  nFloatDecimals, tRecord.dSlope1),
-            Field("focus_line_1/offset_codes", "focus line 1, offset", "lens codes", nFloatDecimals,
+                  kFloatDecimals, tRecord.dSlope1),
+            Field("focus_line_1/offset_codes", "focus line 1, offset", "lens codes", kFloatDecimals,
                   tRecord.dOffset1),
             Field("focus_line_2/slope_codes_per_position", "focus line 2, slope", "lens codes per position",
-                  nFloatDecimals, tRecord.dSlope2),
-            Field("focus_line_2/offset_codes", "focus line 2, offset", "lens codes", nFloatDecimals,
+                  kFloatDecimals, tRecord.dSlope2),
+            Field("focus_line_2/offset_codes", "focus line 2, offset", "lens codes", kFloatDecimals,
                   tRecord.dOffset2),
             Field("checksum", "checksum", "", 0, tRecord.nCheckSum),
             Field("sum_of_bytes", "sum of the bytes it covers, modulo 256", "", 0, tRecord.nSumOfBytes)};
 }
 
 std::string Hex(const std::string& str) {
-    constexpr char szDigits[] = "0123456789abcdef";
+    constexpr char kDigits[] = "0123456789abcdef";
     std::string strHex;
     for (const char c : str) {
         const auto n = static_cast<unsigned char>(c);
-        strHex += {szDigits[n / 16], szDigits[n % 16]};
+        strHex += {kDigits[n / 16], kDigits[n % 16]};
     }
     return strHex;
 }
@@ -74,12 +74,12 @@ const char* WordOf(const RecordJudgement& t) {
     return t.bAccepted ? "accepted" : "refused";
 }
 
-Json FieldsJson(const RecordReading& t) {
-    if (!t.oRecord)
+Json FieldsJson(const RecordReading& reading) {
+    if (!reading.oRecord)
         return nullptr;
-    Json tJson = JsonOf(FieldsOf(*t.oRecord));
-    tJson["reserved_hex"] = Hex(t.oRecord->strReserved);
-    tJson["further_hex"] = Hex(t.oRecord->strFurther);
+    Json tJson = JsonOf(FieldsOf(*reading.oRecord));
+    tJson["reserved_hex"] = Hex(reading.oRecord->strReserved);
+    tJson["further_hex"] = Hex(reading.oRecord->strFurther);
     return tJson;
 }
 

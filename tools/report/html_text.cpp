@@ -10,13 +10,13 @@ unsigned int ByteAt(std::string_view str, std::size_t n) {
 }
 
 std::string Base64(std::string_view str) {
-    constexpr char szDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::string strText;
     strText.reserve((str.size() + 2) / 3 * 4);
     for (std::size_t n = 0; n < str.size(); n += 3) {
         const unsigned int nGroup = ByteAt(str, n) << 16 | ByteAt(str, n + 1) << 8 | ByteAt(str, n + 2);
         for (int nShift = 18; nShift >= 0; nShift -= 6)
-            strText += szDigits[nGroup >> nShift & 63];
+            strText += kDigits[nGroup >> nShift & 63];
     }
     for (std::size_t nMissing = (3 - str.size() % 3) % 3; nMissing > 0; --nMissing)
         strText[strText.size() - nMissing] = '=';

@@ -33,18 +33,18 @@ std::string Row(const std::vector<std::string>& aCells, const char* szTag) {
     return str + "</tr>\n";
 }
 
-std::string HtmlOf(const ReportTable& t) {
-    std::string str = "<table><thead>" + Row(t.aRows.front(), "th") + "</thead><tbody>\n";
-    for (std::size_t i = 1; i < t.aRows.size(); ++i)
-        str += Row(t.aRows[i], "td");
-    return Section(t.strHeading, str + "</tbody></table>");
+std::string HtmlOf(const ReportTable& table) {
+    std::string str = "<table><thead>" + Row(table.aRows.front(), "th") + "</thead><tbody>\n";
+    for (std::size_t i = 1; i < table.aRows.size(); ++i)
+        str += Row(table.aRows[i], "td");
+    return Section(table.strHeading, str + "</tbody></table>");
 }
 
-std::string HtmlOf(const ReportList& t, const char* szClass) {
+std::string HtmlOf(const ReportList& list, const char* szClass) {
     std::string str = "<ul>";
-    for (const std::string& strLine : t.aLines)
+    for (const std::string& strLine : list.aLines)
         str += Element("li", strLine);
-    return Section(t.szHeading, str + "</ul>", szClass);
+    return Section(list.szHeading, str + "</ul>", szClass);
 }
 
 std::string Legend() {
@@ -55,11 +55,11 @@ std::string Legend() {
     return str + "</section>\n";
 }
 
-std::string Buttons(const CameraMeasurement& t) {
+std::string Buttons(const CameraMeasurement& measured) {
     std::string str = "<div class=\"tools\"><button data-zoom=\"0.5\" title=\"zoom in; the mouse wheel does "
                       "so too\">+</button><button data-zoom=\"2\" title=\"zoom out\">\u2212</button>"
                       "<button>whole picture</button>";
-    for (const Mark& tMark : MarksOf(t))
+    for (const Mark& tMark : MarksOf(measured))
         str += "<button data-x=\"" + Fixed(tMark.tPoint.dX, 4) + "\" data-y=\"" + Fixed(tMark.tPoint.dY, 4) +
                "\" title=\"zoom to it\">" + Escaped(tMark.strLabel) + "</button>";
     return str + "</div>\n";

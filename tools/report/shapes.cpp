@@ -11,10 +11,10 @@ namespace tools {
 namespace {
 
 // A thousandth of what is measured; more than any screen shows.
-constexpr int nDecimals = 4;
+constexpr int kDecimals = 4;
 
 std::string Number(double d) {
-    return Fixed(d, nDecimals);
+    return Fixed(d, kDecimals);
 }
 
 std::string Attribute(const char* szName, const std::string& strValue) {
@@ -48,20 +48,22 @@ std::string Line(const std::string& strId, Point tFrom, Point tTo, const std::st
 // A ring that leaves the measured point itself free, at one size on the screen, and its label beyond the
 // frame's side there, within the frame if the page finds no room beyond it; the centre's label stands between
 // the bars.
-std::string MarkShape(const std::string& strCamera, const Mark& t, Point tCentre) {
-    const bool bCentre = t.strKey == "centre", bLower = t.tPoint.dY >= tCentre.dY,
-               bRight = !bCentre && t.tPoint.dX > tCentre.dX;
+std::string MarkShape(const std::string& strCamera, const Mark& mark, Point tCentre) {
+    const bool bCentre = mark.strKey == "centre", bLower = mark.tPoint.dY >= tCentre.dY,
+               bRight = !bCentre && mark.tPoint.dX > tCentre.dX;
     const int nInward = bRight ? -12 : 12, nAbove = -16, nBelow = 24;
-    return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + t.strKey) +
-           Attribute("transform", "translate(" + Number(t.tPoint.dX) + " " + Number(t.tPoint.dY) + ")") +
+    return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + mark.strKey) +
+           Attribute("transform",
+                     "translate(" + Number(mark.tPoint.dX) + " " + Number(mark.tPoint.dY) + ")") +
            R"(><g class="screen"><path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/><text)" +
            Attribute("x", std::to_string(bCentre ? nInward : -nInward)) +
            Attribute("y", std::to_string(bLower ? nBelow : nAbove)) +
            Attribute("data-x", std::to_string(nInward)) +
            Attribute("data-y", std::to_string(bLower ? nAbove : nBelow)) +
-           Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(t.strLabel) +
+           Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(mark.strLabel) +
            "</text></g><title>" +
-           Escaped(t.strLabel + ": x " + Fixed(t.tPoint.dX, 3) + " px, y " + Fixed(t.tPoint.dY, 3) + " px") +
+           Escaped(mark.strLabel + ": x " + Fixed(mark.tPoint.dX, 3) + " px, y " + Fixed(mark.tPoint.dY, 3) +
+                   " px") +
            "</title></g>\n";
 }
 
@@ -70,32 +72,34 @@ std::string Layer(const ShapeKind& t, const std::string& strShapes) {
 }
 
 // Only the horizontal bar's direction is measured; the vertical one is drawn square to it, and half as long.
-std::string Cross(const std::string& strCamera, const CameraMeasurement& t) {
-    if (!t.oCentre || !t.oCrossAngle)
+std::string Cross(const std::string& strCamera, const CameraMeasurement& measured) {
+    if (!measured.oCentre || !measured.oCrossAngle)
         return "";
-    const double dAngle = *t.oCrossAngle * std::numbers::pi / 180, dHalf = t.oBarSpan.value_or(0) / 2.0;
+    const double dAngle = *measured.oCrossAngle * std::numbers::pi / 180,
+                 dHalf = measured.oBarSpan.value_or(0) / 2.0;
     const double dX = dHalf * std::cos(dAngle), dY = -dHalf * std::sin(dAngle);
-    const Point c = *t.oCentre;
+    const Point c = *measured.oCentre;
     return Line(strCamera + "-bar-horizontal", {c.dX - dX, c.dY - dY}, {c.dX + dX, c.dY + dY},
-                "horizontal bar, roll " + Fixed(*t.oCrossAngle, 4) + " deg") +
+                "horizontal bar, roll " + Fixed(*measured.oCrossAngle, 4) + " deg") +
            Line(strCamera + "-bar-vertical", {c.dX + dY / 2, c.dY - dX / 2}, {c.dX - dY / 2, c.dY + dX / 2},
                 "square to the horizontal bar");
 }
 
-std::string Sides(const std::string& strCamera, const CameraMeasurement& t) {
+std::string Sides(const std::string& strCamera, const CameraMeasurement& measured) {
     std::string str;
     for (const SideName& n : kSides)
-        if (t.aoCorners[n.nFrom] && t.aoCorners[n.nTo])
-            str += Line(strCamera + "-side-" + n.szKey, *t.aoCorners[n.nFrom], *t.aoCorners[n.nTo],
-                        std::string(n.szKey) + " side, between its measured corners");
+        if (measured.aoCorners[n.nFrom] && measured.aoCorners[n.nTo])
+            str +=
+                Line(strCamera + "-side-" + n.szKey, *measured.aoCorners[n.nFrom], *measured.aoCorners[n.nTo],
+                     std::string(n.szKey) + " side, between its measured corners");
     return str;
 }
 
 // The lines whose residual is told: of every side that was read, also where a corner is missing.
-std::string FittedLines(const std::string& strCamera, const CameraTrust& t) {
+std::string FittedLines(const std::string& strCamera, const CameraTrust& trust) {
     std::string str;
     for (std::size_t i = 0; i < kSides.size(); ++i)
-        if (const std::optional<SideReading>& o = t.aoSides[i]; o && o->oEnds)
+        if (const std::optional<SideReading>& o = trust.aoSides[i]; o && o->oEnds)
             str += Line(strCamera + "-fitted-" + kSides[i].szKey, (*o->oEnds)[0], (*o->oEnds)[1],
                         std::string("line fitted along the ") + kSides[i].szKey + " side, residual " +
                             Fixed(*o->oResidual, 3) + " px");

@@ -5,12 +5,12 @@
 namespace tools {
 namespace {
 
-constexpr std::size_t nLabelColumns = 13;
+constexpr std::size_t kLabelColumns = 13;
 
 std::string TextOf(const Fact& t) {
     std::string strLabel = t.szLabel;
-    strLabel.resize(nLabelColumns, ' ');
-    return "  " + strLabel + (t.bFile ? Harmless(t.strText) : Wrapped(t.strText, nLabelColumns + 2)) + "\n";
+    strLabel.resize(kLabelColumns, ' ');
+    return "  " + strLabel + (t.bFile ? Harmless(t.strText) : Wrapped(t.strText, kLabelColumns + 2)) + "\n";
 }
 
 std::string TextOf(const ReportTable& t) {

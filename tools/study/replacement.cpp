@@ -6,9 +6,9 @@
 
 namespace tools {
 
-bool Holds(const NewFile& t) {
+bool Holds(const NewFile& file) {
     try {
-        return ReadFile(t.strFile, t.strBytes.size()) == t.strBytes;
+        return ReadFile(file.strFile, file.strBytes.size()) == file.strBytes;
     } catch (const ToolError&) { // not there, or larger
         return false;
     }

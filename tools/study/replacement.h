@@ -6,7 +6,7 @@
 namespace tools {
 
 // Whether the file is there with exactly these bytes.
-bool Holds(const NewFile& t);
+bool Holds(const NewFile& file);
 
 // Throws ToolError for the first of these files that is there with other bytes; the same ones are no loss.
 void RefuseToReplace(const std::vector<NewFile>& aFiles);

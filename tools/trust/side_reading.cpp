@@ -8,12 +8,12 @@ namespace tools {
 namespace {
 
 // Camera noise stays well below this step, print well above it.
-constexpr double dLeastStep = 10.0;
+constexpr double kLeastStep = 10.0;
 
 // A line reaches so far to each side, so that it is paper for the most part: the frame's line takes 2 % of a
 // short side.
-constexpr double dReachShare = 0.05;
-constexpr double dLeastReach = 8.0;
+constexpr double kReachShare = 0.05;
+constexpr double kLeastReach = 8.0;
 
 // From and to, px along or beside a side.
 struct Span {
@@ -27,13 +27,13 @@ struct Profile {
     std::vector<double> adGrey;
 };
 
-double GreyAt(const Picture& t, double x, double y) {
+double GreyAt(const Picture& picture, double x, double y) {
     const auto nX = static_cast<int>(x), nY = static_cast<int>(y);
     const auto PixelAt = [&](int nColumn, int nRow) {
-        const auto nPlace =
-            static_cast<std::size_t>(std::min(nRow, t.nRows - 1)) * static_cast<std::size_t>(t.nColumns) +
-            static_cast<std::size_t>(std::min(nColumn, t.nColumns - 1));
-        return static_cast<double>(t.aGrey[nPlace]);
+        const auto nPlace = static_cast<std::size_t>(std::min(nRow, picture.nRows - 1)) *
+                                static_cast<std::size_t>(picture.nColumns) +
+                            static_cast<std::size_t>(std::min(nColumn, picture.nColumns - 1));
+        return static_cast<double>(picture.aGrey[nPlace]);
     };
     const double dUpper = std::lerp(PixelAt(nX, nY), PixelAt(nX + 1, nY), x - nX);
     const double dLower = std::lerp(PixelAt(nX, nY + 1), PixelAt(nX + 1, nY + 1), x - nX);
@@ -44,15 +44,15 @@ bool Holds(const Picture& t, double x, double y) {
     return x >= 0 && y >= 0 && x <= t.nColumns - 1 && y <= t.nRows - 1;
 }
 
-Profile ProfileAcross(const Picture& t, Point tMiddle, Point tNormal, Span tAcross) {
+Profile ProfileAcross(const Picture& picture, Point tMiddle, Point tNormal, Span tAcross) {
     Profile tProfile = {};
     for (double d = tAcross.dFirst; d <= tAcross.dLast; d += 1.0) {
         const double x = tMiddle.dX + d * tNormal.dX, y = tMiddle.dY + d * tNormal.dY;
-        if (!Holds(t, x, y))
+        if (!Holds(picture, x, y))
             continue;
         if (tProfile.adGrey.empty())
             tProfile.dFirst = d;
-        tProfile.adGrey.push_back(GreyAt(t, x, y));
+        tProfile.adGrey.push_back(GreyAt(picture, x, y));
     }
     return tProfile;
 }
@@ -140,15 +140,15 @@ struct Way {
     }
 };
 
-void AddLine(SideReading& t, const Way& tWay, const std::vector<Place>& aPlaces) {
+void AddLine(SideReading& reading, const Way& tWay, const std::vector<Place>& aPlaces) {
     if (aPlaces.size() < 3)
         return;
     const FittedLine tLine = FitLine(aPlaces);
-    t.oResidual = ResidualOf(aPlaces, tLine);
-    t.oEnds = {tWay.At(0, tLine.At(0)), tWay.At(tWay.dLength, tLine.At(tWay.dLength))};
+    reading.oResidual = ResidualOf(aPlaces, tLine);
+    reading.oEnds = {tWay.At(0, tLine.At(0)), tWay.At(tWay.dLength, tLine.At(tWay.dLength))};
 }
 
-void AddLevels(SideReading& t, const std::vector<DarkRun>& aRuns) {
+void AddLevels(SideReading& reading, const std::vector<DarkRun>& aRuns) {
     if (aRuns.empty())
         return;
     const auto MedianOf = [&](double DarkRun::*pMember) {
@@ -158,9 +158,9 @@ void AddLevels(SideReading& t, const std::vector<DarkRun>& aRuns) {
             ad.push_back(tRun.*pMember);
         return Median(ad);
     };
-    t.oDark = MedianOf(&DarkRun::dDark);
-    t.oBright = MedianOf(&DarkRun::dBright);
-    t.oWidth = MedianOf(&DarkRun::dWidth);
+    reading.oDark = MedianOf(&DarkRun::dDark);
+    reading.oBright = MedianOf(&DarkRun::dBright);
+    reading.oWidth = MedianOf(&DarkRun::dWidth);
 }
 
 // On lines across the way.
@@ -197,7 +197,7 @@ std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
         return std::nullopt;
     const auto pDarkest = std::ranges::min_element(adGrey);
     const double dBright = Median({adGrey.begin(), adGrey.end()}); // the run takes less than half
-    if (dBright - *pDarkest < dLeastStep)
+    if (dBright - *pDarkest < kLeastStep)
         return std::nullopt;
     const auto nDarkest = static_cast<std::size_t>(pDarkest - adGrey.begin());
     const double dThreshold = std::midpoint(*pDarkest, dBright);
@@ -212,7 +212,7 @@ std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
 
 SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo) {
     const Way tWay(tFrom, tTo);
-    const double dReach = std::max(dLeastReach, std::floor(tWay.dLength * dReachShare));
+    const double dReach = std::max(kLeastReach, std::floor(tWay.dLength * kReachShare));
     if (!IsWayIn(tPicture, tWay.dLength) || tWay.dLength <= 2 * dReach)
         return {};
     // Next to a corner the other side's line would be read too.

@@ -50,10 +50,10 @@ bool WereMeasured(const SideName& n, const CameraMeasurement& t) {
     return t.aoCorners[n.nFrom] && t.aoCorners[n.nTo];
 }
 
-void AddBorder(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, CameraTrust& t) {
+void AddBorder(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, CameraTrust& trust) {
     for (const Point& tEnd : tEnds) {
         const double d = BorderBeyond(nSide, tPicture, tEnd);
-        t.oBorderDistance = std::min(d, t.oBorderDistance.value_or(d));
+        trust.oBorderDistance = std::min(d, trust.oBorderDistance.value_or(d));
     }
 }
 
@@ -64,26 +64,27 @@ void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tSt
         AddBorder(nSide, tPicture, *tReading.oEnds, t);
 }
 
-void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured, CameraTrust& t) {
-    const SideReading& tReading = t.aoSides[nSide].emplace(ReadSide(tPicture, tEnds[0], tEnds[1]));
+void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured,
+              CameraTrust& trust) {
+    const SideReading& tReading = trust.aoSides[nSide].emplace(ReadSide(tPicture, tEnds[0], tEnds[1]));
     if (tReading.oEnds && bMeasured)
-        t.aoCornerDistances[nSide] =
+        trust.aoCornerDistances[nSide] =
             std::max(Distance(tEnds[0], (*tReading.oEnds)[0]), Distance(tEnds[1], (*tReading.oEnds)[1]));
-    AddBorder(nSide, tPicture, tReading.oEnds.value_or(tEnds), t);
+    AddBorder(nSide, tPicture, tReading.oEnds.value_or(tEnds), trust);
 }
 
 void AddSide(std::size_t nSide, const Picture& tPicture, const CameraMeasurement& tMeasured,
-             const StageView& tView, CameraTrust& t) {
+             const StageView& tView, CameraTrust& trust) {
     if (const std::optional<Ends> oEnds = KnownEnds(kSides[nSide], tMeasured, tView))
-        ReadSide(nSide, tPicture, *oEnds, WereMeasured(kSides[nSide], tMeasured), t);
+        ReadSide(nSide, tPicture, *oEnds, WereMeasured(kSides[nSide], tMeasured), trust);
     else if (tView.oFrameStart)
-        SearchSide(nSide, tPicture, *tView.oFrameStart, t);
+        SearchSide(nSide, tPicture, *tView.oFrameStart, trust);
 }
 
 // The frame's outer edge lies half a line beyond its sides' middle lines.
-double HalfLine(const CameraTrust& t) {
+double HalfLine(const CameraTrust& trust) {
     double dHalf = 0;
-    for (const std::optional<SideReading>& o : t.aoSides)
+    for (const std::optional<SideReading>& o : trust.aoSides)
         if (o && o->oWidth)
             dHalf = std::max(dHalf, *o->oWidth / 2);
     return dHalf;
@@ -94,12 +95,12 @@ bool IsSideUnseen(const CameraTrust& t) {
     return std::ranges::any_of(t.aoSides, [](const auto& o) { return !o || o->nRead == 0; });
 }
 
-void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& t) {
-    if (!t.oBorderDistance)
+void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& trust) {
+    if (!trust.oBorderDistance)
         return;
-    *t.oBorderDistance -= HalfLine(t);
-    if (MissingCorner(tMeasured) != nullptr && IsSideUnseen(t) && *t.oBorderDistance >= kNearBorder)
-        t.oBorderDistance.reset();
+    *trust.oBorderDistance -= HalfLine(trust);
+    if (MissingCorner(tMeasured) != nullptr && IsSideUnseen(trust) && *trust.oBorderDistance >= kNearBorder)
+        trust.oBorderDistance.reset();
 }
 
 } // namespace
