@@ -4,23 +4,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iomanip>
-#include <sstream>
+#include <fmt/format.h>
 
 namespace tools {
 
 std::string Fixed(double d, int nDecimals) {
     const double dHalfStep = 0.5 * std::pow(10.0, -nDecimals);
-    std::ostringstream t;
-    t << std::fixed << std::setprecision(nDecimals) << (std::fabs(d) < dHalfStep ? 0.0 : d);
-    return t.str();
+    return fmt::format("{:.{}f}", std::fabs(d) < dHalfStep ? 0.0 : d, nDecimals);
 }
 
 std::string Listed(const std::vector<std::string>& a) {
-    std::string strList;
-    for (const std::string& str : a)
-        strList += (strList.empty() ? "" : ", ") + str;
-    return strList;
+    return fmt::to_string(fmt::join(a, ", "));
 }
 
 std::string Wrapped(const std::string& str, std::size_t nIndent) {
@@ -54,14 +48,14 @@ std::string Table(std::vector<std::vector<std::string>> aRows) {
             anWidths[i] = std::max(anWidths[i], aCells[i].size());
         }
     }
-    std::ostringstream t;
+    std::string strTable;
     for (const auto& aCells : aRows) {
         for (std::size_t i = 0; i < aCells.size(); ++i)
-            t << (i == 0 ? "  " : "   ") << (i == 0 ? std::left : std::right)
-              << std::setw(static_cast<int>(anWidths[i])) << aCells[i];
-        t << '\n';
+            strTable += i == 0 ? fmt::format("  {:<{}}", aCells[i], anWidths[i])
+                               : fmt::format("   {:>{}}", aCells[i], anWidths[i]);
+        strTable += '\n';
     }
-    return t.str();
+    return strTable;
 }
 
 } // namespace tools

@@ -8,9 +8,11 @@
 #include "commands/man_page.h"
 #include "commands/shared_options.h"
 #include "measuring/calibration.h"
-#include "measuring/least_size.h"
+#include "measuring/parameters.h"
 #include "pictures/formats.h"
+#include "report/json_output.h"
 #include "report/page.h"
+#include "report/text.h"
 #include "trust/numbers.h"
 
 #include <fmt/format.h>

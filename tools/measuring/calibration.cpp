@@ -3,6 +3,8 @@
 #include "basics/files.h"
 #include "basics/tool_error.h"
 
+#include <fmt/format.h>
+
 namespace tools {
 namespace {
 
@@ -14,8 +16,8 @@ std::string ReadCalibration(const std::string& strFile) {
     std::string strImage = ReadFile(strFile, kLimit);
     if (strImage.size() < kCalibrationBytes)
         throw ToolError(strFile,
-                        "is too short for a calibration image: " + std::to_string(strImage.size()) +
-                            " bytes, needed are " + std::to_string(kCalibrationBytes),
+                        fmt::format("is too short for a calibration image: {} bytes, needed are {}",
+                                    strImage.size(), kCalibrationBytes),
                         "Read the module's calibration memory again");
     return strImage;
 }

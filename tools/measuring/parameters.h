@@ -18,6 +18,10 @@ struct FrameSearch {
 
 FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters);
 
+// A smaller picture cannot hold the frame around a cross in its middle, wherever the frame is. Both cameras'
+// pictures may have sizes of their own.
+PictureSize LeastSizeOf(Camera tCamera);
+
 } // namespace tools
 
 #endif

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <sstream>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -114,9 +114,7 @@ const StatusWords& DescribeStatus(unsigned int nStatus) {
 }
 
 std::string HexOf(unsigned int nStatus) {
-    std::ostringstream tHex;
-    tHex << "0x" << std::hex << std::uppercase << nStatus;
-    return tHex.str();
+    return fmt::format("0x{:X}", nStatus);
 }
 
 } // namespace tools

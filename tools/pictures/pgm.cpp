@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -31,7 +32,7 @@ public:
         // Longer words are beyond any limit, whatever their value.
         const std::int64_t n = str.size() < 10 ? std::stoll(std::string(str)) : INT64_MAX;
         if (n < 1 || n > nLimit)
-            throw ToolError(m_strFile, Named(szName, str) + " is not within 1 to " + std::to_string(nLimit),
+            throw ToolError(m_strFile, fmt::format("{} is not within 1 to {}", Named(szName, str), nLimit),
                             "Record the picture again in its proper size and with 8 bits per pixel");
         return static_cast<int>(n);
     }
@@ -41,7 +42,7 @@ public:
 
 private:
     static std::string Named(const char* szName, std::string_view str) {
-        return std::string(szName) + " \"" + std::string(str.substr(0, 24)) + "\"";
+        return fmt::format("{} \"{}\"", szName, str.substr(0, 24));
     }
 
     void MoveTo(std::size_t nPos) { m_nPos = std::min(nPos, m_str.size()); }
@@ -70,8 +71,8 @@ void RequireEightBits(const std::string& strFile, int nMaximum) {
     if (nMaximum == 255)
         return;
     throw ToolError(strFile,
-                    std::string(nMaximum > 255 ? "has 16 bits per pixel: " : "") +
-                        "its largest grey value is " + std::to_string(nMaximum) + ", needed is 255",
+                    fmt::format("{}its largest grey value is {}, needed is 255",
+                                nMaximum > 255 ? "has 16 bits per pixel: " : "", nMaximum),
                     nMaximum > 255 ? "Convert it to 8 bits per pixel"
                                    : "Scale its grey values so that white is 255, and write 255 into the "
                                      "header as the largest one");
@@ -82,17 +83,17 @@ void RequirePixels(const std::string& strFile, PictureSize tSize, std::size_t nH
     const std::string strSize = "its header says " + SizeText(tSize);
     if (nNeeded > kMaxPixels)
         throw ToolError(strFile,
-                        strSize + ", which is above the limit of " + std::to_string(kMaxPixels) + " pixels",
+                        fmt::format("{}, which is above the limit of {} pixels", strSize, kMaxPixels),
                         "Record the picture again in its proper size");
     if (nHeld < nNeeded)
         throw ToolError(strFile,
-                        "is cut off: " + strSize + " = " + std::to_string(nNeeded) +
-                            " bytes of pixels, of which the file holds " + std::to_string(nHeld),
+                        fmt::format("is cut off: {} = {} bytes of pixels, of which the file holds {}",
+                                    strSize, nNeeded, nHeld),
                         "Copy or record the picture again");
     if (nHeld > nNeeded)
         throw ToolError(strFile,
-                        "does not fit its header: " + strSize + ", but " + std::to_string(nHeld - nNeeded) +
-                            " bytes follow the last pixel",
+                        fmt::format("does not fit its header: {}, but {} bytes follow the last pixel",
+                                    strSize, nHeld - nNeeded),
                         "Check the size in the header, or record the picture again");
 }
 
@@ -115,8 +116,7 @@ Picture DecodePgm(const std::string& strFile, std::string_view strBytes) {
 }
 
 std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey) {
-    std::string str = "P5\n" + std::to_string(nColumns) + ' ' + std::to_string(nRows) + "\n255\n";
-    return str.append(strGrey);
+    return fmt::format("P5\n{} {}\n255\n{}", nColumns, nRows, strGrey);
 }
 
 } // namespace tools

@@ -3,6 +3,8 @@
 #include "basics/files.h"
 #include "basics/tool_error.h"
 
+#include <fmt/format.h>
+
 namespace tools {
 
 Picture ReadRawPicture(const std::string& strFile, PictureSize tSize) {
@@ -11,8 +13,8 @@ Picture ReadRawPicture(const std::string& strFile, PictureSize tSize) {
     if (strPlane.size() < nNeeded)
         throw ToolError(
             strFile,
-            "is too short for a raw plane: it holds " + std::to_string(strPlane.size()) + " bytes, " +
-                SizeText(tSize) + " need " + std::to_string(nNeeded),
+            fmt::format("is too short for a raw plane: it holds {} bytes, {} need {}", strPlane.size(),
+                        SizeText(tSize), nNeeded),
             "Give the size in which the frame was recorded; leave --raw out for PNG, JPEG and PGM");
     return {strFile, tSize.nColumns, tSize.nRows, {strPlane.begin(), strPlane.end()}};
 }

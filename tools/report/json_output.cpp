@@ -1,5 +1,6 @@
+#include "report/json_output.h"
+
 #include "measuring/versions.h"
-#include "report/report.h"
 #include "trust/numbers.h"
 
 namespace tools {

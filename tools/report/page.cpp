@@ -3,20 +3,22 @@
 #include "basics/text_table.h"
 #include "measuring/versions.h"
 #include "report/html_text.h"
+#include "report/page_script.h"
 #include "report/page_style.h"
 #include "report/shapes.h"
 #include "report/tables.h"
+
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
 
 std::string Element(const std::string& strTag, const std::string& strText) {
-    return "<" + strTag + ">" + Escaped(strText) + "</" + strTag.substr(0, strTag.find(' ')) + ">";
+    return fmt::format("<{}>{}</{}>", strTag, Escaped(strText), strTag.substr(0, strTag.find(' ')));
 }
 
 std::string Section(const std::string& strHeading, const std::string& strBody, const char* szClass = "") {
-    return std::string("<section class=\"") + szClass + "\">" + Element("h2", strHeading) + strBody +
-           "</section>\n";
+    return fmt::format("<section class=\"{}\">{}{}</section>\n", szClass, Element("h2", strHeading), strBody);
 }
 
 std::string HtmlOf(const std::vector<Fact>& aFacts) {
@@ -49,9 +51,11 @@ std::string HtmlOf(const ReportList& list, const char* szClass) {
 
 std::string Legend() {
     std::string str = "<section class=\"legend\">";
-    for (const ShapeKind& t : kShapeKinds)
-        str += std::string("<label class=\"") + t.szKey + "\"><input type=\"checkbox\" checked value=\"" +
-               t.szKey + "\"><i></i>" + Escaped(t.szWords) + "</label>\n";
+    for (const ShapeKind& kind : kShapeKinds)
+        str +=
+            fmt::format(R"(<label class="{0}"><input type="checkbox" checked value="{0}"><i></i>{1}</label>)"
+                        "\n",
+                        kind.szKey, Escaped(kind.szWords));
     return str + "</section>\n";
 }
 
@@ -59,9 +63,9 @@ std::string Buttons(const CameraMeasurement& measured) {
     std::string str = "<div class=\"tools\"><button data-zoom=\"0.5\" title=\"zoom in; the mouse wheel does "
                       "so too\">+</button><button data-zoom=\"2\" title=\"zoom out\">\u2212</button>"
                       "<button>whole picture</button>";
-    for (const Mark& tMark : MarksOf(measured))
-        str += "<button data-x=\"" + Fixed(tMark.tPoint.dX, 4) + "\" data-y=\"" + Fixed(tMark.tPoint.dY, 4) +
-               "\" title=\"zoom to it\">" + Escaped(tMark.strLabel) + "</button>";
+    for (const Mark& mark : MarksOf(measured))
+        str += fmt::format(R"(<button data-x="{}" data-y="{}" title="zoom to it">{}</button>)",
+                           Fixed(mark.tPoint.dX, 4), Fixed(mark.tPoint.dY, 4), Escaped(mark.strLabel));
     return str + "</div>\n";
 }
 
@@ -75,10 +79,10 @@ std::string StateOf(const CameraReport& tCamera, const Report& report) {
     return Escaped(tCamera.tMeasured.WasBegun() ? "measured" : "not begun");
 }
 
-std::string Figure(const CameraReport& tCamera, const Report& report) {
-    return "<figure><figcaption>" + Element("b", NameOf(tCamera.tCamera)) + " " +
-           Escaped(tCamera.tPicture.strFile) + ", " + StateOf(tCamera, report) + "</figcaption>\n" +
-           SvgOf(tCamera) + Buttons(tCamera.tMeasured) + "</figure>\n";
+std::string Figure(const CameraReport& camera, const Report& report) {
+    return fmt::format("<figure><figcaption>{} {}, {}</figcaption>\n{}{}</figure>\n",
+                       Element("b", NameOf(camera.tCamera)), Escaped(camera.tPicture.strFile),
+                       StateOf(camera, report), SvgOf(camera), Buttons(camera.tMeasured));
 }
 
 std::string Numbers(const Report& report) {
@@ -102,13 +106,14 @@ std::string Head(const Report& report) {
 } // namespace
 
 std::string HtmlOf(const Report& report) {
-    return Head(report) + "<body>\n<header class=\"" + report.tVerdict.tVerdict.szLook + "\">" +
-           Element("h1", report.tVerdict.strHeadline) +
-           "</header>\n<main>\n<div class=\"column pictures\">\n" + Legend() +
-           Figure(report.tMaster, report) + Figure(report.tSlave, report) +
-           "</div>\n<div class=\"column\">\n" + Numbers(report) + "</div>\n</main>\n<footer>" +
-           Escaped(std::string("orvex-align ") + kToolVersion + ", libOrvex_Alignment " + LibraryVersion()) +
-           "</footer>\n<script>" + kReportScript + "</script>\n</body>\n</html>\n";
+    return fmt::format("{}<body>\n<header class=\"{}\">{}</header>\n<main>\n<div class=\"column pictures\">\n"
+                       "{}{}{}</div>\n<div class=\"column\">\n{}</div>\n</main>\n"
+                       "<footer>orvex-align {}, libOrvex_Alignment {}</footer>\n"
+                       "<script>{}</script>\n</body>\n</html>\n",
+                       Head(report), report.tVerdict.tVerdict.szLook,
+                       Element("h1", report.tVerdict.strHeadline), Legend(), Figure(report.tMaster, report),
+                       Figure(report.tSlave, report), Numbers(report), kToolVersion,
+                       Escaped(LibraryVersion()), kReportScript);
 }
 
 } // namespace tools

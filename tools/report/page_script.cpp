@@ -1,4 +1,4 @@
-#include "report/page_style.h"
+#include "report/page_script.h"
 
 namespace tools {
 

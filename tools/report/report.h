@@ -33,12 +33,6 @@ Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement)
 // The measurement against the report's truth; nothing without one.
 std::vector<Comparison> ComparisonsOf(const Report& report);
 
-// For people.
-std::string TextOf(const Report& report);
-
-// For programs: one object.
-std::string JsonTextOf(const Report& report);
-
 } // namespace tools
 
 #endif

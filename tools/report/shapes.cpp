@@ -5,6 +5,7 @@
 #include "report/png_encoder.h"
 
 #include <cmath>
+#include <fmt/format.h>
 #include <numbers>
 
 namespace tools {
@@ -17,31 +18,26 @@ std::string Number(double d) {
     return Fixed(d, kDecimals);
 }
 
-std::string Attribute(const char* szName, const std::string& strValue) {
-    return std::string(" ") + szName + "=\"" + Escaped(strValue) + "\"";
-}
-
-// An element with its hint for the mouse.
+// An element with its hint for the mouse. Ids and attributes are the tool's own words.
 std::string Shape(const char* szElement, const std::string& strId, const std::string& strAttributes,
                   const std::string& strTitle) {
-    return std::string("<") + szElement + Attribute("id", strId) + strAttributes + "><title>" +
-           Escaped(strTitle) + "</title></" + szElement + ">\n";
+    return fmt::format("<{0} id=\"{1}\"{2}><title>{3}</title></{0}>\n", szElement, strId, strAttributes,
+                       Escaped(strTitle));
 }
 
 std::string Box(const std::string& strId, const std::optional<Rectangle>& o, const std::string& strTitle) {
     if (!o)
         return "";
     return Shape("rect", strId,
-                 Attribute("x", Number(o->dLeft)) + Attribute("y", Number(o->dTop)) +
-                     Attribute("width", Number(o->dRight - o->dLeft)) +
-                     Attribute("height", Number(o->dBottom - o->dTop)),
+                 fmt::format(R"( x="{}" y="{}" width="{}" height="{}")", Number(o->dLeft), Number(o->dTop),
+                             Number(o->dRight - o->dLeft), Number(o->dBottom - o->dTop)),
                  strTitle);
 }
 
 std::string Line(const std::string& strId, Point tFrom, Point tTo, const std::string& strTitle) {
     return Shape("line", strId,
-                 Attribute("x1", Number(tFrom.dX)) + Attribute("y1", Number(tFrom.dY)) +
-                     Attribute("x2", Number(tTo.dX)) + Attribute("y2", Number(tTo.dY)),
+                 fmt::format(R"( x1="{}" y1="{}" x2="{}" y2="{}")", Number(tFrom.dX), Number(tFrom.dY),
+                             Number(tTo.dX), Number(tTo.dY)),
                  strTitle);
 }
 
@@ -52,23 +48,18 @@ std::string MarkShape(const std::string& strCamera, const Mark& mark, Point tCen
     const bool bCentre = mark.strKey == "centre", bLower = mark.tPoint.dY >= tCentre.dY,
                bRight = !bCentre && mark.tPoint.dX > tCentre.dX;
     const int nInward = bRight ? -12 : 12, nAbove = -16, nBelow = 24;
-    return "<g class=\"mark\"" + Attribute("id", strCamera + "-" + mark.strKey) +
-           Attribute("transform",
-                     "translate(" + Number(mark.tPoint.dX) + " " + Number(mark.tPoint.dY) + ")") +
-           R"(><g class="screen"><path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/><text)" +
-           Attribute("x", std::to_string(bCentre ? nInward : -nInward)) +
-           Attribute("y", std::to_string(bLower ? nBelow : nAbove)) +
-           Attribute("data-x", std::to_string(nInward)) +
-           Attribute("data-y", std::to_string(bLower ? nAbove : nBelow)) +
-           Attribute("text-anchor", bRight ? "end" : "start") + ">" + Escaped(mark.strLabel) +
-           "</text></g><title>" +
-           Escaped(mark.strLabel + ": x " + Fixed(mark.tPoint.dX, 3) + " px, y " + Fixed(mark.tPoint.dY, 3) +
-                   " px") +
-           "</title></g>\n";
+    return fmt::format(
+        R"x(<g class="mark" id="{}-{}" transform="translate({} {})"><g class="screen">)x"
+        R"(<path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/>)"
+        R"(<text x="{}" y="{}" data-x="{}" data-y="{}" text-anchor="{}">{}</text></g>)"
+        "<title>{}: x {} px, y {} px</title></g>\n",
+        strCamera, mark.strKey, Number(mark.tPoint.dX), Number(mark.tPoint.dY), bCentre ? nInward : -nInward,
+        bLower ? nBelow : nAbove, nInward, bLower ? nAbove : nBelow, bRight ? "end" : "start",
+        Escaped(mark.strLabel), Escaped(mark.strLabel), Fixed(mark.tPoint.dX, 3), Fixed(mark.tPoint.dY, 3));
 }
 
-std::string Layer(const ShapeKind& t, const std::string& strShapes) {
-    return std::string("<g") + Attribute("class", t.szKey) + ">\n" + strShapes + "</g>\n";
+std::string Layer(const ShapeKind& kind, const std::string& strShapes) {
+    return fmt::format("<g class=\"{}\">\n{}</g>\n", kind.szKey, strShapes);
 }
 
 // Only the horizontal bar's direction is measured; the vertical one is drawn square to it, and half as long.
@@ -106,10 +97,10 @@ std::string FittedLines(const std::string& strCamera, const CameraTrust& trust) 
     return str;
 }
 
-std::string Image(const std::string& strCamera, const Picture& t) {
-    return R"(<image x="-0.5" y="-0.5")" + Attribute("id", strCamera + "-picture") +
-           Attribute("width", std::to_string(t.nColumns)) + Attribute("height", std::to_string(t.nRows)) +
-           Attribute("href", DataUrl("image/png", EncodePng(t))) + "/>\n";
+std::string Image(const std::string& strCamera, const Picture& picture) {
+    return fmt::format(R"(<image x="-0.5" y="-0.5" id="{}-picture" width="{}" height="{}" href="{}"/>)"
+                       "\n",
+                       strCamera, picture.nColumns, picture.nRows, DataUrl("image/png", EncodePng(picture)));
 }
 
 } // namespace
@@ -134,11 +125,12 @@ std::string SvgOf(const CameraReport& tCamera) {
     const Point tCentre = tCamera.tMeasured.oCentre.value_or(Point{});
     for (const Mark& t : MarksOf(tCamera.tMeasured))
         (t.strKey == "centre" ? strCentre : strCorners) += MarkShape(strCamera, t, tCentre);
-    return "<svg" + Attribute("id", strCamera + "-svg") + " role=\"img\"" +
-           Attribute("aria-label", strCamera + " camera's picture with what was measured in it") +
-           Attribute("viewBox", "-0.5 -0.5 " + std::to_string(tPicture.nColumns) + " " +
-                                    std::to_string(tPicture.nRows)) +
-           ">\n" + Image(strCamera, tPicture) +
+    return fmt::format(
+               R"(<svg id="{0}-svg" role="img" aria-label="{0} camera's picture with what was measured in it")"
+               R"( viewBox="-0.5 -0.5 {1} {2}">)"
+               "\n",
+               strCamera, tPicture.nColumns, tPicture.nRows) +
+           Image(strCamera, tPicture) +
            Layer(kShapeKinds[0],
                  Box(strCamera + "-window", tView.oSearchWindow, "search window of the cross")) +
            Layer(kShapeKinds[1],

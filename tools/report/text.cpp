@@ -1,3 +1,5 @@
+#include "report/text.h"
+
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"
 #include "report/tables.h"

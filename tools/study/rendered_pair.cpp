@@ -1,9 +1,8 @@
 #include "study/rendered_pair.h"
 
 #include "pictures/pgm.h"
-#include "study/made_up_calibration.h"
+#include "study/notes.h"
 #include "study/replacement.h"
-#include "study/truth_json.h"
 
 #include <algorithm>
 
@@ -15,12 +14,6 @@ std::string PgmOf(const chart::Shot& t) {
 }
 
 } // namespace
-
-std::vector<NewFile> NotesOf(const PairOptions& tOptions, const PairFiles& tFiles,
-                             std::uint64_t nCalibrationSeed) {
-    return {{tFiles.strTruth, TruthJson(SetupOf(tOptions)).dump(2) + "\n"},
-            {tFiles.strCalibration, MadeUpCalibration(nCalibrationSeed)}};
-}
 
 std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles& tFiles,
                                    std::uint64_t nCalibrationSeed) {

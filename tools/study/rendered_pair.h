@@ -1,24 +1,9 @@
 #ifndef ORVEX_TOOLS_STUDY_RENDERED_PAIR_H
 #define ORVEX_TOOLS_STUDY_RENDERED_PAIR_H
 
-#include "basics/files.h"
-#include "study/pair_options.h"
-
-#include <filesystem>
+#include "study/notes.h"
 
 namespace tools {
-
-// Where a rendered pair lies.
-struct PairFiles {
-    explicit PairFiles(const std::filesystem::path& tFolder)
-        : strMaster(tFolder / "master.pgm"), strSlave(tFolder / "slave.pgm"),
-          strTruth(tFolder / "truth.json"), strCalibration(tFolder / "calibration.bin") {}
-    std::string strMaster, strSlave, strTruth, strCalibration;
-};
-
-// The pair's truth and calibration. The truth tells all that the pictures are rendered with.
-std::vector<NewFile> NotesOf(const PairOptions& tOptions, const PairFiles& tFiles,
-                             std::uint64_t nCalibrationSeed);
 
 // All four files, with the pictures rendered.
 std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles& tFiles,

@@ -1,5 +1,7 @@
-#include "study/truth_json.h"
+#include "study/notes.h"
 
+#include "chart/noise.h"
+#include "measuring/calibration.h"
 #include "measuring/truth.h"
 
 namespace tools {
@@ -30,8 +32,6 @@ Json ChartJson(const chart::Chart& tChart) {
             {"paper_grey", tChart.dPaper}};
 }
 
-} // namespace
-
 Json TruthJson(const chart::PairSetup& tSetup) {
     const chart::PairTruth tTruth = chart::TruthOf(tSetup);
     const chart::Truth &tMaster = tTruth.tMaster, &tSlave = tTruth.tSlave;
@@ -42,6 +42,39 @@ Json TruthJson(const chart::PairSetup& tSetup) {
     tJson["slave"]["camera"] = CameraJson(tSetup.tSlave, tSetup.tSlaveCapture);
     tJson["chart"] = ChartJson(tSetup.tChart);
     return tJson;
+}
+
+// Two pairs of big-endian 16-bit lens positions, as the autofocus record uses them.
+constexpr std::size_t kPairs[] = {13, 2911};
+
+// Apart from the streams of the pictures' noise.
+constexpr std::uint64_t kStream = 0x10000;
+
+void PutPosition(std::string& strImage, std::size_t nPlace, unsigned int nPosition) {
+    strImage[nPlace] = static_cast<char>(nPosition >> 8);
+    strImage[nPlace + 1] = static_cast<char>(nPosition & 0xFF);
+}
+
+// A calibration memory image: bytes of the seed's own, with lens positions where a module has them, the
+// second of a pair beyond the first.
+std::string MadeUpCalibration(std::uint64_t nSeed) {
+    std::string strImage(kCalibrationBytes, '\0');
+    for (std::size_t i = 0; i < strImage.size(); ++i)
+        strImage[i] = static_cast<char>(chart::DerivedSeed(nSeed, kStream + i) & 0xFF);
+    for (const std::size_t nPair : kPairs) {
+        const auto nFirst = static_cast<unsigned char>(strImage[nPair]) + 200u;
+        PutPosition(strImage, nPair, nFirst);
+        PutPosition(strImage, nPair + 2, nFirst + static_cast<unsigned char>(strImage[nPair + 2]) + 150u);
+    }
+    return strImage;
+}
+
+} // namespace
+
+std::vector<NewFile> NotesOf(const PairOptions& tOptions, const PairFiles& tFiles,
+                             std::uint64_t nCalibrationSeed) {
+    return {{tFiles.strTruth, TruthJson(SetupOf(tOptions)).dump(2) + "\n"},
+            {tFiles.strCalibration, MadeUpCalibration(nCalibrationSeed)}};
 }
 
 } // namespace tools
