@@ -11,8 +11,7 @@
 //   angle         computed from that in double precision
 //   single        ... and rounded to single precision
 //   difference    between two of those
-#ifndef ORVEX_COMPARE_BIT_LINES_H
-#define ORVEX_COMPARE_BIT_LINES_H
+#pragma once
 
 #include <cstddef>
 #include <ostream>
@@ -65,5 +64,3 @@ private:
 };
 
 } // namespace compare
-
-#endif

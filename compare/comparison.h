@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_COMPARE_COMPARISON_H
-#define ORVEX_TESTS_COMPARE_COMPARISON_H
+#pragma once
 
 #include <istream>
 #include <map>
@@ -23,5 +22,3 @@ struct Comparison {
 Comparison Compare(std::istream& tOne, std::istream& tOther, std::size_t nLeastRendered = nRenderedPairs);
 
 } // namespace compare
-
-#endif

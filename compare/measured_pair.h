@@ -1,5 +1,4 @@
-#ifndef ORVEX_COMPARE_MEASURED_PAIR_H
-#define ORVEX_COMPARE_MEASURED_PAIR_H
+#pragma once
 
 #include "compare/bit_lines.h"
 #include "support/get_align.h"
@@ -12,5 +11,3 @@ bool AddPair(const BitLines& tLines, const char* szOrigin, const support::Pictur
              const support::Picture& tSlave);
 
 } // namespace compare
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_COMPARE_RECORDED_ATAN_H
-#define ORVEX_TESTS_COMPARE_RECORDED_ATAN_H
+#pragma once
 
 #include <vector>
 
@@ -9,5 +8,3 @@ struct AtanCall {
 
 // Every call of atan in this process, the library's among them.
 inline std::vector<AtanCall> atAtanCalls;
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_FUZZ_INPUT_H
-#define ORVEX_FUZZ_INPUT_H
+#pragma once
 
 #include <array>
 #include <bit>
@@ -69,5 +68,3 @@ private:
 };
 
 } // namespace fuzz
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_FUZZ_MEASURING_H
-#define ORVEX_FUZZ_MEASURING_H
+#pragma once
 
 #include "Orvex_Alignment_Stages.h"
 #include "require.h"
@@ -33,5 +32,3 @@ unsigned int RequireSameTwice(Measure&& MeasureOnce) {
 }
 
 } // namespace fuzz
-
-#endif

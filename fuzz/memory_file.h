@@ -1,5 +1,4 @@
-#ifndef ORVEX_FUZZ_MEMORY_FILE_H
-#define ORVEX_FUZZ_MEMORY_FILE_H
+#pragma once
 
 #include "require.h"
 
@@ -30,5 +29,3 @@ private:
 };
 
 } // namespace fuzz
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_FUZZ_PAINTING_H
-#define ORVEX_FUZZ_PAINTING_H
+#pragma once
 
 #include "input.h"
 #include "support/plane.h"
@@ -27,5 +26,3 @@ void PaintPatches(Input& tInput, Plane& tPlane, int nMost);
 Plane Binarised(const Plane& tGrey, unsigned char ubDarkest);
 
 } // namespace fuzz
-
-#endif

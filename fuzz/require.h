@@ -1,5 +1,4 @@
-#ifndef ORVEX_FUZZ_REQUIRE_H
-#define ORVEX_FUZZ_REQUIRE_H
+#pragma once
 
 #include <cstdio>
 #include <cstdlib>
@@ -15,5 +14,3 @@ inline void Require(bool bHolds, const char* szPromise) {
 }
 
 } // namespace fuzz
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORE_CAMERA_H
-#define ORVEX_CORE_CAMERA_H
+#pragma once
 
 #include "Orvex_Alignment_Stages.h"
 
@@ -55,5 +54,3 @@ CameraParameters ParametersOf(bool bMaster);
 CameraResults ResultsOf(bool bMaster);
 
 } // namespace orvex
-
-#endif

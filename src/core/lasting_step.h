@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORE_LASTING_STEP_H
-#define ORVEX_CORE_LASTING_STEP_H
+#pragma once
 
 #include <optional>
 
@@ -44,5 +43,3 @@ std::optional<int> FindLastingStep(LineWalk tWalk, Value tPrevious, MeasureLine&
 }
 
 } // namespace orvex
-
-#endif

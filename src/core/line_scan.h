@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORE_LINE_SCAN_H
-#define ORVEX_CORE_LINE_SCAN_H
+#pragma once
 
 #include "core/plane.h"
 
@@ -35,5 +34,3 @@ inline std::optional<ScanBounds> BoundsInside(PictureSize tSize, const LineScan&
 }
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORE_PLANE_H
-#define ORVEX_CORE_PLANE_H
+#pragma once
 
 #include <algorithm>
 #include <cstddef>
@@ -85,5 +84,3 @@ struct PlaneView {
 };
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORE_SCRATCH_H
-#define ORVEX_CORE_SCRATCH_H
+#pragma once
 
 #include <cstddef>
 #include <cstdlib>
@@ -21,5 +20,3 @@ Scratch<Value> MakeScratch(std::size_t nCount) {
 }
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORE_TO_INTEGER_H
-#define ORVEX_CORE_TO_INTEGER_H
+#pragma once
 
 #include <concepts>
 #include <limits>
@@ -26,5 +25,3 @@ constexpr int ToInt(double dValue) {
 }
 
 } // namespace orvex
-
-#endif

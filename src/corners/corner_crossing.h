@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORNERS_CORNER_CROSSING_H
-#define ORVEX_CORNERS_CORNER_CROSSING_H
+#pragma once
 
 #include "corners/line_fit.h"
 
@@ -21,5 +20,3 @@ struct CornerPosition {
 std::optional<CornerPosition> CrossSides(const SidePoints& tHorizontal, const SidePoints& tVertical);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORNERS_CORNER_POINTS_H
-#define ORVEX_CORNERS_CORNER_POINTS_H
+#pragma once
 
 #include "Orvex_Alignment_Stages.h"
 
@@ -13,5 +12,3 @@ unsigned int MeasureCornerPoints(unsigned char* pBinary, unsigned char* pGray, u
                                  _POINTPOSITION ptInnerRD, int nMaster);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORNERS_DARK_COUNT_DROP_H
-#define ORVEX_CORNERS_DARK_COUNT_DROP_H
+#pragma once
 
 namespace orvex {
 
@@ -15,5 +14,3 @@ bool FindDarkCountDrop(const unsigned char* pBinary, int nStride, int nX1, int n
                        bool bRowLines, int* pnLine);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORNERS_FRAME_SIDE_H
-#define ORVEX_CORNERS_FRAME_SIDE_H
+#pragma once
 
 #include "core/plane.h"
 #include "corners/corner_crossing.h"
@@ -23,5 +22,3 @@ enum class SideResult { Found, NoSide, NoStripe };
 SideResult MeasureSide(PlaneView tBinary, PlaneView tGrey, const SideSearch& tSearch, SidePoints* ptPoints);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORNERS_LINE_FIT_H
-#define ORVEX_CORNERS_LINE_FIT_H
+#pragma once
 
 #include <optional>
 
@@ -25,5 +24,3 @@ bool FitLineYonX(const double* adX, const double* adY, double* pdSlope, double* 
 bool FitLineXonY(const double* adX, const double* adY, double* pdSlope, double* pdIntercept);
 
 } // namespace orvex
-
-#endif

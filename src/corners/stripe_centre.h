@@ -1,5 +1,4 @@
-#ifndef ORVEX_CORNERS_STRIPE_CENTRE_H
-#define ORVEX_CORNERS_STRIPE_CENTRE_H
+#pragma once
 
 namespace orvex {
 
@@ -15,5 +14,3 @@ bool MeasureStripeLineCentre(const unsigned char* pGray, int nImageWidth, int nI
                              double dThreshold);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_AES_CBC_H
-#define ORVEX_ENTRY_AES_CBC_H
+#pragma once
 
 namespace orvex {
 
@@ -13,5 +12,3 @@ bool DecryptBlocks(const unsigned char* pKey, int nKey, const unsigned char* pVe
                    unsigned char* pPlain);
 
 } // namespace orvex
-
-#endif

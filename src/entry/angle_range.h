@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_ANGLE_RANGE_H
-#define ORVEX_ENTRY_ANGLE_RANGE_H
+#pragma once
 
 namespace orvex {
 
@@ -10,5 +9,3 @@ double RescaledAngle(double dAngle);
 bool IsOutOfRange(double dAngle);
 
 } // namespace orvex
-
-#endif

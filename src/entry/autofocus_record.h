@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_AUTOFOCUS_RECORD_H
-#define ORVEX_ENTRY_AUTOFOCUS_RECORD_H
+#pragma once
 
 #include "Orvex_Alignment.h"
 
@@ -29,5 +28,3 @@ _AFPROTECT MakeRecord(const float* pfMasterCentre, const float* pfSlaveCentre,
                       const unsigned char* pCalibData);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_LOG_H
-#define ORVEX_ENTRY_LOG_H
+#pragma once
 
 namespace orvex {
 
@@ -7,5 +6,3 @@ namespace orvex {
 constexpr char szLogTag[] = "Test";
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_RECORD_CONTAINER_H
-#define ORVEX_ENTRY_RECORD_CONTAINER_H
+#pragma once
 
 // The record file's container: a header of 16 bytes, an initialisation vector of 16, fresh for every file,
 // and AES-CBC blocks.
@@ -21,5 +20,3 @@ bool OAES_Encrypt(const unsigned char* pKey, int nKey, const unsigned char* pPla
 // pOut and *pnOut untouched, for a malformed container or padding, or a plain text that does not fit.
 bool OAES_Decrypt(const unsigned char* pKey, int nKey, const unsigned char* pIn, int nIn, unsigned char* pOut,
                   int* pnOut);
-
-#endif

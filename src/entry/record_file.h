@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_RECORD_FILE_H
-#define ORVEX_ENTRY_RECORD_FILE_H
+#pragma once
 
 #include "Orvex_Alignment.h"
 
@@ -11,5 +10,3 @@ namespace orvex {
 void WriteRecordFile(const _AFPROTECT& tRecord, const unsigned char* pCalibData, unsigned char* pOutFile);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_ENTRY_RECORD_KEY_H
-#define ORVEX_ENTRY_RECORD_KEY_H
+#pragma once
 
 constexpr int nRecordKeyBytes = 32;
 
@@ -9,5 +8,3 @@ extern unsigned char key_3[nRecordKeyBytes];
 // Derives the 32-byte key from bytes 0 to 2914 of the calibration memory. Returns false if the cryptography
 // library fails; the key is then of no use.
 bool Orvex_GenerateKey(const unsigned char* pCalibData, unsigned char* pKey);
-
-#endif

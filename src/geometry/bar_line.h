@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_BAR_LINE_H
-#define ORVEX_GEOMETRY_BAR_LINE_H
+#pragma once
 
 #include "core/plane.h"
 #include "geometry/centroid.h"
@@ -40,5 +39,3 @@ unsigned int MeasureBarLine(PlaneView tGrey, bool bHorizontal, Range tRun, doubl
                             double dThreshold, const BarStatuses& tStatuses, BarLine* ptLine);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_CENTROID_H
-#define ORVEX_GEOMETRY_CENTROID_H
+#pragma once
 
 #include "core/plane.h"
 
@@ -28,5 +27,3 @@ Centre RefineByCentroids(std::span<const double> adColumns, std::span<const doub
 Range FindBarBand(std::span<const double> adHistogram, double dCentre, double dExtent);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_COARSE_CENTRE_H
-#define ORVEX_GEOMETRY_COARSE_CENTRE_H
+#pragma once
 
 #include "geometry/dark_histograms.h"
 
@@ -11,5 +10,3 @@ namespace orvex {
 bool FindCoarseCentre(const DarkHistograms& tHistograms, unsigned short* pCenter);
 
 } // namespace orvex
-
-#endif

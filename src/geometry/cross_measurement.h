@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_CROSS_MEASUREMENT_H
-#define ORVEX_GEOMETRY_CROSS_MEASUREMENT_H
+#pragma once
 
 #include "geometry/dark_histograms.h"
 #include "image/centre_window.h"
@@ -19,5 +18,3 @@ unsigned int MeasureCross(PlaneView tGrey, const DarkHistograms& tHistograms, Ce
                           const unsigned short* pCoarseCentre, double dThreshold, CrossMeasurement* pCross);
 
 } // namespace orvex
-
-#endif

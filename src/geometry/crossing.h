@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_CROSSING_H
-#define ORVEX_GEOMETRY_CROSSING_H
+#pragma once
 
 #include "geometry/bar_line.h"
 
@@ -13,5 +12,3 @@ Centre CrossBars(const BarLine& tHorizontal, const BarLine& tVertical);
 float BarAngle(const BarLine& tHorizontal);
 
 } // namespace orvex
-
-#endif

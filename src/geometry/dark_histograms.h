@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_DARK_HISTOGRAMS_H
-#define ORVEX_GEOMETRY_DARK_HISTOGRAMS_H
+#pragma once
 
 #include "core/plane.h"
 #include "core/scratch.h"
@@ -30,5 +29,3 @@ std::optional<int> FirstOfDenseRun(std::span<const double> adHistogram);
 std::optional<int> LastOfDenseRun(std::span<const double> adHistogram);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_GEOMETRY_DARK_RUN_H
-#define ORVEX_GEOMETRY_DARK_RUN_H
+#pragma once
 
 #include "core/plane.h"
 
@@ -28,5 +27,3 @@ inline GreyLine GreyRow(PlaneView t, std::int64_t y) {
 }
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_IMAGE_BINARY_WINDOW_H
-#define ORVEX_IMAGE_BINARY_WINDOW_H
+#pragma once
 
 #include "image/centre_window.h"
 
@@ -27,5 +26,3 @@ void BinariseWindow(PlaneView tGrey, CentreWindow tWindow, double dThreshold, un
 void CleanSpecks(PictureSize tSize, CentreWindow tWindow, unsigned char* pBinary);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_IMAGE_CENTRE_WINDOW_H
-#define ORVEX_IMAGE_CENTRE_WINDOW_H
+#pragma once
 
 #include "core/plane.h"
 
@@ -40,5 +39,3 @@ CentreWindow WindowOfPass(PictureSize tSize, WindowRatios tRatios, bool bMaster,
                           const unsigned short* pCenter, bool bRefine);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_IMAGE_EDGE_SCAN_H
-#define ORVEX_IMAGE_EDGE_SCAN_H
+#pragma once
 
 namespace orvex {
 
@@ -15,5 +14,3 @@ bool FindEdgeByLineSum(const unsigned char* pGray, int nStride, int nX1, int nY1
                        bool bRowLines, int* pnEdge);
 
 } // namespace orvex
-
-#endif

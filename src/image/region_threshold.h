@@ -1,5 +1,4 @@
-#ifndef ORVEX_IMAGE_REGION_THRESHOLD_H
-#define ORVEX_IMAGE_REGION_THRESHOLD_H
+#pragma once
 
 namespace orvex {
 
@@ -13,5 +12,3 @@ bool CalcRegionThreshold(const unsigned char* pGray, int nStride, int nX1, int n
                          double dDarkFraction, double dBrightFraction, double dBlend, double* pdThreshold);
 
 } // namespace orvex
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_PIPELINE_STAGE_MESSAGES_H
-#define ORVEX_PIPELINE_STAGE_MESSAGES_H
+#pragma once
 
 namespace orvex {
 
@@ -23,5 +22,3 @@ struct CameraMessages {
 const CameraMessages& MessagesOf(bool bMaster);
 
 } // namespace orvex
-
-#endif

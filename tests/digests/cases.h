@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_DIGESTS_CASES_H
-#define ORVEX_TESTS_DIGESTS_CASES_H
+#pragma once
 
 #include <ostream>
 
@@ -32,5 +31,3 @@ constexpr Group atGroups[] = {
     {"geometry", WriteGeometry},      {"corners", WriteCorners},        {"entry", WriteEntry}};
 
 } // namespace digests
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_DIGESTS_DRAWN_CHART_H
-#define ORVEX_TESTS_DIGESTS_DRAWN_CHART_H
+#pragma once
 
 #include "support/plane.h"
 #include "support/random.h"
@@ -33,5 +32,3 @@ support::Plane BorderChart(support::Random& t, int nColumns, int nRows);
 void AddNoise(support::Random& t, support::Plane& tPlane, int nLevel);
 
 } // namespace digests
-
-#endif

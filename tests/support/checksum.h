@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_CHECKSUM_H
-#define ORVEX_TESTS_SUPPORT_CHECKSUM_H
+#pragma once
 
 #include <cstddef>
 #include <cstdint>
@@ -16,5 +15,3 @@ inline std::uint64_t AddedTo(std::uint64_t nHash, const void* pBytes, std::size_
 }
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_DOCUMENTED_STATUS_H
-#define ORVEX_TESTS_SUPPORT_DOCUMENTED_STATUS_H
+#pragma once
 
 namespace support {
 
@@ -10,5 +9,3 @@ inline bool IsDocumented(unsigned int n) {
 }
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_FAILING_CHARTS_H
-#define ORVEX_TESTS_SUPPORT_FAILING_CHARTS_H
+#pragma once
 
 #include "support/plane.h"
 
@@ -152,5 +151,3 @@ inline std::vector<FailingChart> FailingCharts() {
 }
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_FAILING_CRYPTOGRAPHY_H
-#define ORVEX_TESTS_SUPPORT_FAILING_CRYPTOGRAPHY_H
+#pragma once
 
 #include <string>
 
@@ -10,5 +9,3 @@ extern std::string g_strFailingCall;
 extern int g_nFailedCalls;
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_FAILING_HEAP_H
-#define ORVEX_TESTS_SUPPORT_FAILING_HEAP_H
+#pragma once
 
 #include <cstddef>
 
@@ -16,5 +15,3 @@ bool IsLiving(const void* p);         // one of those
 int FreesOfOlder(const void* pFreed); // how often this block, allocated before, was freed
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_GET_ALIGN_H
-#define ORVEX_TESTS_SUPPORT_GET_ALIGN_H
+#pragma once
 
 #include "Orvex_Alignment.h"
 
@@ -75,5 +74,3 @@ inline chart::Pair NoisyPair(const chart::Pose& tMaster, const chart::Pose& tRel
 }
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_PLANE_H
-#define ORVEX_TESTS_SUPPORT_PLANE_H
+#pragma once
 
 #include <algorithm>
 #include <cstddef>
@@ -45,5 +44,3 @@ inline Plane UprightChart() {
 }
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_PROGRAM_H
-#define ORVEX_TESTS_SUPPORT_PROGRAM_H
+#pragma once
 
 #include "support/plane.h"
 
@@ -49,5 +48,3 @@ protected:
 };
 
 } // namespace program
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_RANDOM_H
-#define ORVEX_TESTS_SUPPORT_RANDOM_H
+#pragma once
 
 #include <random>
 
@@ -23,5 +22,3 @@ private:
 };
 
 } // namespace support
-
-#endif

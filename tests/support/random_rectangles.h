@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_RANDOM_RECTANGLES_H
-#define ORVEX_TESTS_SUPPORT_RANDOM_RECTANGLES_H
+#pragma once
 
 #include "support/get_align.h"
 #include "support/random.h"
@@ -19,5 +18,3 @@ inline Picture Rectangles(Random& t, int nColumns, int nRows) {
 }
 
 } // namespace support
-
-#endif

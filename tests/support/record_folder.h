@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_RECORD_FOLDER_H
-#define ORVEX_TESTS_SUPPORT_RECORD_FOLDER_H
+#pragma once
 
 #include <filesystem>
 #include <fstream>
@@ -38,5 +37,3 @@ private:
 };
 
 } // namespace support
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_REPETITIONS_H
-#define ORVEX_TESTS_SUPPORT_REPETITIONS_H
+#pragma once
 
 namespace support {
 
@@ -13,5 +12,3 @@ constexpr int Repetitions(int n) {
 }
 
 } // namespace support
-
-#endif

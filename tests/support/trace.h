@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_TRACE_H
-#define ORVEX_TESTS_SUPPORT_TRACE_H
+#pragma once
 
 #include "Orvex_Alignment_Stages.h"
 #include "support/get_align.h"
@@ -31,5 +30,3 @@ inline Trace TraceOf(unsigned int nStatus, const std::array<double, 3>& adAngles
 }
 
 } // namespace support
-
-#endif

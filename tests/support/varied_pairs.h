@@ -1,5 +1,4 @@
-#ifndef ORVEX_TESTS_SUPPORT_VARIED_PAIRS_H
-#define ORVEX_TESTS_SUPPORT_VARIED_PAIRS_H
+#pragma once
 
 #include "chart/pair.h"
 #include "support/random.h"
@@ -35,5 +34,3 @@ inline chart::Pair VariedPair(unsigned int nPair) {
 }
 
 } // namespace support
-
-#endif

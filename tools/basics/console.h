@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_CONSOLE_H
-#define ORVEX_TOOLS_BASICS_CONSOLE_H
+#pragma once
 
 #include <string>
 
@@ -18,5 +17,3 @@ void Tell(const std::string& strMessage);
 std::string ShellWord(const std::string& str);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_CSV_H
-#define ORVEX_TOOLS_BASICS_CSV_H
+#pragma once
 
 #include <string>
 #include <string_view>
@@ -25,5 +24,3 @@ std::vector<CsvRecord> ParseCsv(std::string_view strText);
 std::string CsvLine(const std::vector<std::string>& aCells);
 
 } // namespace tools
-
-#endif

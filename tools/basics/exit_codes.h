@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_EXIT_CODES_H
-#define ORVEX_TOOLS_BASICS_EXIT_CODES_H
+#pragma once
 
 namespace tools {
 
@@ -18,5 +17,3 @@ constexpr ExitCode StoppedBy(int nSignal) {
 }
 
 } // namespace tools
-
-#endif

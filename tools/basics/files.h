@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_FILES_H
-#define ORVEX_TOOLS_BASICS_FILES_H
+#pragma once
 
 #include "basics/tool_error.h"
 
@@ -51,5 +50,3 @@ bool IsSameFile(const std::string& strOne, const std::string& strOther);
 void CreateFolder(const std::string& strFolder);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_GEOMETRY_H
-#define ORVEX_TOOLS_BASICS_GEOMETRY_H
+#pragma once
 
 #include <array>
 #include <cstddef>
@@ -49,5 +48,3 @@ struct CameraTruth {
 };
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_HARMLESS_TEXT_H
-#define ORVEX_TOOLS_BASICS_HARMLESS_TEXT_H
+#pragma once
 
 #include <string>
 #include <string_view>
@@ -12,5 +11,3 @@ namespace tools {
 std::string Harmless(std::string_view str);
 
 } // namespace tools
-
-#endif

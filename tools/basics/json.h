@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_JSON_H
-#define ORVEX_TOOLS_BASICS_JSON_H
+#pragma once
 
 #include <nlohmann/json.hpp>
 
@@ -17,5 +16,3 @@ inline std::string TextOf(const Json& json, int nIndent = 2) {
 }
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_LIST_COLUMNS_H
-#define ORVEX_TOOLS_BASICS_LIST_COLUMNS_H
+#pragma once
 
 #include <array>
 
@@ -12,5 +11,3 @@ constexpr std::array<const char*, 4> kPairColumns = {"id", "master", "slave", "c
 constexpr std::array<const char*, 3> kTruthColumns = {"true_rx_deg", "true_ry_deg", "true_rz_deg"};
 
 } // namespace tools
-
-#endif

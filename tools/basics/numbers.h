@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_NUMBERS_H
-#define ORVEX_TOOLS_BASICS_NUMBERS_H
+#pragma once
 
 #include <optional>
 #include <string>
@@ -10,5 +9,3 @@ namespace tools {
 std::optional<double> ParsedNumber(const std::string& str);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_PROGRESS_H
-#define ORVEX_TOOLS_BASICS_PROGRESS_H
+#pragma once
 
 #include <chrono>
 #include <cstddef>
@@ -29,5 +28,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

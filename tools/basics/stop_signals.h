@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_STOP_SIGNALS_H
-#define ORVEX_TOOLS_BASICS_STOP_SIGNALS_H
+#pragma once
 
 #include <csignal>
 
@@ -37,5 +36,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_TEXT_TABLE_H
-#define ORVEX_TOOLS_BASICS_TEXT_TABLE_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -24,5 +23,3 @@ std::string List(const std::string& strHeading, const std::vector<std::string>& 
 std::string Table(std::vector<std::vector<std::string>> aRows);
 
 } // namespace tools
-
-#endif

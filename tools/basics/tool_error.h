@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BASICS_TOOL_ERROR_H
-#define ORVEX_TOOLS_BASICS_TOOL_ERROR_H
+#pragma once
 
 #include "basics/harmless_text.h"
 
@@ -18,5 +17,3 @@ public:
 };
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_CHILD_H
-#define ORVEX_TOOLS_BATCH_CHILD_H
+#pragma once
 
 #include <array>
 #include <string>
@@ -45,5 +44,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_CHILD_POOL_H
-#define ORVEX_TOOLS_BATCH_CHILD_POOL_H
+#pragma once
 
 #include "batch/child.h"
 
@@ -24,5 +23,3 @@ struct ChildWork {
 int RunChildren(const ChildWork& tWork);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_COLUMNS_H
-#define ORVEX_TOOLS_BATCH_COLUMNS_H
+#pragma once
 
 #include "basics/json.h"
 #include "batch/row.h"
@@ -28,5 +27,3 @@ std::vector<Json> CellsOf(const BatchRow& tRow);
 std::optional<BatchRow> RowOfCells(const std::vector<Json>& aCells);
 
 } // namespace tools
-
-#endif

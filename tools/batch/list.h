@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_LIST_H
-#define ORVEX_TOOLS_BATCH_LIST_H
+#pragma once
 
 #include "basics/geometry.h"
 
@@ -34,5 +33,3 @@ struct BatchList {
 BatchList ReadBatchList(const std::string& strFile);
 
 } // namespace tools
-
-#endif

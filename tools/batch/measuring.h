@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_MEASURING_H
-#define ORVEX_TOOLS_BATCH_MEASURING_H
+#pragma once
 
 #include "batch/result_sink.h"
 #include "batch/results.h"
@@ -29,5 +28,3 @@ struct MeasuredRows {
 MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary);
 
 } // namespace tools
-
-#endif

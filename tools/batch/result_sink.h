@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_RESULT_SINK_H
-#define ORVEX_TOOLS_BATCH_RESULT_SINK_H
+#pragma once
 
 #include <string>
 
@@ -30,5 +29,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

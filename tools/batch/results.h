@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_RESULTS_H
-#define ORVEX_TOOLS_BATCH_RESULTS_H
+#pragma once
 
 #include "batch/row.h"
 
@@ -23,5 +22,3 @@ struct StoredRows {
 StoredRows ReadRows(RowFormat tFormat, const std::string& strFile, const std::string& strText);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_ROW_H
-#define ORVEX_TOOLS_BATCH_ROW_H
+#pragma once
 
 #include "batch/child.h"
 #include "batch/list.h"
@@ -30,5 +29,3 @@ std::string PlaceInList(const BatchItem& tItem);
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem);
 
 } // namespace tools
-
-#endif

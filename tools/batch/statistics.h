@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_STATISTICS_H
-#define ORVEX_TOOLS_BATCH_STATISTICS_H
+#pragma once
 
 #include <cstddef>
 #include <map>
@@ -33,5 +32,3 @@ struct GaugeStudy {
 GaugeStudy StudyOf(const Groups& tGroups);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_BATCH_SUMMARY_H
-#define ORVEX_TOOLS_BATCH_SUMMARY_H
+#pragma once
 
 #include "batch/row.h"
 #include "batch/statistics.h"
@@ -45,5 +44,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_BLUR_H
-#define ORVEX_CHART_BLUR_H
+#pragma once
 
 #include "chart/scene.h"
 
@@ -13,5 +12,3 @@ constexpr double kMaxBlurSigma = 50.0;
 void Blur(Plane& tPlane, double dSigma);
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_CAMERA_H
-#define ORVEX_CHART_CAMERA_H
+#pragma once
 
 #include "basics/geometry.h"
 
@@ -35,5 +34,3 @@ Camera DefaultSlave();
 Camera ScaledTo(const Camera& tCamera, int nWidth, int nHeight);
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_CHART_H
-#define ORVEX_CHART_CHART_H
+#pragma once
 
 namespace chart {
 
@@ -23,5 +22,3 @@ struct Chart {
 };
 
 } // namespace chart
-
-#endif

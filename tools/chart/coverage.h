@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_COVERAGE_H
-#define ORVEX_CHART_COVERAGE_H
+#pragma once
 
 #include <array>
 
@@ -17,5 +16,3 @@ struct Linear {
 double AreaBelowZero(const std::array<Linear, 4>& aBounds);
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_INK_H
-#define ORVEX_CHART_INK_H
+#pragma once
 
 #include "chart/chart.h"
 
@@ -18,5 +17,3 @@ struct InkPatch {
 std::vector<InkPatch> InkPatches(const Chart& tChart);
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_NOISE_H
-#define ORVEX_CHART_NOISE_H
+#pragma once
 
 #include <cstdint>
 
@@ -21,5 +20,3 @@ private:
 };
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_PAIR_H
-#define ORVEX_CHART_PAIR_H
+#pragma once
 
 #include "chart/projection.h"
 #include "chart/render.h"
@@ -44,5 +43,3 @@ PairTruth TruthOf(const PairSetup& tSetup);
 Pair RenderPair(const PairSetup& tSetup);
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_PROJECTION_H
-#define ORVEX_CHART_PROJECTION_H
+#pragma once
 
 #include "chart/camera.h"
 #include "chart/chart.h"
@@ -19,5 +18,3 @@ Point ProjectPoint(const Chart& tChart, const Camera& tCamera, const Pose& tPose
 Truth Project(const Chart& tChart, const Camera& tCamera, const Pose& tPose);
 
 } // namespace chart
-
-#endif

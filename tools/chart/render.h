@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_RENDER_H
-#define ORVEX_CHART_RENDER_H
+#pragma once
 
 #include "chart/camera.h"
 #include "chart/chart.h"
@@ -35,5 +34,3 @@ std::vector<std::uint8_t> Render(const Chart& tChart, const Camera& tCamera, con
                                  const Capture& tCapture = {});
 
 } // namespace chart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_ROTATION_H
-#define ORVEX_CHART_ROTATION_H
+#pragma once
 
 #include "chart/camera.h"
 
@@ -24,5 +23,3 @@ using Matrix3 = std::array<std::array<double, 3>, 3>;
 Matrix3 ChartToCamera(const Pose& tPose);
 
 } // namespace chart
-
-#endif

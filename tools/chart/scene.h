@@ -1,5 +1,4 @@
-#ifndef ORVEX_CHART_SCENE_H
-#define ORVEX_CHART_SCENE_H
+#pragma once
 
 #include "chart/camera.h"
 #include "chart/chart.h"
@@ -20,5 +19,3 @@ struct Plane {
 Plane RenderScene(const Chart& tChart, const Camera& tCamera, const Pose& tPose);
 
 } // namespace chart
-
-#endif

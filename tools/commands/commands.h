@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_COMMANDS_COMMANDS_H
-#define ORVEX_TOOLS_COMMANDS_COMMANDS_H
+#pragma once
 
 #include "basics/exit_codes.h"
 
@@ -14,5 +13,3 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit);
 void AddRenderCommand(CLI::App& tApp, ExitCode& tExit);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_COMMANDS_EXIT_MEANINGS_H
-#define ORVEX_TOOLS_COMMANDS_EXIT_MEANINGS_H
+#pragma once
 
 #include "basics/exit_codes.h"
 
@@ -22,5 +21,3 @@ std::string ExitCodesHelp(std::vector<ExitMeaning> aAnswers,
                           const char* szStopped = "no file is left half-written");
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_COMMANDS_MAN_PAGE_H
-#define ORVEX_TOOLS_COMMANDS_MAN_PAGE_H
+#pragma once
 
 #include <CLI/CLI.hpp>
 
@@ -16,5 +15,3 @@ public:
 std::string ExamplesHelp(std::initializer_list<const char*> aszCommands);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_COMMANDS_OPTION_CHECKS_H
-#define ORVEX_TOOLS_COMMANDS_OPTION_CHECKS_H
+#pragma once
 
 #include "pictures/picture_size.h"
 
@@ -23,5 +22,3 @@ CLI::Validator OneOf(const std::vector<std::string>& aWords);
 PictureSize ParsedSize(const std::string& strOption, const std::string& str);
 
 } // namespace tools
-
-#endif

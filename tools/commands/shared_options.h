@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_COMMANDS_SHARED_OPTIONS_H
-#define ORVEX_TOOLS_COMMANDS_SHARED_OPTIONS_H
+#pragma once
 
 #include "pictures/picture_size.h"
 
@@ -33,5 +32,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

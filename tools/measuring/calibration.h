@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_CALIBRATION_H
-#define ORVEX_TOOLS_MEASURING_CALIBRATION_H
+#pragma once
 
 #include "Orvex_Alignment.h"
 
@@ -14,5 +13,3 @@ constexpr std::size_t kCalibrationBytes = ORVEX_CALIBRATION_SIZE;
 std::string ReadCalibration(const std::string& strFile);
 
 } // namespace tools
-
-#endif

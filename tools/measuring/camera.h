@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_CAMERA_H
-#define ORVEX_TOOLS_MEASURING_CAMERA_H
+#pragma once
 
 namespace tools {
 
@@ -10,5 +9,3 @@ constexpr const char* NameOf(Camera tCamera) {
 }
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_CAMERA_MEASUREMENT_H
-#define ORVEX_TOOLS_MEASURING_CAMERA_MEASUREMENT_H
+#pragma once
 
 #include "basics/geometry.h"
 #include "measuring/status_words.h"
@@ -26,5 +25,3 @@ struct CameraMeasurement {
 const CornerName* MissingCorner(const CameraMeasurement& measured);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_CAPTURED_OUTPUT_H
-#define ORVEX_TOOLS_MEASURING_CAPTURED_OUTPUT_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -27,5 +26,3 @@ private:
 };
 
 } // namespace tools
-
-#endif

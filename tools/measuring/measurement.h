@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_MEASUREMENT_H
-#define ORVEX_TOOLS_MEASURING_MEASUREMENT_H
+#pragma once
 
 #include "measuring/camera.h"
 #include "measuring/camera_measurement.h"
@@ -39,5 +38,3 @@ struct Measurement {
 Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_PARAMETERS_H
-#define ORVEX_TOOLS_MEASURING_PARAMETERS_H
+#pragma once
 
 #include "Orvex_Alignment_Stages.h"
 #include "measuring/camera.h"
@@ -23,5 +22,3 @@ FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters);
 PictureSize LeastSizeOf(Camera tCamera);
 
 } // namespace tools
-
-#endif

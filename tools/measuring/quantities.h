@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_QUANTITIES_H
-#define ORVEX_TOOLS_MEASURING_QUANTITIES_H
+#pragma once
 
 #include "basics/json.h"
 #include "measuring/camera_measurement.h"
@@ -47,5 +46,3 @@ Json JsonOf(const Quantities& a);
 Json::json_pointer PlaceOf(const std::string& strKey);
 
 } // namespace tools
-
-#endif

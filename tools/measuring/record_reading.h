@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_RECORD_READING_H
-#define ORVEX_TOOLS_MEASURING_RECORD_READING_H
+#pragma once
 
 #include "Orvex_Alignment.h"
 
@@ -62,5 +61,3 @@ struct RecordReading {
 RecordReading ReadRecord(const std::string& strFile, const std::string& strCalibration);
 
 } // namespace tools
-
-#endif

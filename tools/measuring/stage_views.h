@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_STAGE_VIEWS_H
-#define ORVEX_TOOLS_MEASURING_STAGE_VIEWS_H
+#pragma once
 
 #include "Orvex_Alignment_Stages.h"
 #include "measuring/camera_measurement.h"
@@ -37,5 +36,3 @@ StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave
                    DualCamAlignParam tParameters);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_STATUS_WORDS_H
-#define ORVEX_TOOLS_MEASURING_STATUS_WORDS_H
+#pragma once
 
 #include <string>
 
@@ -42,5 +41,3 @@ const StatusWords& DescribeStatus(unsigned int nStatus);
 std::string HexOf(unsigned int nStatus);
 
 } // namespace tools
-
-#endif

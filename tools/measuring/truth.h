@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_TRUTH_H
-#define ORVEX_TOOLS_MEASURING_TRUTH_H
+#pragma once
 
 #include "measuring/quantities.h"
 
@@ -29,5 +28,3 @@ struct Comparison {
 std::vector<Comparison> Compare(const Quantities& aMeasured, const Truth& tTruth);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_VERDICT_H
-#define ORVEX_TOOLS_MEASURING_VERDICT_H
+#pragma once
 
 #include "basics/exit_codes.h"
 #include "measuring/measurement.h"
@@ -55,5 +54,3 @@ std::string PlaceOfFailure(const PairResult& pair);
 Verdict VerdictOf(const PairResult& pair);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_VERSIONS_H
-#define ORVEX_TOOLS_MEASURING_VERSIONS_H
+#pragma once
 
 #include <string>
 
@@ -11,5 +10,3 @@ constexpr char kToolVersion[] = "1.0.0";
 std::string LibraryVersion();
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_MEASURING_WORKING_RECORD_H
-#define ORVEX_TOOLS_MEASURING_WORKING_RECORD_H
+#pragma once
 
 #include "measuring/camera.h"
 #include "measuring/camera_measurement.h"
@@ -14,5 +13,3 @@ CameraMeasurement RecordedCamera(Camera tCamera, Stage tReached);
 Angles RecordedAngles();
 
 } // namespace tools
-
-#endif

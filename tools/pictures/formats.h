@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_FORMATS_H
-#define ORVEX_TOOLS_PICTURES_FORMATS_H
+#pragma once
 
 #include "pictures/jpeg.h"
 #include "pictures/pgm.h"
@@ -30,5 +29,3 @@ const PictureFormat* FormatOf(std::string_view strBytes);
 std::string ListedFormats(const char* PictureFormat::*pMember, const std::string& strLast);
 
 } // namespace tools
-
-#endif

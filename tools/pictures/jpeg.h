@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_JPEG_H
-#define ORVEX_TOOLS_PICTURES_JPEG_H
+#pragma once
 
 #include "pictures/picture.h"
 
@@ -16,5 +15,3 @@ bool IsJpeg(std::string_view strBytes);
 Picture DecodeJpeg(const std::string& strFile, std::string_view strBytes);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_PGM_H
-#define ORVEX_TOOLS_PICTURES_PGM_H
+#pragma once
 
 #include "pictures/picture.h"
 
@@ -17,5 +16,3 @@ Picture DecodePgm(const std::string& strFile, std::string_view strBytes);
 std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey);
 
 } // namespace tools
-
-#endif

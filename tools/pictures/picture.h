@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_PICTURE_H
-#define ORVEX_TOOLS_PICTURES_PICTURE_H
+#pragma once
 
 #include "pictures/picture_size.h"
 
@@ -24,5 +23,3 @@ struct Picture {
 Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw = std::nullopt);
 
 } // namespace tools
-
-#endif

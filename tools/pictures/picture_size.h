@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_PICTURE_SIZE_H
-#define ORVEX_TOOLS_PICTURES_PICTURE_SIZE_H
+#pragma once
 
 #include <cstddef>
 #include <cstdint>
@@ -33,5 +32,3 @@ std::size_t PixelsOf(PictureSize size);
 PictureSize DecodableSize(const std::string& strFile, std::uint32_t nColumns, std::uint32_t nRows);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_PNG_H
-#define ORVEX_TOOLS_PICTURES_PNG_H
+#pragma once
 
 #include "pictures/picture.h"
 
@@ -18,5 +17,3 @@ bool IsPng(std::string_view strBytes);
 Picture DecodePng(const std::string& strFile, std::string_view strBytes);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_PICTURES_RAW_H
-#define ORVEX_TOOLS_PICTURES_RAW_H
+#pragma once
 
 #include "pictures/picture.h"
 
@@ -10,5 +9,3 @@ namespace tools {
 Picture ReadRawPicture(const std::string& strFile, PictureSize tSize);
 
 } // namespace tools
-
-#endif

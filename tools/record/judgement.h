@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_RECORD_JUDGEMENT_H
-#define ORVEX_TOOLS_RECORD_JUDGEMENT_H
+#pragma once
 
 #include "measuring/record_reading.h"
 
@@ -19,5 +18,3 @@ struct RecordJudgement {
 RecordJudgement JudgementOf(const RecordReading& tReading);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_RECORD_OUTPUT_H
-#define ORVEX_TOOLS_RECORD_OUTPUT_H
+#pragma once
 
 #include "basics/exit_codes.h"
 #include "record/judgement.h"
@@ -22,5 +21,3 @@ std::string TextOf(const RecordReport& report);
 std::string JsonTextOf(const RecordReport& report);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_RECORD_WARNINGS_H
-#define ORVEX_TOOLS_RECORD_WARNINGS_H
+#pragma once
 
 #include "measuring/record_reading.h"
 
@@ -12,5 +11,3 @@ namespace tools {
 std::vector<std::string> WarningsOf(const RecordReading& tReading);
 
 } // namespace tools
-
-#endif

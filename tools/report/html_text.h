@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_HTML_TEXT_H
-#define ORVEX_TOOLS_REPORT_HTML_TEXT_H
+#pragma once
 
 #include <string>
 #include <string_view>
@@ -14,5 +13,3 @@ std::string Escaped(std::string_view str);
 std::string DataUrl(std::string_view strMediaType, std::string_view strBytes);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_PAGE_H
-#define ORVEX_TOOLS_REPORT_PAGE_H
+#pragma once
 
 #include "report/report.h"
 
@@ -10,5 +9,3 @@ namespace tools {
 std::string HtmlOf(const Report& report);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_PAGE_SCRIPT_H
-#define ORVEX_TOOLS_REPORT_PAGE_SCRIPT_H
+#pragma once
 
 namespace tools {
 
@@ -7,5 +6,3 @@ namespace tools {
 extern const char kReportScript[];
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_PNG_ENCODER_H
-#define ORVEX_TOOLS_REPORT_PNG_ENCODER_H
+#pragma once
 
 #include "pictures/picture.h"
 
@@ -9,5 +8,3 @@ namespace tools {
 std::string EncodePng(const Picture& picture);
 
 } // namespace tools
-
-#endif

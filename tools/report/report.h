@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_REPORT_H
-#define ORVEX_TOOLS_REPORT_REPORT_H
+#pragma once
 
 #include "measuring/truth.h"
 #include "measuring/verdict.h"
@@ -34,5 +33,3 @@ Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement)
 std::vector<Comparison> ComparisonsOf(const Report& report);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_SHAPES_H
-#define ORVEX_TOOLS_REPORT_SHAPES_H
+#pragma once
 
 #include "report/report.h"
 
@@ -31,5 +30,3 @@ std::vector<Mark> MarksOf(const CameraMeasurement& measured);
 std::string SvgOf(const CameraReport& tCamera);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_TABLES_H
-#define ORVEX_TOOLS_REPORT_TABLES_H
+#pragma once
 
 #include "report/report.h"
 
@@ -30,5 +29,3 @@ std::vector<ReportTable> TablesOf(const Report& report);
 std::vector<ReportList> ListsOf(const Report& report);
 
 } // namespace tools
-
-#endif

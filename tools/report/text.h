@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_REPORT_TEXT_H
-#define ORVEX_TOOLS_REPORT_TEXT_H
+#pragma once
 
 #include "report/report.h"
 
@@ -9,5 +8,3 @@ namespace tools {
 std::string TextOf(const Report& report);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_STUDY_NOTES_H
-#define ORVEX_TOOLS_STUDY_NOTES_H
+#pragma once
 
 #include "basics/files.h"
 #include "study/pair_options.h"
@@ -21,5 +20,3 @@ std::vector<NewFile> NotesOf(const PairOptions& tOptions, const PairFiles& tFile
                              std::uint64_t nCalibrationSeed);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_STUDY_PAIR_OPTIONS_H
-#define ORVEX_TOOLS_STUDY_PAIR_OPTIONS_H
+#pragma once
 
 #include "basics/geometry.h"
 #include "chart/blur.h"
@@ -30,5 +29,3 @@ struct PairOptions {
 chart::PairSetup SetupOf(const PairOptions& tOptions);
 
 } // namespace tools
-
-#endif

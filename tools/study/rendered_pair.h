@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_STUDY_RENDERED_PAIR_H
-#define ORVEX_TOOLS_STUDY_RENDERED_PAIR_H
+#pragma once
 
 #include "study/notes.h"
 
@@ -14,5 +13,3 @@ std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles&
 PairFiles WritePair(const std::string& strFolder, const PairOptions& tOptions, bool bOverwrite);
 
 } // namespace tools
-
-#endif

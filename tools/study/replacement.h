@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_STUDY_REPLACEMENT_H
-#define ORVEX_TOOLS_STUDY_REPLACEMENT_H
+#pragma once
 
 #include "basics/files.h"
 
@@ -15,5 +14,3 @@ void RefuseToReplace(const std::vector<NewFile>& aFiles);
 void RemoveFile(const std::string& strFile);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_STUDY_STUDY_H
-#define ORVEX_TOOLS_STUDY_STUDY_H
+#pragma once
 
 #include "study/pair_options.h"
 
@@ -29,5 +28,3 @@ struct StudyOutcome {
 StudyOutcome WriteStudy(const Study& tStudy);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_TRUST_CROSS_LEVELS_H
-#define ORVEX_TOOLS_TRUST_CROSS_LEVELS_H
+#pragma once
 
 #include "measuring/stage_views.h"
 #include "pictures/picture.h"
@@ -17,5 +16,3 @@ struct CrossLevels {
 std::optional<CrossLevels> ReadCrossLevels(const Picture& tPicture, const Rectangle& tWindow);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_TRUST_NUMBERS_H
-#define ORVEX_TOOLS_TRUST_NUMBERS_H
+#pragma once
 
 #include "measuring/quantities.h"
 #include "trust/trust.h"
@@ -53,5 +52,3 @@ std::string TrustLimitsHelp();
 Json TrustLimitsJson();
 
 } // namespace tools
-
-#endif

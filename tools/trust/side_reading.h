@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_TRUST_SIDE_READING_H
-#define ORVEX_TOOLS_TRUST_SIDE_READING_H
+#pragma once
 
 #include "basics/geometry.h"
 #include "pictures/picture.h"
@@ -46,5 +45,3 @@ SideReading ReadSide(const Picture& tPicture, Point tFrom, Point tTo);
 SideReading SearchSide(const Picture& tPicture, Point tFrom, Point tTo, double dReach);
 
 } // namespace tools
-
-#endif

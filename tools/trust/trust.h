@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_TRUST_TRUST_H
-#define ORVEX_TOOLS_TRUST_TRUST_H
+#pragma once
 
 #include "measuring/measurement.h"
 #include "trust/cross_levels.h"
@@ -50,5 +49,3 @@ struct CameraTrust {
 CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult);
 
 } // namespace tools
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ORVEX_TOOLS_TRUST_WARNINGS_H
-#define ORVEX_TOOLS_TRUST_WARNINGS_H
+#pragma once
 
 #include "basics/json.h"
 #include "measuring/camera.h"
@@ -37,5 +36,3 @@ std::string KeyOf(const Json& tWarning);
 std::optional<std::string> GeneralText(const std::string& strKey);
 
 } // namespace tools
-
-#endif
