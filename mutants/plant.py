@@ -121,7 +121,7 @@ class Tests:
         code, output = run([self.program, '--gtest_fail_fast', '--gtest_brief=1'], self.seconds)
         if code != 0:
             found = re.search(r'kept against measured: (.*)', output)
-            return found.group(1) if found else f'digest_tests: {collapsed(output)[-60:]}'
+            return found.group(1) if found else f'digest_tests ends with {code} {collapsed(output)[-60:]}'
         if not self.compiles(OTHER_PROGRAMS):
             return 'the build of the other tests'
         failed = self.failing(LEFT_OUT)
