@@ -48,14 +48,14 @@ std::string MarkShape(const std::string& strCamera, const Mark& mark, Point tCen
     const bool bCentre = mark.strKey == "centre", bLower = mark.tPoint.dY >= tCentre.dY,
                bRight = !bCentre && mark.tPoint.dX > tCentre.dX;
     const int nInward = bRight ? -12 : 12, nAbove = -16, nBelow = 24;
-    return fmt::format(
-        R"x(<g class="mark" id="{}-{}" transform="translate({} {})"><g class="screen">)x"
-        R"(<path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/>)"
-        R"(<text x="{}" y="{}" data-x="{}" data-y="{}" text-anchor="{}">{}</text></g>)"
-        "<title>{}: x {} px, y {} px</title></g>\n",
-        strCamera, mark.strKey, Number(mark.tPoint.dX), Number(mark.tPoint.dY), bCentre ? nInward : -nInward,
-        bLower ? nBelow : nAbove, nInward, bLower ? nAbove : nBelow, bRight ? "end" : "start",
-        Escaped(mark.strLabel), Escaped(mark.strLabel), Fixed(mark.tPoint.dX, 3), Fixed(mark.tPoint.dY, 3));
+    return fmt::format(R"x(<g class="mark" id="{}-{}" transform="translate({} {})"><g class="screen">)x"
+                       R"(<path d="M-12 0h8M4 0h8M0-12v8M0 4v8"/><circle r="8"/>)"
+                       R"(<text x="{}" y="{}" data-x="{}" data-y="{}" text-anchor="{}">{}</text></g>)"
+                       "<title>{}: x {} px, y {} px</title></g>\n",
+                       strCamera, mark.strKey, Number(mark.tPoint.dX), Number(mark.tPoint.dY),
+                       bCentre ? nInward : -nInward, bLower ? nBelow : nAbove, nInward,
+                       bLower ? nAbove : nBelow, bRight ? "end" : "start", Escaped(mark.strLabel),
+                       Escaped(mark.strLabel), Fixed(mark.tPoint.dX, 3), Fixed(mark.tPoint.dY, 3));
 }
 
 std::string Layer(const ShapeKind& kind, const std::string& strShapes) {
