@@ -180,20 +180,14 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand("batch", kDescription);
     AddFile(tCommand, "LIST.csv", pOptions->strList, "The list of pairs", "").required();
-    tCommand.add_option("--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024")
-        ->check(Within(1, 1024))
-        ->check(WholeNumber())
-        ->type_name("N")
-        ->default_str("one per core, here " + std::to_string(pOptions->nJobs));
+    AddCount(tCommand, "--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024", 1, 1024)
+        .default_str(fmt::format("one per core, here {}", pOptions->nJobs));
     pOptions->tRaw.AddTo(tCommand);
-    tCommand
-        .add_option("--timeout", pOptions->nTimeout,
-                    "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its "
-                    "row says so")
-        ->check(Within(1, 86400))
-        ->check(WholeNumber())
-        ->type_name("SECONDS")
-        ->capture_default_str();
+    AddCount(
+        tCommand, "--timeout", pOptions->nTimeout,
+        "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its row says so",
+        1, 86400, "SECONDS")
+        .capture_default_str();
     AddFile(tCommand, "--out", pOptions->strOut,
             "File for the rows; without it they go to standard output. A file that exists is refused unless "
             "one of the next two is given");

@@ -139,24 +139,16 @@ void AddCapture(CLI::App& tCommand, PairOptions& tPair) {
 }
 
 void AddStudy(CLI::App& tCommand, Options& tOptions) {
-    auto* const pCount =
-        tCommand
-            .add_option("--count", tOptions.nCount,
-                        "Render a study of this many modules instead of one pair, 1 to 100000")
-            ->check(Within(1, 100000))
-            ->check(WholeNumber())
-            ->type_name("N");
-    tCommand
-        .add_option("--repeats", tOptions.nRepeats,
-                    "Pairs of each module, 1 to 1000: same angles and id, noise of their own")
-        ->check(Within(1, 1000))
-        ->check(WholeNumber())
-        ->type_name("N")
-        ->capture_default_str()
-        ->needs(pCount);
+    CLI::Option& tCount =
+        AddCount(tCommand, "--count", tOptions.nCount,
+                 "Render a study of this many modules instead of one pair, 1 to 100000", 1, 100000);
+    AddCount(tCommand, "--repeats", tOptions.nRepeats,
+             "Pairs of each module, 1 to 1000: same angles and id, noise of their own", 1, 1000)
+        .capture_default_str()
+        ->needs(&tCount);
     const auto AddRange = [&](const char* szName, double& d, const char* szWhat) {
         AddNumber(tCommand, szName, d, 0, kMaxAngle, "DEG", szWhat, " degrees");
-        tCommand.get_option(szName)->needs(pCount);
+        tCommand.get_option(szName)->needs(&tCount);
     };
     AddRange("--range", tOptions.dRange,
              "How far each module's angles are drawn to both sides of --rx, --ry, --rz");

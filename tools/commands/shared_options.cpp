@@ -17,6 +17,14 @@ CLI::Option& AddFile(CLI::App& tCommand, const char* szName, std::string& strFil
     return *tCommand.add_option(szName, strFile, strHelp)->check(FileName())->type_name(szType);
 }
 
+CLI::Option& AddCount(CLI::App& tCommand, const char* szName, std::size_t& n, const char* szHelp,
+                      std::size_t nLowest, std::size_t nHighest, const char* szType) {
+    return *tCommand.add_option(szName, n, szHelp)
+                ->check(Within(static_cast<double>(nLowest), static_cast<double>(nHighest)))
+                ->check(WholeNumber())
+                ->type_name(szType);
+}
+
 CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile) {
     return *AddFile(
                 tCommand, "--calibration", strFile,

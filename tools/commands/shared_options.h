@@ -11,6 +11,10 @@ namespace tools {
 CLI::Option& AddFile(CLI::App& tCommand, const char* szName, std::string& strFile, const std::string& strHelp,
                      const char* szType = "FILE");
 
+// An option that counts something, from nLowest to nHighest, which szHelp tells.
+CLI::Option& AddCount(CLI::App& tCommand, const char* szName, std::size_t& n, const char* szHelp,
+                      std::size_t nLowest, std::size_t nHighest, const char* szType = "N");
+
 CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile);
 
 CLI::Option& AddJson(CLI::App& tCommand, bool& bJson);

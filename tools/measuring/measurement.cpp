@@ -78,16 +78,17 @@ std::string RecordIn(const std::string& strBytes) {
     return IsRecordFile(strBytes) ? strBytes : std::string();
 }
 
-PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, std::string strCalibration) {
+PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {
+    std::string strCalibrationCopy = strCalibration;
     PairResult pair = {};
     Angles tRescaled;
     std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aunRecord = {};
     SetSizes(tMaster, tSlave);
     {
         CapturedOutput tOutput(STDOUT_FILENO), tLog(STDERR_FILENO);
-        pair.nStatus = getAlign(MallocCopy(tMaster.aGrey), MallocCopy(tSlave.aGrey), &tRescaled.dRx,
-                                &tRescaled.dRy, &tRescaled.dRz,
-                                reinterpret_cast<unsigned char*>(strCalibration.data()), aunRecord.data());
+        pair.nStatus = getAlign(
+            MallocCopy(tMaster.aGrey), MallocCopy(tSlave.aGrey), &tRescaled.dRx, &tRescaled.dRy,
+            &tRescaled.dRz, reinterpret_cast<unsigned char*>(strCalibrationCopy.data()), aunRecord.data());
         pair.aDiagnostics = tOutput.Lines();
         SortLog(tLog.Lines(), pair);
     }
@@ -122,8 +123,9 @@ Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::st
     // All of the working block is copied before the views' stages write to it.
     measurement.tMaster.tMeasured = MeasuredBy(Camera::kMaster, measurement.tPair);
     measurement.tSlave.tMeasured = MeasuredBy(Camera::kSlave, measurement.tPair);
+    const DualCamAlignParam tParameters = m_tDualCamAlignParam;
     const StageViews tViews = ViewsOf({tMaster, measurement.tMaster.tMeasured},
-                                      {tSlave, measurement.tSlave.tMeasured}, m_tDualCamAlignParam);
+                                      {tSlave, measurement.tSlave.tMeasured}, tParameters);
     measurement.tMaster.tView = tViews.tMaster;
     measurement.tSlave.tView = tViews.tSlave;
     return measurement;

@@ -131,7 +131,7 @@ StageView ViewOf(Camera tCamera, const MeasuredPicture& tOf, const DualCamAlignP
 } // namespace
 
 StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave,
-                   DualCamAlignParam tParameters) {
+                   const DualCamAlignParam& tParameters) {
     m_tDualCamAlignParam = tParameters; // some stages read it there
     CoarseCentre auwCentre = {};
     StageViews tViews;

@@ -33,6 +33,6 @@ struct MeasuredPicture {
 // Calls the library's stages again with the parameters of that measurement. Writes to the library's parameter
 // and working block.
 StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave,
-                   DualCamAlignParam tParameters);
+                   const DualCamAlignParam& tParameters);
 
 } // namespace tools
