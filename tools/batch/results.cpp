@@ -4,6 +4,7 @@
 #include "basics/tool_error.h"
 #include "batch/columns.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tools {
@@ -76,9 +77,8 @@ std::string LineOf(RowFormat tFormat, const BatchRow& tRow) {
             tObject[BatchColumns()[i]] = aCells[i];
         return TextOf(tObject, kOneLine);
     }
-    std::vector<std::string> aTexts;
-    for (const Json& tCell : aCells)
-        aTexts.push_back(CellOf(tCell));
+    std::vector<std::string> aTexts(aCells.size());
+    std::ranges::transform(aCells, aTexts.begin(), CellOf);
     return CsvLine(aTexts);
 }
 

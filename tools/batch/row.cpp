@@ -9,8 +9,8 @@ namespace tools {
 namespace {
 
 // All numbers without a value.
-BatchRow RowWith(const BatchItem& tItem, VerdictKind tVerdict, const std::string& strWords) {
-    BatchRow tRow = {tItem, &DescribeVerdict(tVerdict), {}, {}, {}, strWords, {}, {}, {}};
+BatchRow RowWith(const PairNames& tNames, VerdictKind tVerdict, const std::string& strWords) {
+    BatchRow tRow = {tNames, &DescribeVerdict(tVerdict), {}, {}, {}, strWords, {}, {}, {}};
     tRow.aNumbers.resize(NumberColumns().size());
     return tRow;
 }
@@ -32,11 +32,11 @@ std::string Comparable(const std::string& str) {
     return TextOf(Json(str), kOneLine);
 }
 
-BatchRow AnsweredRow(const BatchItem& tItem, const ChildOutcome& tOutcome) {
+BatchRow AnsweredRow(const PairNames& tNames, const ChildOutcome& tOutcome) {
     try {
-        return RowOfAnswer(tItem, Json::parse(tOutcome.strOut));
+        return RowOfAnswer(tNames, Json::parse(tOutcome.strOut));
     } catch (const Json::exception&) {
-        return RowWith(tItem, VerdictKind::kNoAnswer,
+        return RowWith(tNames, VerdictKind::kNoAnswer,
                        "the measuring process ended with exit code " + std::to_string(tOutcome.nExit) +
                            " and without a result: " + OneLine(tOutcome.strErr));
     }

@@ -25,7 +25,7 @@ std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles&
 }
 
 PairFiles WritePair(const std::string& strFolder, const PairOptions& tOptions, bool bOverwrite) {
-    const PairFiles tFiles(strFolder);
+    PairFiles tFiles(strFolder);
     const std::vector<NewFile> aFiles = RenderedFiles(tOptions, tFiles, tOptions.nSeed);
     if (!bOverwrite)
         RefuseToReplace(aFiles);
