@@ -210,9 +210,9 @@ bool WriteAll(int nDescriptor, const std::string& str) {
 bool IsSameFile(const std::string& strOne, const std::string& strOther) {
     if (strOne.empty() || strOther.empty())
         return false;
-    std::error_code tIgnored; // what is not there yet is told by its name alone
-    return std::filesystem::equivalent(strOne, strOther, tIgnored) ||
-           BehindLinks(strOne) == BehindLinks(strOther);
+    std::error_code tNotThere; // then the names alone tell
+    const bool bSame = std::filesystem::equivalent(strOne, strOther, tNotThere);
+    return tNotThere ? BehindLinks(strOne) == BehindLinks(strOther) : bSame;
 }
 
 void CreateFolder(const std::string& strFolder) {

@@ -50,9 +50,10 @@ std::string Table(std::vector<std::vector<std::string>> aRows) {
     }
     std::string strTable;
     for (const auto& aCells : aRows) {
-        for (std::size_t i = 0; i < aCells.size(); ++i)
-            strTable += i == 0 ? fmt::format("  {:<{}}", aCells[i], anWidths[i])
-                               : fmt::format("   {:>{}}", aCells[i], anWidths[i]);
+        for (std::size_t i = 0; i < aCells.size(); ++i) {
+            const std::string strGap(anWidths[i] - aCells[i].size(), ' ');
+            strTable += i == 0 ? "  " + aCells[i] + strGap : "   " + strGap + aCells[i];
+        }
         strTable += '\n';
     }
     return strTable;

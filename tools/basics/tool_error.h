@@ -11,9 +11,22 @@ namespace tools {
 // one line and harmless, whatever names it quotes.
 class ToolError : public std::runtime_error {
 public:
-    ToolError(const std::string& strFile, const std::string& strWhat, const std::string& strToDo)
-        : std::runtime_error((strFile.empty() ? "a file without a name" : Harmless(strFile)) + ": " +
-                             Harmless(strWhat) + ".\n  " + Harmless(strToDo) + ".") {}
+    ToolError(const std::string& strFile, const std::string& strReason, const std::string& strAdvice)
+        : std::runtime_error(Told(strFile, strReason) + "\n  " + Harmless(strAdvice) + "."),
+          m_strFile(strFile), m_strReason(strReason), m_strAdvice(strAdvice) {}
+
+    const std::string& File() const { return m_strFile; }
+    const std::string& Reason() const { return m_strReason; }
+    const std::string& Advice() const { return m_strAdvice; }
+    std::string OneLine() const { return Told(m_strFile, m_strReason) + " " + Harmless(m_strAdvice) + "."; }
+
+private:
+    static std::string Told(const std::string& strFile, const std::string& strReason) {
+        return (strFile.empty() ? "a file without a name" : Harmless(strFile)) + ": " + Harmless(strReason) +
+               ".";
+    }
+
+    std::string m_strFile, m_strReason, m_strAdvice;
 };
 
 } // namespace tools

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 // A measurement takes a fraction of it.
-constexpr std::chrono::milliseconds tPatience(2000);
+constexpr std::chrono::milliseconds kPatience(2000);
 
 struct Running {
     std::size_t nJob;
@@ -75,7 +75,7 @@ private:
         if (m_nSignal != 0)
             return nSignal != 0 || Clock::now() >= m_tPatienceEnds;
         m_nSignal = nSignal;
-        m_tPatienceEnds = Clock::now() + tPatience;
+        m_tPatienceEnds = Clock::now() + kPatience;
         return false;
     }
 

@@ -61,10 +61,11 @@ void ResultSink::Write(const std::string& strLine) {
     if (m_nDescriptor == -1)
         return Print(AsRead(strLine));
     if (!WriteAll(m_nDescriptor, strLine)) {
-        const ToolError tError = NotWritten(
-            m_strFile, "Make room and go on with --resume; the file holds all rows before this one");
+        const int nReason = errno;
         KeepOnly(m_nSize);
-        throw tError;
+        errno = nReason;
+        throw NotWritten(m_strFile,
+                         "Make room and go on with --resume; the file holds all rows before this one");
     }
     m_nSize += strLine.size();
 }

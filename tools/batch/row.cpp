@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -32,14 +33,13 @@ std::string Comparable(const std::string& str) {
     return TextOf(Json(str), kOneLine);
 }
 
-BatchRow AnsweredRow(const PairNames& tNames, const ChildOutcome& tOutcome) {
-    try {
-        return RowOfAnswer(tNames, Json::parse(tOutcome.strOut));
-    } catch (const Json::exception&) {
-        return RowWith(tNames, VerdictKind::kNoAnswer,
-                       "the measuring process ended with exit code " + std::to_string(tOutcome.nExit) +
-                           " and without a result: " + OneLine(tOutcome.strErr));
-    }
+// A process that could not even say why, as for lack of memory, has left words on standard error.
+BatchRow UnansweredRow(const PairNames& tNames, const ChildOutcome& tOutcome) {
+    if (tOutcome.nExit == static_cast<int>(ExitCode::kUnfitFile))
+        return RowWith(tNames, VerdictKind::kUnfitInput, OneLine(tOutcome.strErr));
+    return RowWith(tNames, VerdictKind::kNoAnswer,
+                   fmt::format("the measuring process ended with exit code {} and without a result: {}",
+                               tOutcome.nExit, OneLine(tOutcome.strErr)));
 }
 
 } // namespace
@@ -47,9 +47,14 @@ BatchRow AnsweredRow(const PairNames& tNames, const ChildOutcome& tOutcome) {
 BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome) {
     if (!tOutcome.strFailure.empty())
         return RowWith(tItem, VerdictKind::kNoAnswer, tOutcome.strFailure);
-    if (tOutcome.nExit == static_cast<int>(ExitCode::kUnfitFile))
-        return RowWith(tItem, VerdictKind::kUnfitInput, OneLine(tOutcome.strErr));
-    return AnsweredRow(tItem, tOutcome);
+    try {
+        const Json tAnswer = Json::parse(tOutcome.strOut);
+        if (tAnswer.at("verdict") == DescribeVerdict(VerdictKind::kUnfitInput).szKey)
+            return RowWith(tItem, VerdictKind::kUnfitInput, tAnswer.at("message").get<std::string>());
+        return RowOfAnswer(tItem, tAnswer);
+    } catch (const Json::exception&) {
+        return UnansweredRow(tItem, tOutcome);
+    }
 }
 
 std::string PlaceInList(const BatchItem& tItem) {

@@ -163,15 +163,19 @@ constexpr char kExamples[] =
     "    orvex-align batch frames.csv --raw 1728x972 --out results.csv\n"
     "    orvex-align batch LIST.csv --jobs 1 > results.csv\n\n";
 
-// A pair's verdicts are a list's, the gravest of them.
+// A pair's verdicts are a list's, the gravest of them; some only a list has.
 std::string Exits() {
     std::vector<ExitMeaning> aAnswers = VerdictExits();
-    for (ExitMeaning& tAnswer : aAnswers)
+    for (ExitMeaning& tAnswer : aAnswers) {
         tAnswer.strMeaning =
             (tAnswer.tExit == ExitCode::kDone ? "every row: " : "a row: ") + tAnswer.strMeaning;
-    aAnswers.push_back(
-        {ExitCode::kUnfitFile, "or the list or the results are unusable; the highest answer wins"});
-    return ExitCodesHelp(aAnswers, "--resume goes on");
+        for (const VerdictWords& tVerdict : kVerdicts)
+            if (tVerdict.szLabel == nullptr && tVerdict.tExit == tAnswer.tExit)
+                tAnswer.strMeaning += fmt::format(", or {}", tVerdict.szMeaning);
+        if (tAnswer.tExit == ExitCode::kUnfitFile)
+            tAnswer.strMeaning += "; or list or results are unusable";
+    }
+    return ExitCodesHelp(aAnswers, "--resume goes on") + "The highest of the rows' answers wins.\n";
 }
 
 } // namespace

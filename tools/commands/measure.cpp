@@ -8,7 +8,6 @@
 #include "commands/man_page.h"
 #include "commands/shared_options.h"
 #include "measuring/calibration.h"
-#include "measuring/parameters.h"
 #include "pictures/formats.h"
 #include "report/json_output.h"
 #include "report/page.h"
@@ -83,10 +82,16 @@ Report Run(const Options& tOptions) {
     return report;
 }
 
-ExitCode Show(const Options& tOptions) {
-    const Report report = Run(tOptions);
-    Print(tOptions.bJson ? JsonTextOf(report) : TextOf(report));
-    return report.tVerdict.tVerdict.tExit;
+ExitCode Show(const Options& options) {
+    try {
+        const Report report = Run(options);
+        Print(options.bJson ? JsonTextOf(report) : TextOf(report));
+        return report.tVerdict.tVerdict.tExit;
+    } catch (const ToolError& tError) {
+        if (options.bJson)
+            Print(JsonTextOf(tError));
+        throw;
+    }
 }
 
 std::string Description() {

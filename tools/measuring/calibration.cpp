@@ -1,5 +1,6 @@
 #include "measuring/calibration.h"
 
+#include "Orvex_Alignment.h"
 #include "basics/files.h"
 #include "basics/tool_error.h"
 
@@ -7,6 +8,8 @@
 
 namespace tools {
 namespace {
+
+static_assert(kCalibrationBytes == ORVEX_CALIBRATION_SIZE);
 
 constexpr std::size_t kLimit = 1 << 20;
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "Orvex_Alignment.h"
-
+#include <cstddef>
 #include <string>
 
 namespace tools {
 
 // The least that the library needs.
-constexpr std::size_t kCalibrationBytes = ORVEX_CALIBRATION_SIZE;
+constexpr std::size_t kCalibrationBytes = 2915;
 
 // Reads a calibration memory image of at least kCalibrationBytes bytes. Throws ToolError.
 std::string ReadCalibration(const std::string& strFile);

@@ -21,7 +21,4 @@ struct CameraMeasurement {
     bool WasBegun() const { return tReached > Stage::kEntry; }
 };
 
-// The first corner without a position; none if all have one.
-const CornerName* MissingCorner(const CameraMeasurement& measured);
-
 } // namespace tools

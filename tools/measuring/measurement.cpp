@@ -2,7 +2,9 @@
 
 #include "Orvex_Alignment.h"
 #include "measuring/captured_output.h"
+#include "measuring/parameters.h"
 #include "measuring/record_reading.h"
+#include "measuring/stage_views.h"
 #include "measuring/working_record.h"
 
 #include <algorithm>
@@ -116,6 +118,12 @@ const CornerName* MissingCorner(const CameraMeasurement& measured) {
         if (!measured.aoCorners[i])
             return &kCorners[i];
     return nullptr;
+}
+
+PictureSize LeastSizeOf(Camera tCamera) {
+    constexpr int kBorder = 3; // px that a search starts before the picture's border
+    const FrameSearch tSearch = FrameSearchOf(tCamera, DefaultParameters());
+    return {2 * (tSearch.nOffsetX + kBorder), 2 * (tSearch.nOffsetY + kBorder)};
 }
 
 Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {

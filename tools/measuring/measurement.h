@@ -2,7 +2,8 @@
 
 #include "measuring/camera.h"
 #include "measuring/camera_measurement.h"
-#include "measuring/stage_views.h"
+#include "measuring/stage_view.h"
+#include "pictures/picture.h"
 
 #include <string>
 #include <vector>
@@ -33,6 +34,13 @@ struct Measurement {
     PairResult tPair;
     CameraResult tMaster, tSlave;
 };
+
+// A smaller picture cannot hold the frame around a cross in its middle, wherever the frame is. Both cameras'
+// pictures may have sizes of their own.
+PictureSize LeastSizeOf(Camera tCamera);
+
+// The first corner without a position; none if all have one.
+const CornerName* MissingCorner(const CameraMeasurement& measured);
 
 // Measures a pair. strCalibration holds at least ORVEX_CALIBRATION_SIZE bytes.
 Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration);

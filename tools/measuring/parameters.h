@@ -2,7 +2,6 @@
 
 #include "Orvex_Alignment_Stages.h"
 #include "measuring/camera.h"
-#include "pictures/picture_size.h"
 
 namespace tools {
 
@@ -16,9 +15,5 @@ struct FrameSearch {
 };
 
 FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters);
-
-// A smaller picture cannot hold the frame around a cross in its middle, wherever the frame is. Both cameras'
-// pictures may have sizes of their own.
-PictureSize LeastSizeOf(Camera tCamera);
 
 } // namespace tools

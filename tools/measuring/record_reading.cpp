@@ -1,5 +1,6 @@
 #include "measuring/record_reading.h"
 
+#include "Orvex_Alignment.h"
 #include "basics/files.h"
 #include "basics/tool_error.h"
 
@@ -13,6 +14,8 @@
 
 namespace tools {
 namespace {
+
+static_assert(kRecordFileBytes == 2 + 32 + (sizeof(_AFPROTECT) - 2 + 15) / 16 * 16);
 
 constexpr std::size_t kLimit = 1 << 16; // far more than any container holds
 constexpr std::size_t kMostRecordBytes = 622;

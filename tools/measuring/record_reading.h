@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Orvex_Alignment.h"
-
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -11,7 +9,7 @@ namespace tools {
 
 // Of the record file that a measurement leaves: two version bytes, the container's 32 bytes of header and
 // vector, and the rest of the record in whole blocks of 16.
-constexpr std::size_t kRecordFileBytes = 2 + 32 + (sizeof(_AFPROTECT) - 2 + 15) / 16 * 16;
+constexpr std::size_t kRecordFileBytes = 2 + 32 + 160;
 
 // The container's header, behind the version bytes, as a measurement writes it: its name, version and kind,
 // then cipher block chaining and a padded last block.

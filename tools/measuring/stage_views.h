@@ -2,24 +2,10 @@
 
 #include "Orvex_Alignment_Stages.h"
 #include "measuring/camera_measurement.h"
+#include "measuring/stage_view.h"
 #include "pictures/picture.h"
 
 namespace tools {
-
-// Corners in picture pixels.
-struct Rectangle {
-    double dLeft, dTop, dRight, dBottom;
-};
-
-// Where the library's stages looked in one camera's picture; nothing for a stage that was not reached.
-struct StageView {
-    std::optional<Rectangle> oFirstWindow;  // of the first pass over the cross
-    std::optional<Rectangle> oSearchWindow; // of the last one, around what the first one took for the centre
-    std::optional<double> oCrossThreshold;  // of the first pass: pixels up to it are taken as ink, grey level
-    std::optional<Rectangle> oFrameStart;   // from its corners the frame is searched outward
-    std::optional<Rectangle> oOuterFrame, oInnerFrame;
-    std::optional<Rectangle> oFrameEdge; // where the search met the frame; a rolled frame's mean
-};
 
 struct StageViews {
     StageView tMaster, tSlave;

@@ -18,8 +18,8 @@ struct Picture {
     PictureSize Size() const { return {nColumns, nRows}; }
 };
 
-// Reads a picture of a size that can be measured: PNG, JPEG or PGM, told by content, whatever the file's
-// name. With oRaw the file begins with a plane of that size and nothing tells its kind. Throws ToolError.
+// Reads a picture of a size that can be measured, of a format told by its content, whatever the file's name.
+// With oRaw the file begins with a plane of that size and nothing tells its kind. Throws ToolError.
 Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw = std::nullopt);
 
 } // namespace tools

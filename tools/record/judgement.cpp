@@ -31,8 +31,8 @@ RecordJudgement NotDecrypted(const RecordReading& reading) {
 }
 
 // The container has no seal of its own: about one wrong key in 256 decrypts it, to noise.
-bool IsNoise(const RecordReading& t) {
-    const RecordFields& tRecord = *t.oRecord;
+bool IsNoise(const RecordReading& reading) {
+    const RecordFields& tRecord = *reading.oRecord;
     return !tRecord.strFurther.empty() || tRecord.strReserved.find_first_not_of('\0') != std::string::npos;
 }
 

@@ -80,4 +80,15 @@ std::string JsonTextOf(const Report& report) {
     return TextOf(tJson);
 }
 
+std::string JsonTextOf(const ToolError& tError) {
+    const VerdictWords& tVerdict = DescribeVerdict(VerdictKind::kUnfitInput);
+    return TextOf(Json{{"verdict", tVerdict.szKey},
+                       {"exit_code", static_cast<int>(tVerdict.tExit)},
+                       {"exit_meaning", tVerdict.szMeaning},
+                       {"file", tError.File()},
+                       {"reason", tError.Reason()},
+                       {"advice", tError.Advice()},
+                       {"message", tError.OneLine()}});
+}
+
 } // namespace tools

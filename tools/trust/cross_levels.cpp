@@ -1,5 +1,6 @@
 #include "trust/cross_levels.h"
 
+#include <array>
 #include <numeric>
 
 namespace tools {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "measuring/stage_views.h"
+#include "measuring/stage_view.h"
 #include "pictures/picture.h"
 
 namespace tools {

@@ -54,7 +54,7 @@ Value CrossThreshold(const CameraTrust& trust, std::size_t) {
     return trust.oCrossThreshold;
 }
 
-// Of a cross whose contrast is not the reason.
+// By how much the cross is paler than its search takes for ink. Of a cross whose contrast is not the reason.
 Value CrossPaleness(const CameraTrust& trust, std::size_t nSide) {
     const Value oContrast = CrossContrast(trust, nSide);
     return oContrast >= kLowContrast && trust.oCrossThreshold

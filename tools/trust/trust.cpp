@@ -58,10 +58,10 @@ void AddBorder(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, Ca
 }
 
 // Other things than the frame may be met on the way to the border; they do not stand in a straight line.
-void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart, CameraTrust& t) {
-    const SideReading& tReading = t.aoSides[nSide].emplace(SearchedSide(nSide, tPicture, tStart));
+void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart, CameraTrust& trust) {
+    const SideReading& tReading = trust.aoSides[nSide].emplace(SearchedSide(nSide, tPicture, tStart));
     if (tReading.oEnds && *tReading.oResidual < kLargeResidual)
-        AddBorder(nSide, tPicture, *tReading.oEnds, t);
+        AddBorder(nSide, tPicture, *tReading.oEnds, trust);
 }
 
 void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured,
