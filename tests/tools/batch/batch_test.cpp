@@ -21,10 +21,12 @@ std::vector<Row> RowsOf(const std::string& strJsonLines) {
 // Holds the measurement of a pair up until somebody writes to it.
 const std::string strGate = "mkfifo gate.pgm; ";
 
-// Starts a batch behind such a gate and waits until its file has as many lines.
+// Starts a batch behind such a gate, which no pair's time limit opens, and waits until its file has as many
+// lines.
 std::string StartBatch(const std::string& strArguments, int nLines) {
-    return strProgram + "batch " + strArguments + " & p=$!; until [ \"$(cat r 2>/dev/null | wc -l)\" -ge " +
-           std::to_string(nLines) + " ]; do sleep 0.02; done; ";
+    return strProgram + "batch --timeout 86400 " + strArguments +
+           " & p=$!; until [ \"$(cat r 2>/dev/null | wc -l)\" -ge " + std::to_string(nLines) +
+           " ]; do sleep 0.02; done; ";
 }
 
 } // namespace
