@@ -1,5 +1,7 @@
 #include "support/program.h"
 
+#include <nlohmann/json.hpp>
+
 namespace program {
 
 using BadInput = Program;
@@ -27,6 +29,14 @@ TEST_F(BadInput, UnfitPictureIsToldByNameValueAndLimit) {
         Write("bad.pgm", strBytes);
         ExpectRefused(3, {"measure bad.pgm slave.pgm --calibration calibration.bin", aTold});
     }
+    const Outcome t = Run("measure bad.pgm slave.pgm --calibration calibration.bin --json");
+    const auto tAnswer = nlohmann::json::parse(t.strOut);
+    EXPECT_EQ(tAnswer["verdict"], "unfit_input");
+    EXPECT_EQ(tAnswer["exit_code"], t.nExit);
+    EXPECT_EQ(tAnswer["file"], "bad.pgm");
+    EXPECT_EQ("orvex-align: bad.pgm: " + tAnswer["reason"].get<std::string>() + ".\n  " +
+                  tAnswer["advice"].get<std::string>() + ".\n",
+              t.strErr);
 }
 
 TEST_F(BadInput, PipeThatSaysNothingIsNamed) {
