@@ -90,8 +90,7 @@ const TrustNumber kSideNumbers[] = {
      TrustLimit{"low_contrast", Warned::kBelow, kLowContrast, 2, "contrast_grey",
                 "dark and bright less than {limit} grey levels apart",
                 "low contrast, dark {dark} and bright {bright} differ by less than {limit} grey levels. "
-                "Check light and "
-                "exposure."}},
+                "Check light and exposure."}},
     {"side_dark_grey", "dark level", "grey levels", 1, OfSide<&SideReading::oDark>},
     {"side_bright_grey", "bright level", "grey levels", 1, OfSide<&SideReading::oBright>},
 };
@@ -109,13 +108,11 @@ const TrustNumber kCameraNumbers[] = {
     {nullptr, nullptr, nullptr, 0, CrossContrast,
      TrustLimit{"low_cross_contrast", Warned::kBelow, kLowContrast, 6, nullptr, nullptr,
                 ", cross: low contrast, dark {dark} and bright {bright} differ by less than {limit} grey "
-                "levels. Check "
-                "light and exposure, and that the cross is in view."}},
+                "levels. Check light and exposure, and that the cross is in view."}},
     {nullptr, nullptr, nullptr, 0, CrossPaleness,
      TrustLimit{"pale_cross", Warned::kAbove, 0, 6, nullptr, nullptr,
                 ", cross: too pale, its dark level {dark} is above {threshold}, up to which its search takes "
-                "pixels as "
-                "ink. Check for reflections and overexposure."}},
+                "pixels as ink. Check for reflections and overexposure."}},
     {"cross_dark_grey", "cross, dark level", "grey levels", 1, OfCross<&CrossLevels::dDark>},
     {"cross_bright_grey", "cross, bright level", "grey levels", 1, OfCross<&CrossLevels::dBright>},
     {"cross_threshold_grey", "cross, threshold of its search", "grey levels", 1, CrossThreshold},
