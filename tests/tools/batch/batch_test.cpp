@@ -203,7 +203,7 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
 TEST_F(BatchCommand, TerminalShowsCountRateAndTimeLeft) {
     Render("--count 2");
     // The first pair takes long enough, from its picture's opening on, for the bar to be drawn again.
-    const std::string strShown = ShownOnTerminal("batch LIST.csv --jobs 1 --out r",
+    const std::string strShown = ShownOnTerminal("batch LIST.csv --timeout 86400 --jobs 1 --out r",
                                                  "mv 0001/master.pgm kept; mkfifo 0001/master.pgm; "
                                                  "{ exec 9>0001/master.pgm; sleep 0.3; cat kept >&9; } & :");
     const std::regex tBars("\\r\\[-{40}\\] 0/2\\x1b\\[K\\r\\[#{20}-{20}\\] 1/2  [0-9]+\\.[0-9]/s  0:[0-9]{2} "

@@ -51,7 +51,8 @@ TEST_F(HostileNames, CommandNoTerminalAndForgeNoLine) {
         {"batch L --out N/new --resume", strShown},
         {"measure N/../gate.pgm a --calibration b & until [ -s err ]; do sleep 0.1; done; kill $!; wait $!",
          "from " + strShown},
-        {"batch S --out N/S & exec 9>gate.pgm; kill $!; sleep 0.1; kill $!; wait $!", "which " + strShown},
+        {"batch S --timeout 86400 --out N/S & exec 9>gate.pgm; kill $!; sleep 0.1; kill $!; wait $!",
+         "which " + strShown},
     };
     for (const auto& [strArguments, strTold] : aCases) {
         const Outcome t = Run(std::regex_replace(strArguments, std::regex("N/"), "'" + strFolder + "'/"),
