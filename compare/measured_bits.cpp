@@ -2,6 +2,7 @@
 // pair.
 //
 // PART OF: of the pairs only the PARTth of every OF, from 0, so that several processes can share the work.
+#include "Orvex_Alignment_Stages.h"
 #include "compare/comparison.h"
 #include "compare/measured_pair.h"
 #include "support/failing_charts.h"
@@ -47,6 +48,8 @@ int main(int nArguments, char** pszArguments) {
         const compare::BitLines tLines(std::cout, tName.str());
         const bool bRecorded =
             nPair < nRendered ? PrintRenderedPair(tLines, nPair) : PrintDrawnPair(tLines, nPair - nRendered);
+        tLines.AddParameters();
+        tLines.Elements("byte", "m_tTested", &m_tTested, sizeof m_tTested);
         if (bRecorded && std::cout.flush())
             continue;
         std::fprintf(stderr, "pair %03u: not written, or measured without the recorded atan\n", nPair);
