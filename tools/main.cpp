@@ -3,8 +3,7 @@
 #include "basics/text_table.h"
 #include "basics/tool_error.h"
 #include "commands/commands.h"
-#include "commands/exit_meanings.h"
-#include "commands/man_page.h"
+#include "commands/help.h"
 #include "measuring/versions.h"
 
 #include <cctype>

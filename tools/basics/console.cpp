@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -14,11 +15,8 @@ namespace {
 std::string QuotedByNumbers(const std::string& str) {
     std::string strWord = "$'";
     for (const char c : str) {
-        char szCode[8];
-        std::snprintf(szCode, sizeof szCode, "\\%03o",
-                      static_cast<unsigned int>(static_cast<unsigned char>(c)));
         const bool bPlain = c >= ' ' && c <= '~' && c != '\'' && c != '\\';
-        strWord += bPlain ? std::string(1, c) : szCode;
+        strWord += bPlain ? std::string(1, c) : fmt::format("\\{:03o}", static_cast<unsigned char>(c));
     }
     return strWord + "'";
 }

@@ -1,6 +1,7 @@
 #include "basics/files.h"
 
 #include "basics/console.h"
+#include "basics/descriptor.h"
 #include "basics/harmless_text.h"
 #include "basics/stop_signals.h"
 
@@ -12,20 +13,13 @@
 #include <deque>
 #include <fcntl.h>
 #include <filesystem>
-#include <memory>
 #include <poll.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
-#include <utility>
 
 namespace tools {
 namespace {
-
-struct Closer {
-    void operator()(std::FILE* p) const { std::fclose(p); }
-};
-using File = std::unique_ptr<std::FILE, Closer>;
 
 // What the reason asks for, or else what usually helps.
 std::string Advice(const char* szUsually) {
@@ -38,22 +32,26 @@ ToolError NotRead(const std::string& strFile) {
 }
 
 // A pipe or a device may have nothing to read yet: then it says what it waits for, after two seconds.
-File OpenToRead(const std::string& strFile) {
-    const int nFile = open(strFile.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (nFile < 0)
+Descriptor OpenToRead(const std::string& strFile) {
+    Descriptor tFile(open(strFile.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!tFile.IsOpen())
         throw NotRead(strFile);
-    pollfd t = {nFile, POLLIN, 0};
+    pollfd t = {tFile.Number(), POLLIN, 0};
     if (poll(&t, 1, 2000) == 0) {
         Tell("waiting for data from " + Harmless(strFile));
         poll(&t, 1, -1);
     }
-    fcntl(nFile, F_SETFL, 0); // from here on reading waits
-    File pFile(fdopen(nFile, "rb"));
-    if (!pFile) {
-        close(nFile);
-        throw NotRead(strFile);
-    }
-    return pFile;
+    fcntl(tFile.Number(), F_SETFL, 0); // from here on reading waits
+    return tFile;
+}
+
+// Fewer bytes only at the end.
+std::size_t ReadFull(const Descriptor& tFile, const std::string& strFile, char* pTo, std::size_t nBytes) {
+    std::size_t nDone = 0;
+    for (ssize_t n = 1; n != 0 && nDone < nBytes; nDone += static_cast<std::size_t>(std::max<ssize_t>(n, 0)))
+        if (n = read(tFile.Number(), pTo + nDone, nBytes - nDone); n == -1 && errno != EINTR)
+            throw NotRead(strFile);
+    return nDone;
 }
 
 // A staged file's.
@@ -96,23 +94,19 @@ public:
     explicit StagedFile(const std::string& strTarget)
         : m_strTarget(strTarget), m_strPlace(BehindLinks(strTarget)),
           m_strTemporary(m_strPlace + ".new-XXXXXX"),
-          m_nDescriptor(mkostemp(m_strTemporary.data(), O_CLOEXEC)) {
-        if (m_nDescriptor == -1)
+          m_tDescriptor(mkostemp(m_strTemporary.data(), O_CLOEXEC)) {
+        if (!m_tDescriptor.IsOpen())
             throw NotStaged(m_strTarget);
     }
-    StagedFile(const StagedFile&) = delete;
-    StagedFile& operator=(const StagedFile&) = delete;
-
     ~StagedFile() {
-        if (m_nDescriptor != -1)
-            Close();
         if (!m_bInPlace)
             std::remove(m_strTemporary.c_str());
     }
 
     void Write(const std::string& strBytes) {
-        TakeRightsOf(m_strPlace, m_nDescriptor);
-        if (!WriteAll(m_nDescriptor, strBytes) || fsync(m_nDescriptor) != 0 || !Close())
+        TakeRightsOf(m_strPlace, m_tDescriptor.Number());
+        if (!WriteAll(m_tDescriptor.Number(), strBytes) || fsync(m_tDescriptor.Number()) != 0 ||
+            !m_tDescriptor.Close())
             throw NotStaged(m_strTarget);
     }
 
@@ -123,12 +117,10 @@ public:
     }
 
 private:
-    bool Close() { return close(std::exchange(m_nDescriptor, -1)) == 0; }
-
     std::string m_strTarget; // as named
     std::string m_strPlace;
     std::string m_strTemporary;
-    int m_nDescriptor;
+    Descriptor m_tDescriptor;
     bool m_bInPlace = false;
 };
 
@@ -163,17 +155,18 @@ ToolError NotCreated(const std::string& strFile, const char* szUsually) {
 
 std::string ReadStart(const std::string& strFile, std::size_t nBytes, const CheckStart& Check) {
     constexpr std::size_t kChunk = std::size_t{1} << 20;
-    const File pFile = OpenToRead(strFile);
+    const Descriptor tFile = OpenToRead(strFile);
     std::string strBytes;
-    for (std::size_t nRead = 1; nRead != 0 && strBytes.size() < nBytes;) {
+    while (strBytes.size() < nBytes) {
         const std::size_t nOld = strBytes.size();
         strBytes.resize(std::min(nOld + kChunk, nBytes));
-        nRead = std::fread(strBytes.data() + nOld, 1, strBytes.size() - nOld, pFile.get());
+        const std::size_t nRead = ReadFull(tFile, strFile, strBytes.data() + nOld, strBytes.size() - nOld);
+        const bool bEnds = nRead < strBytes.size() - nOld;
         strBytes.resize(nOld + nRead);
-        if (std::ferror(pFile.get()) != 0)
-            throw NotRead(strFile);
         if (nOld == 0 && Check)
             Check(strBytes);
+        if (bEnds)
+            break;
     }
     return strBytes;
 }

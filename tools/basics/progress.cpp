@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <fmt/format.h>
 #include <string>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -22,12 +23,8 @@ std::size_t TerminalColumns() {
 // "1:05:09", "0:07"
 std::string Duration(double dSeconds) {
     const long n = std::lround(dSeconds);
-    char sz[32];
-    if (n < 3600)
-        std::snprintf(sz, sizeof sz, "%ld:%02ld", n / 60, n % 60);
-    else
-        std::snprintf(sz, sizeof sz, "%ld:%02ld:%02ld", n / 3600, n / 60 % 60, n % 60);
-    return sz;
+    return n < 3600 ? fmt::format("{}:{:02}", n / 60, n % 60)
+                    : fmt::format("{}:{:02}:{:02}", n / 3600, n / 60 % 60, n % 60);
 }
 
 std::string Bar(std::size_t nDone, std::size_t nTotal, std::size_t nWidth) {
@@ -61,10 +58,10 @@ void Progress::Step() {
 void Progress::Draw() const {
     const double dSeconds = std::chrono::duration<double>(Clock::now() - m_tStart).count();
     const auto dDone = static_cast<double>(m_nDone - m_nBefore);
-    std::string str = std::to_string(m_nDone) + "/" + std::to_string(m_nTotal);
+    std::string str = fmt::format("{}/{}", m_nDone, m_nTotal);
     if (dDone > 0)
-        str += "  " + Fixed(dDone / dSeconds, 1) + "/s  " +
-               Duration(static_cast<double>(m_nTotal - m_nDone) * dSeconds / dDone) + " left";
+        str += fmt::format("  {}/s  {} left", Fixed(dDone / dSeconds, 1),
+                           Duration(static_cast<double>(m_nTotal - m_nDone) * dSeconds / dDone));
     const std::size_t nTaken = str.size() + 4, nColumns = TerminalColumns();
     if (nTaken < nColumns)
         str = Bar(m_nDone, m_nTotal, std::min(kLargestBar, nColumns - nTaken)) + " " + str;

@@ -1,7 +1,6 @@
 #include "basics/stop_signals.h"
 
 #include <sys/signalfd.h>
-#include <unistd.h>
 
 namespace tools {
 namespace {
@@ -35,18 +34,17 @@ StopsHeld::~StopsHeld() {
 
 StopSignals::StopSignals() {
     const sigset_t tSignals = Signals();
-    m_nDescriptor = signalfd(-1, &tSignals, SFD_CLOEXEC | SFD_NONBLOCK);
+    m_tDescriptor = Descriptor(signalfd(-1, &tSignals, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
 StopSignals::~StopSignals() {
     while (Take() != 0) {
     }
-    close(m_nDescriptor);
 }
 
 int StopSignals::Take() const {
     signalfd_siginfo t = {};
-    return read(m_nDescriptor, &t, sizeof t) == sizeof t ? static_cast<int>(t.ssi_signo) : 0;
+    return read(Number(), &t, sizeof t) == sizeof t ? static_cast<int>(t.ssi_signo) : 0;
 }
 
 } // namespace tools

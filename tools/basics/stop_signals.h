@@ -1,5 +1,7 @@
 #pragma once
 
+#include "basics/descriptor.h"
+
 #include <csignal>
 
 namespace tools {
@@ -21,18 +23,16 @@ class StopSignals {
 public:
     StopSignals();
     ~StopSignals();
-    StopSignals(const StopSignals&) = delete;
-    StopSignals& operator=(const StopSignals&) = delete;
 
     // Readable once a signal has come.
-    int Descriptor() const { return m_nDescriptor; }
+    int Number() const { return m_tDescriptor.Number(); }
 
     // The signal that has come since the last call, or 0. Does not wait.
     int Take() const;
 
 private:
     StopsHeld m_tHeld;
-    int m_nDescriptor;
+    Descriptor m_tDescriptor;
 };
 
 } // namespace tools

@@ -13,8 +13,11 @@ std::string Fixed(double d, int nDecimals) {
     return fmt::format("{:.{}f}", std::fabs(d) < dHalfStep ? 0.0 : d, nDecimals);
 }
 
-std::string Listed(const std::vector<std::string>& a) {
-    return fmt::to_string(fmt::join(a, ", "));
+std::string Listed(const std::vector<std::string>& a, const char* szLast) {
+    if (a.empty())
+        return "";
+    const auto pLast = std::prev(a.end());
+    return fmt::format("{}{}{}", fmt::join(a.begin(), pLast, ", "), a.size() > 1 ? szLast : "", *pLast);
 }
 
 std::string Wrapped(const std::string& str, std::size_t nIndent) {

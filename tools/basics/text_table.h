@@ -8,8 +8,8 @@ namespace tools {
 // With a fixed number of decimals; a value that rounds to zero has no sign.
 std::string Fixed(double d, int nDecimals);
 
-// "left, top"
-std::string Listed(const std::vector<std::string>& a);
+// "left, top"; before the last one szLast.
+std::string Listed(const std::vector<std::string>& a, const char* szLast = ", ");
 
 // What the next three return is harmless, whatever names went in; a heading is the caller's.
 

@@ -54,20 +54,14 @@ std::vector<char*> Pointers(std::vector<std::string>& aWords) {
     return a;
 }
 
-void Close(int& nDescriptor) {
-    if (nDescriptor != -1)
-        close(nDescriptor);
-    nDescriptor = -1;
-}
-
 // Until the pipe is empty for now, or closed at its other end.
-void Drain(int& nPipe, std::string& str) {
+void Drain(Descriptor& tPipe, std::string& str) {
     std::array<char, 1 << 16> aChunk;
     ssize_t n = 0;
-    while (nPipe != -1 && (n = read(nPipe, aChunk.data(), aChunk.size())) > 0)
+    while (tPipe.IsOpen() && (n = read(tPipe.Number(), aChunk.data(), aChunk.size())) > 0)
         str.append(aChunk.data(), static_cast<std::size_t>(n));
     if (n == 0 || (errno != EAGAIN && errno != EINTR))
-        Close(nPipe);
+        tPipe.Close();
 }
 
 int Reaped(pid_t nProcess) {
@@ -80,15 +74,15 @@ int Reaped(pid_t nProcess) {
 } // namespace
 
 Child::Child(const std::vector<std::string>& aArguments, const std::string& strFolder) {
-    std::array<int, 2> anEnds = {-1, -1};
+    std::array<Descriptor, 2> aEnds;
     SpawnSetup tSetup(strFolder);
-    for (std::size_t i = 0; i < m_anPipes.size() && m_nError == 0; ++i) {
+    for (std::size_t i = 0; i < m_aPipes.size() && m_nError == 0; ++i) {
         int anPipe[2] = {-1, -1};
         m_nError = pipe2(anPipe, O_CLOEXEC) == 0 ? 0 : errno;
-        m_anPipes[i] = anPipe[0];
-        anEnds[i] = anPipe[1];
-        fcntl(m_anPipes[i], F_SETFL, O_NONBLOCK);
-        tSetup.Lead(i == 0 ? STDOUT_FILENO : STDERR_FILENO, anEnds[i]);
+        m_aPipes[i] = Descriptor(anPipe[0]);
+        aEnds[i] = Descriptor(anPipe[1]);
+        fcntl(anPipe[0], F_SETFL, O_NONBLOCK);
+        tSetup.Lead(i == 0 ? STDOUT_FILENO : STDERR_FILENO, anPipe[1]);
     }
     std::vector<std::string> aWords = {"orvex-align"};
     aWords.insert(aWords.end(), aArguments.begin(), aArguments.end());
@@ -96,13 +90,9 @@ Child::Child(const std::vector<std::string>& aArguments, const std::string& strF
         m_nError = tSetup.Spawn(m_nProcess, Pointers(aWords).data());
     if (m_nError != 0)
         m_nProcess = -1;
-    for (int& nEnd : anEnds)
-        Close(nEnd);
 }
 
 Child::~Child() {
-    for (int& nPipe : m_anPipes)
-        Close(nPipe);
     if (m_nProcess != -1) {
         kill(m_nProcess, SIGKILL);
         Reaped(m_nProcess);
@@ -110,9 +100,9 @@ Child::~Child() {
 }
 
 bool Child::TakeOutput() {
-    for (std::size_t i = 0; i < m_anPipes.size(); ++i)
-        Drain(m_anPipes[i], m_aOutput[i]);
-    return m_anPipes[0] == -1 && m_anPipes[1] == -1;
+    for (std::size_t i = 0; i < m_aPipes.size(); ++i)
+        Drain(m_aPipes[i], m_aOutput[i]);
+    return !m_aPipes[0].IsOpen() && !m_aPipes[1].IsOpen();
 }
 
 void Child::End(const std::string& strReason) {

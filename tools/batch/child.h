@@ -1,5 +1,7 @@
 #pragma once
 
+#include "basics/descriptor.h"
+
 #include <array>
 #include <string>
 #include <sys/types.h>
@@ -20,11 +22,9 @@ public:
     // aArguments without the program's name; strFolder: where it runs.
     Child(const std::vector<std::string>& aArguments, const std::string& strFolder);
     ~Child();
-    Child(const Child&) = delete;
-    Child& operator=(const Child&) = delete;
 
-    // Ends of the pipes to wait for; -1 where nothing more will come.
-    const std::array<int, 2>& Descriptors() const { return m_anPipes; }
+    // To wait for; closed where nothing more will come.
+    const std::array<Descriptor, 2>& Pipes() const { return m_aPipes; }
 
     // Takes what has come. True if nothing more will come.
     bool TakeOutput();
@@ -36,7 +36,7 @@ public:
     ChildOutcome Outcome();
 
 private:
-    std::array<int, 2> m_anPipes = {-1, -1};
+    std::array<Descriptor, 2> m_aPipes;
     std::array<std::string, 2> m_aOutput;
     std::string m_strEnded; // why it was killed
     pid_t m_nProcess = -1;

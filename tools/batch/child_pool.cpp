@@ -55,10 +55,10 @@ private:
     }
 
     void Wait() const {
-        std::vector<pollfd> aWaiting = {{m_tStop.Descriptor(), POLLIN, 0}};
+        std::vector<pollfd> aWaiting = {{m_tStop.Number(), POLLIN, 0}};
         for (const Running& t : m_aRunning)
-            for (const int nPipe : t.pChild->Descriptors())
-                aWaiting.push_back({nPipe, POLLIN, 0});
+            for (const Descriptor& tPipe : t.pChild->Pipes())
+                aWaiting.push_back({tPipe.Number(), POLLIN, 0});
         poll(aWaiting.data(), aWaiting.size(), MillisecondsUntil(NextEvent()));
     }
 

@@ -27,40 +27,33 @@ std::string AsRead(const std::string& strLine) {
 ResultSink::ResultSink(const std::string& strFile, OpenMode tMode) : m_strFile(strFile) {
     if (strFile.empty())
         return;
-    m_nDescriptor =
-        open(strFile.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (tMode == OpenMode::kNew ? O_EXCL : 0), 0666);
-    if (m_nDescriptor == -1 && errno == EEXIST)
+    m_tDescriptor = Descriptor(
+        open(strFile.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (tMode == OpenMode::kNew ? O_EXCL : 0), 0666));
+    if (!m_tDescriptor.IsOpen() && errno == EEXIST)
         throw ToolError(strFile, "exists already",
                         "Go on with it by --resume, replace it by --overwrite, or name "
                         "another file");
-    if (m_nDescriptor == -1)
+    if (!m_tDescriptor.IsOpen())
         throw NotCreated(strFile, kChoose);
-    if (flock(m_nDescriptor, LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK) {
-        close(m_nDescriptor);
+    if (flock(m_tDescriptor.Number(), LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK)
         throw ToolError(strFile, "is being written by another batch",
                         "Let that one end or name another file");
-    }
-}
-
-ResultSink::~ResultSink() {
-    if (m_nDescriptor != -1)
-        close(m_nDescriptor);
 }
 
 void ResultSink::KeepOnly(std::size_t nBytes) {
-    if (m_nDescriptor == -1)
+    if (!m_tDescriptor.IsOpen())
         return;
     m_nSize = nBytes;
     // A device has no size to change.
-    if (ftruncate(m_nDescriptor, static_cast<off_t>(nBytes)) == -1 && errno != EINVAL)
+    if (ftruncate(m_tDescriptor.Number(), static_cast<off_t>(nBytes)) == -1 && errno != EINVAL)
         throw NotWritten(m_strFile, kChoose);
-    lseek(m_nDescriptor, static_cast<off_t>(nBytes), SEEK_SET);
+    lseek(m_tDescriptor.Number(), static_cast<off_t>(nBytes), SEEK_SET);
 }
 
 void ResultSink::Write(const std::string& strLine) {
-    if (m_nDescriptor == -1)
+    if (!m_tDescriptor.IsOpen())
         return Print(AsRead(strLine));
-    if (!WriteAll(m_nDescriptor, strLine)) {
+    if (!WriteAll(m_tDescriptor.Number(), strLine)) {
         const int nReason = errno;
         KeepOnly(m_nSize);
         errno = nReason;

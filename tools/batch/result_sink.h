@@ -1,5 +1,7 @@
 #pragma once
 
+#include "basics/descriptor.h"
+
 #include <string>
 
 namespace tools {
@@ -12,9 +14,6 @@ class ResultSink {
 public:
     // Changes nothing in a file that is there already. kNew refuses such a file. Throws ToolError.
     ResultSink(const std::string& strFile, OpenMode tMode);
-    ~ResultSink();
-    ResultSink(const ResultSink&) = delete;
-    ResultSink& operator=(const ResultSink&) = delete;
 
     // Cuts a file off behind its first nBytes; the next line follows there.
     void KeepOnly(std::size_t nBytes);
@@ -24,7 +23,7 @@ public:
 
 private:
     std::string m_strFile;
-    int m_nDescriptor = -1;
+    Descriptor m_tDescriptor;
     std::size_t m_nSize = 0;
 };
 

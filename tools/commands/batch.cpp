@@ -5,7 +5,7 @@
 #include "basics/harmless_text.h"
 #include "basics/tool_error.h"
 #include "batch/measuring.h"
-#include "commands/exit_meanings.h"
+#include "commands/help.h"
 #include "commands/option_checks.h"
 #include "commands/shared_options.h"
 
@@ -81,23 +81,14 @@ StoredRows EarlierRows(const Options& tOptions, const BatchList& tList) {
     return tRows;
 }
 
-std::string ResumeCommand(const Options& tOptions) {
-    std::string strPictures;
-    for (const std::string& str : tOptions.tRaw.Arguments())
-        strPictures += " " + str;
-    return fmt::format(
-        "orvex-align batch {}{} --out {} --format {} --jobs {}{}{} --resume", ShellWord(tOptions.strList),
-        strPictures, ShellWord(tOptions.strOut), tOptions.strFormat, tOptions.nJobs,
-        tOptions.nTimeout == kDefaultTimeout ? "" : fmt::format(" --timeout {}", tOptions.nTimeout),
-        tOptions.bRepeatability ? " --repeatability" : "");
-}
-
 void TellStop(const Options& tOptions, std::size_t nWritten, std::size_t nTotal) {
     const bool bKept = !tOptions.strOut.empty();
     Tell(fmt::format("stopped after {} of {} rows{}.\n  {}", nWritten, nTotal,
                      bKept ? ", which " + Harmless(tOptions.strOut) + " holds" : "",
-                     bKept ? "Go on with\n  " + ResumeCommand(tOptions)
-                           : "A run that can go on later writes to a file: see --out and --resume"));
+                     !bKept ? "A run that can go on later writes to a file: see --out and --resume."
+                     : tOptions.bOverwrite
+                         ? "Go on with the same command, with --resume in place of --overwrite."
+                         : "Go on with the same command and --resume."));
 }
 
 void TellSummary(const Options& tOptions, const BatchSummary& tSummary) {
@@ -155,14 +146,6 @@ constexpr char kDescription[] =
     "\" | \", and warning_kinds, the camera and kind of each; then every measurement and trust number, with "
     "its unit (deg, px, percent, grey) at the end of its name.";
 
-constexpr char kExamples[] =
-    "EXAMPLES\n"
-    "    orvex-align batch LIST.csv --out results.csv\n"
-    "    orvex-align batch LIST.csv --out results.csv --resume\n"
-    "    orvex-align batch gauge.csv --out gauge.jsonl --format jsonl --repeatability\n"
-    "    orvex-align batch frames.csv --raw 1728x972 --out results.csv\n"
-    "    orvex-align batch LIST.csv --jobs 1 > results.csv\n\n";
-
 // A pair's verdicts are a list's, the gravest of them; some only a list has.
 std::string Exits() {
     std::vector<ExitMeaning> aAnswers = VerdictExits();
@@ -208,7 +191,14 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand.add_flag(
         "--repeatability", pOptions->bRepeatability,
         "Also a gauge study: the spread of the raw angles within the rows of one id and between ids");
-    tCommand.footer(std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" + kExamples + Exits());
+    tCommand.footer(
+        std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" +
+        ExamplesHelp({"orvex-align batch LIST.csv --out results.csv",
+                      "orvex-align batch LIST.csv --out results.csv --resume",
+                      "orvex-align batch gauge.csv --out gauge.jsonl --format jsonl --repeatability",
+                      "orvex-align batch frames.csv --raw 1728x972 --out results.csv",
+                      "orvex-align batch LIST.csv --jobs 1 > results.csv"}) +
+        Exits());
     tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
 }
 

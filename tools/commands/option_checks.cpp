@@ -1,6 +1,7 @@
 #include "commands/option_checks.h"
 
 #include "basics/numbers.h"
+#include "basics/text_table.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -36,9 +37,7 @@ CLI::Validator FileName() {
 }
 
 CLI::Validator OneOf(const std::vector<std::string>& aWords) {
-    std::string strWords;
-    for (const std::string& str : aWords)
-        strWords += (strWords.empty() ? "" : " or ") + str;
+    const std::string strWords = Listed(aWords, " or ");
     const auto Check = [=](const std::string& str) {
         const bool bFound = std::ranges::find(aWords, str) != aWords.end();
         return bFound ? std::string() : "\"" + str + "\" is not " + strWords;
@@ -56,9 +55,9 @@ PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
         PixelsOf(t) > kMaxGivenPixels)
         throw CLI::ValidationError(
-            strOption, "\"" + str + "\" is not a width x height such as 1728x972 with sides of 1 to " +
-                           std::to_string(kMaxSide) + " px and at most " + std::to_string(kMaxGivenPixels) +
-                           " px in all");
+            strOption, fmt::format("\"{}\" is not a width x height such as 1728x972 with sides of 1 to {} px "
+                                   "and at most {} px in all",
+                                   str, kMaxSide, kMaxGivenPixels));
     return t;
 }
 

@@ -1,8 +1,7 @@
 #include "commands/commands.h"
 
 #include "basics/console.h"
-#include "commands/exit_meanings.h"
-#include "commands/man_page.h"
+#include "commands/help.h"
 #include "commands/shared_options.h"
 #include "measuring/calibration.h"
 #include "record/output.h"

@@ -12,13 +12,11 @@
 namespace tools {
 namespace {
 
-constexpr int kNone = -1;
-
-int Opened(int nDescriptor) {
-    if (nDescriptor == kNone)
+Descriptor Opened(int nDescriptor) {
+    if (nDescriptor == -1)
         throw ToolError("the library's output", "cannot be caught (" + ErrnoText() + ")",
                         "Raise the limit of open files, or close other programs");
-    return nDescriptor;
+    return Descriptor(nDescriptor);
 }
 
 std::string ReadFromStart(int nFile) {
@@ -33,29 +31,27 @@ std::string ReadFromStart(int nFile) {
 } // namespace
 
 CapturedOutput::CapturedOutput(int nDescriptor)
-    : m_nDescriptor(nDescriptor), m_nOriginal(Opened(dup(nDescriptor))),
-      m_nCapture(Opened(memfd_create("captured output", MFD_CLOEXEC))) {
+    : m_nDescriptor(nDescriptor), m_tOriginal(Opened(dup(nDescriptor))),
+      m_tCapture(Opened(memfd_create("captured output", MFD_CLOEXEC))) {
     std::fflush(nullptr);
-    dup2(m_nCapture, nDescriptor);
+    dup2(m_tCapture.Number(), nDescriptor);
 }
 
 CapturedOutput::~CapturedOutput() {
     GiveBack();
-    close(m_nCapture);
 }
 
 void CapturedOutput::GiveBack() {
-    if (m_nOriginal == kNone)
+    if (!m_tOriginal.IsOpen())
         return;
     std::fflush(nullptr);
-    dup2(m_nOriginal, m_nDescriptor);
-    close(m_nOriginal);
-    m_nOriginal = kNone;
+    dup2(m_tOriginal.Number(), m_nDescriptor);
+    m_tOriginal.Close();
 }
 
 std::vector<std::string> CapturedOutput::Lines() {
     GiveBack();
-    std::istringstream tText(ReadFromStart(m_nCapture));
+    std::istringstream tText(ReadFromStart(m_tCapture.Number()));
     std::vector<std::string> aLines;
     for (std::string str; std::getline(tText, str);)
         if (!str.empty())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "basics/descriptor.h"
+
 #include <string>
 #include <vector>
 
@@ -11,8 +13,6 @@ class CapturedOutput {
 public:
     explicit CapturedOutput(int nDescriptor);
     ~CapturedOutput();
-    CapturedOutput(const CapturedOutput&) = delete;
-    CapturedOutput& operator=(const CapturedOutput&) = delete;
 
     // Gives the stream back and returns what was written, without empty lines.
     std::vector<std::string> Lines();
@@ -21,8 +21,8 @@ private:
     void GiveBack();
 
     int m_nDescriptor;
-    int m_nOriginal;
-    int m_nCapture;
+    Descriptor m_tOriginal; // until it is given back
+    Descriptor m_tCapture;
 };
 
 } // namespace tools

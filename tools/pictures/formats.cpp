@@ -1,5 +1,7 @@
 #include "pictures/formats.h"
 
+#include "basics/text_table.h"
+
 #include <algorithm>
 
 namespace tools {
@@ -10,11 +12,10 @@ const PictureFormat* FormatOf(std::string_view strBytes) {
     return p != kPictureFormats.end() ? &*p : nullptr;
 }
 
-std::string ListedFormats(const char* PictureFormat::*pMember, const std::string& strLast) {
-    std::string str = kPictureFormats.front().*pMember;
-    for (std::size_t i = 1; i < kPictureFormats.size(); ++i)
-        str += (i + 1 < kPictureFormats.size() ? ", " : strLast) + kPictureFormats[i].*pMember;
-    return str;
+std::string ListedFormats(const char* PictureFormat::*pMember, const char* szLast) {
+    std::vector<std::string> a(kPictureFormats.size());
+    std::ranges::transform(kPictureFormats, a.begin(), pMember);
+    return Listed(a, szLast);
 }
 
 } // namespace tools

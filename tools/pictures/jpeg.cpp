@@ -1,4 +1,4 @@
-#include "pictures/jpeg.h"
+#include "pictures/formats.h"
 
 #include "basics/tool_error.h"
 

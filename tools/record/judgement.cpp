@@ -1,7 +1,9 @@
 #include "record/judgement.h"
 
+#include "basics/text_table.h"
 #include "measuring/status_words.h"
-#include "record/warnings.h"
+
+#include <algorithm>
 
 namespace tools {
 namespace {
@@ -71,6 +73,53 @@ RecordJudgement FailedUnderBlankMemory() {
             std::string(kOfFailure) + "; the reader took it, because the focus lines of the calibration "
                                       "memory are zero too, as in a blank one",
             "Read the calibration memory out of the module again, then measure the module again"};
+}
+
+std::string VersionText(RecordVersion tVersion) {
+    return std::to_string(tVersion.nMajor) + "." + std::to_string(tVersion.nMinor);
+}
+
+std::string OfVersion(RecordVersion tVersion) {
+    return tVersion == WrittenVersion() ? ""
+                                        : "the version, which is not encrypted, is " + VersionText(tVersion) +
+                                              "; this library writes " + VersionText(WrittenVersion()) + ".";
+}
+
+// The reader takes some headers that no measurement writes.
+std::string OfHeader(const std::string& strHeader) {
+    std::vector<std::string> aPlaces;
+    for (std::size_t i = 0; i < std::min(strHeader.size(), kMeasuredHeader.size()); ++i)
+        if (strHeader[i] != kMeasuredHeader[i])
+            aPlaces.push_back(std::to_string(kHeaderAt + i));
+    return aPlaces.empty() ? ""
+                           : "the container's header is not as a measurement writes it; it differs in the "
+                             "file's bytes, counted from 0: " +
+                                 Listed(aPlaces) + ".";
+}
+
+std::string OfReserved(const std::string& strReserved) {
+    const auto nSet = strReserved.size() - static_cast<std::size_t>(std::ranges::count(strReserved, '\0'));
+    return nSet == 0 ? ""
+                     : std::to_string(nSet) + " of the " + std::to_string(strReserved.size()) +
+                           " reserved bytes, which the checksum does not cover, are not zero.";
+}
+
+std::string OfFurther(const std::string& strFurther) {
+    return strFurther.empty() ? ""
+                              : std::to_string(strFurther.size()) +
+                                    " bytes follow the known fields; a measurement writes none there.";
+}
+
+// What of a decrypted record is not as a measurement writes it and no check of the library's reader covers:
+// version, container header, reserved bytes and what follows the known fields.
+std::vector<std::string> WarningsOf(const RecordReading& tReading) {
+    if (!tReading.oRecord)
+        return {};
+    const RecordFields& tRecord = *tReading.oRecord;
+    std::vector<std::string> a = {OfVersion(tRecord.tVersion), OfHeader(tReading.strHeader),
+                                  OfReserved(tRecord.strReserved), OfFurther(tRecord.strFurther)};
+    std::erase(a, "");
+    return a;
 }
 
 // Says no more than the reader checks: one sum over 20 bytes, and the focus lines as whole numbers.

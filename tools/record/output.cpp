@@ -6,7 +6,7 @@
 #include "measuring/status_words.h"
 #include "measuring/versions.h"
 
-#include <iterator>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -36,13 +36,7 @@ Quantities FieldsOf(const RecordFields& tRecord) {
 }
 
 std::string Hex(const std::string& str) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    std::string strHex;
-    for (const char c : str) {
-        const auto n = static_cast<unsigned char>(c);
-        strHex += {kDigits[n / 16], kDigits[n % 16]};
-    }
-    return strHex;
+    return fmt::format("{:02x}", fmt::join(std::vector<unsigned char>(str.begin(), str.end()), ""));
 }
 
 // Bytes without meaning: worth a line only where one is set.

@@ -2,48 +2,35 @@
 
 #include "basics/harmless_text.h"
 
+#include <algorithm>
+#include <array>
+#include <mbedtls/base64.h>
+#include <utility>
+
 namespace tools {
 namespace {
 
-unsigned int ByteAt(std::string_view str, std::size_t n) {
-    return n < str.size() ? static_cast<unsigned char>(str[n]) : 0;
-}
-
 std::string Base64(std::string_view str) {
-    constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string strText;
-    strText.reserve((str.size() + 2) / 3 * 4);
-    for (std::size_t n = 0; n < str.size(); n += 3) {
-        const unsigned int nGroup = ByteAt(str, n) << 16 | ByteAt(str, n + 1) << 8 | ByteAt(str, n + 2);
-        for (int nShift = 18; nShift >= 0; nShift -= 6)
-            strText += kDigits[nGroup >> nShift & 63];
-    }
-    for (std::size_t nMissing = (3 - str.size() % 3) % 3; nMissing > 0; --nMissing)
-        strText[strText.size() - nMissing] = '=';
+    std::size_t nLength = (str.size() + 2) / 3 * 4;
+    std::string strText(nLength + 1, '\0'); // with the zero that it is ended by
+    mbedtls_base64_encode(reinterpret_cast<unsigned char*>(strText.data()), strText.size(), &nLength,
+                          reinterpret_cast<const unsigned char*>(str.data()), str.size());
+    strText.resize(nLength);
     return strText;
 }
+
+// What a page would take for its own.
+constexpr std::array<std::pair<char, const char*>, 4> kEntities = {
+    {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}};
 
 } // namespace
 
 std::string Escaped(std::string_view str) {
     std::string strText;
-    for (const char c : Harmless(str))
-        switch (c) {
-        case '&':
-            strText += "&amp;";
-            break;
-        case '<':
-            strText += "&lt;";
-            break;
-        case '>':
-            strText += "&gt;";
-            break;
-        case '"':
-            strText += "&quot;";
-            break;
-        default:
-            strText += c;
-        }
+    for (const char c : Harmless(str)) {
+        const auto p = std::ranges::find(kEntities, c, &std::pair<char, const char*>::first);
+        strText += p != kEntities.end() ? p->second : std::string(1, c);
+    }
     return strText;
 }
 

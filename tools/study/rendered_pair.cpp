@@ -1,6 +1,6 @@
 #include "study/rendered_pair.h"
 
-#include "pictures/pgm.h"
+#include "pictures/formats.h"
 #include "study/notes.h"
 #include "study/replacement.h"
 

@@ -173,9 +173,7 @@ std::string TrustLimitsHelp() {
         if (tLimit.szHelp != nullptr)
             a.push_back(fmt::format(fmt::runtime(tLimit.szHelp), fmt::arg("limit", tLimit.dLimit)));
     });
-    const std::string strLast = a.back();
-    a.pop_back();
-    return Listed(a) + ", and " + strLast;
+    return Listed(a, ", and ");
 }
 
 Json TrustLimitsJson() {

@@ -1,8 +1,11 @@
-#include "commands/man_page.h"
+#include "commands/help.h"
 
 #include "basics/text_table.h"
+#include "measuring/verdict.h"
 
 #include <cctype>
+#include <csignal>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -97,6 +100,26 @@ std::string ExamplesHelp(std::initializer_list<const char*> aszCommands) {
     for (const char* const sz : aszCommands)
         str += std::string(kIndent, ' ') + sz + "\n";
     return str + "\n";
+}
+
+std::vector<ExitMeaning> VerdictExits() {
+    std::vector<ExitMeaning> a;
+    for (const VerdictWords& tVerdict : kVerdicts)
+        if (tVerdict.szLabel != nullptr)
+            a.push_back({tVerdict.tExit, tVerdict.szMeaning});
+    return a;
+}
+
+std::string ExitCodesHelp(std::vector<ExitMeaning> aAnswers, const char* szStopped) {
+    aAnswers.insert(aAnswers.end(), {{ExitCode::kWrongUsage, "wrong usage"},
+                                     {StoppedBy(SIGHUP),
+                                      fmt::format("stopped by the terminal's end (SIGHUP); {}", szStopped)},
+                                     {StoppedBy(SIGINT), "stopped by Ctrl-C (SIGINT), likewise"},
+                                     {StoppedBy(SIGTERM), "stopped by SIGTERM, likewise"}});
+    std::string str = "EXIT CODES\n";
+    for (const ExitMeaning& tMeaning : aAnswers)
+        str += fmt::format("{:>7}  {}\n", static_cast<int>(tMeaning.tExit), tMeaning.strMeaning);
+    return str;
 }
 
 } // namespace tools

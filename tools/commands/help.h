@@ -2,10 +2,19 @@
 
 #include "basics/exit_codes.h"
 
-#include <string>
-#include <vector>
+#include <CLI/CLI.hpp>
 
 namespace tools {
+
+// Help in the form of a manual page. A command's description starts with a line, a sentence of what it does;
+// paragraphs about it follow. Its footer holds the sections after the options.
+class ManPage : public CLI::Formatter {
+public:
+    std::string make_help(const CLI::App* pApp, std::string strName, CLI::AppFormatMode tMode) const override;
+};
+
+// The section of examples: commands as they are typed, a line each.
+std::string ExamplesHelp(std::initializer_list<const char*> aszCommands);
 
 struct ExitMeaning {
     ExitCode tExit;
