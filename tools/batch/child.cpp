@@ -1,5 +1,6 @@
 #include "batch/child.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -46,11 +47,8 @@ private:
 };
 
 std::vector<char*> Pointers(std::vector<std::string>& aWords) {
-    std::vector<char*> a;
-    a.reserve(aWords.size() + 1);
-    for (std::string& str : aWords)
-        a.push_back(str.data());
-    a.push_back(nullptr);
+    std::vector<char*> a(aWords.size() + 1, nullptr);
+    std::ranges::transform(aWords, a.begin(), [](std::string& str) { return str.data(); });
     return a;
 }
 

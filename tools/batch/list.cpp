@@ -4,12 +4,11 @@
 #include "basics/files.h"
 #include "basics/list_columns.h"
 #include "basics/numbers.h"
-#include "basics/text_table.h"
 #include "basics/tool_error.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <span>
+#include <fmt/format.h>
 #include <utility>
 
 namespace tools {
@@ -29,20 +28,15 @@ public:
     bool Has(const char* szName) const { return std::ranges::find(m_aNames, szName) != m_aNames.end(); }
     std::size_t Count() const { return m_aNames.size(); }
 
-    void Require(const char* szName) const {
-        if (!Has(szName))
-            throw ToolError(m_strFile,
-                            std::string("has no column \"") + szName + "\"; its columns are " + Names(),
-                            kForm);
-    }
-
     // Which of two columns of one name is meant nobody can tell.
-    void RefuseTwice(const char* szName) const {
-        if (std::ranges::count(m_aNames, szName) > 1)
+    void Check(const char* szName, bool bRequired) const {
+        const auto nCount = std::ranges::count(m_aNames, szName);
+        if (nCount > 1 || (bRequired && nCount == 0))
             throw ToolError(m_strFile,
-                            std::string("has more than one column \"") + szName + "\"; its columns are " +
-                                Names(),
-                            "Keep one of them");
+                            fmt::format("has {} column \"{}\"; its columns are \"{}\"",
+                                        nCount == 0 ? "no" : "more than one", szName,
+                                        fmt::join(m_aNames, "\", \"")),
+                            nCount == 0 ? kForm : "Keep one of them");
     }
 
     // Empty where the record ends before it.
@@ -52,13 +46,6 @@ public:
     }
 
 private:
-    std::string Names() const {
-        std::vector<std::string> a;
-        for (const std::string& strName : m_aNames)
-            a.push_back("\"" + strName + "\"");
-        return Listed(a);
-    }
-
     std::string m_strFile;
     std::vector<std::string> m_aNames;
 };
@@ -116,12 +103,10 @@ BatchList ReadBatchList(const std::string& strFile) {
     if (aRecords.empty())
         throw ToolError(strFile, "is empty", kForm);
     const Columns tColumns(strFile, aRecords.front());
-    for (const char* const szName : std::span(kPairColumns).subspan<1>())
-        tColumns.Require(szName);
-    for (const std::span<const char* const> aszNames :
-         {std::span<const char* const>(kPairColumns), std::span<const char* const>(kTruthColumns)})
-        for (const char* const szName : aszNames)
-            tColumns.RefuseTwice(szName);
+    for (const char* const szName : kPairColumns)
+        tColumns.Check(szName, szName != kPairColumns.front());
+    for (const char* const szName : kTruthColumns)
+        tColumns.Check(szName, false);
     // Such a quote takes in all that follows: how many rows are meant cannot be told.
     if (aRecords.back().bQuoteOpen)
         throw ToolError(strFile,

@@ -6,8 +6,7 @@
 #include "basics/tool_error.h"
 #include "batch/measuring.h"
 #include "commands/help.h"
-#include "commands/option_checks.h"
-#include "commands/shared_options.h"
+#include "commands/options.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -5,12 +5,10 @@
 #include "basics/text_table.h"
 #include "basics/tool_error.h"
 #include "commands/help.h"
-#include "commands/shared_options.h"
+#include "commands/options.h"
 #include "measuring/calibration.h"
 #include "pictures/formats.h"
-#include "report/json_output.h"
-#include "report/page.h"
-#include "report/text.h"
+#include "report/outputs.h"
 #include "trust/numbers.h"
 
 #include <fmt/format.h>

@@ -2,7 +2,7 @@
 
 #include "basics/console.h"
 #include "commands/help.h"
-#include "commands/shared_options.h"
+#include "commands/options.h"
 #include "measuring/calibration.h"
 #include "record/output.h"
 

@@ -4,8 +4,7 @@
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"
 #include "commands/help.h"
-#include "commands/option_checks.h"
-#include "commands/shared_options.h"
+#include "commands/options.h"
 #include "study/rendered_pair.h"
 #include "study/study.h"
 
@@ -19,14 +18,8 @@ namespace tools {
 namespace {
 
 struct Options {
-    std::string strFolder;
+    Study tStudy; // of no module: a single pair
     std::string strSize = "1728x972";
-    PairOptions tPair;
-    std::size_t nCount = 0; // of a study; 0 for a single pair
-    std::size_t nRepeats = 1;
-    double dRange = 1.5, dMasterRange = 0;
-    std::optional<double> oMaxNoise, oMaxBlur; // of a study with values drawn up to them
-    bool bOverwrite = false;
 };
 
 // dRange: how far a study's angles are drawn away.
@@ -39,32 +32,33 @@ void CheckPose(const char* szAxis, double dAngle, double dRange) {
                                            strRange, Fixed(kMaxAngle, 0)));
 }
 
-PairOptions CheckedPair(const Options& tOptions) {
-    const Angles tSlave = tOptions.tPair.tMaster + tOptions.tPair.tRelative;
-    const double dRange = tOptions.nCount == 0 ? 0 : tOptions.dRange + tOptions.dMasterRange;
-    CheckPose("x", tSlave.dRx, dRange);
-    CheckPose("y", tSlave.dRy, dRange);
-    CheckPose("z", tSlave.dRz, dRange);
-    PairOptions tPair = tOptions.tPair;
-    tPair.tSize = ParsedSize("--size", tOptions.strSize);
-    return tPair;
-}
-
-// What a study draws up to, from dLowest on.
-double Highest(const char* szName, double dLowest, const std::optional<double>& oMax) {
+// oMax: what a study draws up to, from dLowest on.
+void CheckHighest(const char* szName, double dLowest, std::optional<double> oMax) {
     if (oMax && *oMax < dLowest)
         throw CLI::ValidationError(std::string("--max-") + szName,
                                    Fixed(*oMax, 4) + " is below --" + szName + ", " + Fixed(dLowest, 4));
-    return oMax.value_or(dLowest);
+}
+
+Study Checked(const Options& tOptions) {
+    Study t = tOptions.tStudy;
+    const Angles tSlave = t.tCentre.tMaster + t.tCentre.tRelative;
+    const double dRange = t.nCount == 0 ? 0 : t.dRange + t.dMasterRange;
+    CheckPose("x", tSlave.dRx, dRange);
+    CheckPose("y", tSlave.dRy, dRange);
+    CheckPose("z", tSlave.dRz, dRange);
+    t.tCentre.tSize = ParsedSize("--size", tOptions.strSize);
+    CheckHighest("noise", t.tCentre.dNoise, t.oMaxNoise);
+    CheckHighest("blur", t.tCentre.dBlur, t.oMaxBlur);
+    return t;
 }
 
 std::vector<std::string> Row(const std::string& strFile, const Angles& tAngles) {
     return {strFile, Fixed(tAngles.dRx, 4), Fixed(tAngles.dRy, 4), Fixed(tAngles.dRz, 4)};
 }
 
-ExitCode RenderOne(const Options& tOptions) {
-    const PairOptions tPair = CheckedPair(tOptions);
-    const PairFiles tFiles = WritePair(tOptions.strFolder, tPair, tOptions.bOverwrite);
+ExitCode RenderOne(const Study& tStudy) {
+    const PairOptions& tPair = tStudy.tCentre;
+    const PairFiles tFiles = WritePair(tStudy.strFolder, tPair, tStudy.bOverwrite);
     Print(fmt::format("Wrote, with the poses in degrees\n{}\n"
                       "Measure it:\n  orvex-align measure {} {} --calibration {} --truth {}\n",
                       Table({{"", "Rx", "Ry", "Rz"},
@@ -77,18 +71,8 @@ ExitCode RenderOne(const Options& tOptions) {
     return ExitCode::kDone;
 }
 
-ExitCode RenderMany(const Options& tOptions) {
-    const PairOptions tPair = CheckedPair(tOptions);
-    const Study tStudy = {.strFolder = tOptions.strFolder,
-                          .tCentre = tPair,
-                          .nCount = tOptions.nCount,
-                          .nRepeats = tOptions.nRepeats,
-                          .dRange = tOptions.dRange,
-                          .dMasterRange = tOptions.dMasterRange,
-                          .dMaxNoise = Highest("noise", tPair.dNoise, tOptions.oMaxNoise),
-                          .dMaxBlur = Highest("blur", tPair.dBlur, tOptions.oMaxBlur),
-                          .bOverwrite = tOptions.bOverwrite};
-    const std::size_t nPairs = tOptions.nCount * tOptions.nRepeats;
+ExitCode RenderMany(const Study& tStudy) {
+    const std::size_t nPairs = tStudy.nCount * tStudy.nRepeats;
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
         Tell(fmt::format("stopped after {} of {} pairs; these are whole, the list is not written.\n"
@@ -98,8 +82,8 @@ ExitCode RenderMany(const Options& tOptions) {
     }
     Print(fmt::format("Wrote {} pairs and {}\n\nMeasure them:\n  orvex-align batch {} --out {}{}\n", nPairs,
                       Harmless(tOutcome.strList), ShellWord(tOutcome.strList),
-                      ShellWord(std::filesystem::path(tOptions.strFolder) / "results.csv"),
-                      tOptions.nRepeats > 1 ? " --repeatability" : ""));
+                      ShellWord(std::filesystem::path(tStudy.strFolder) / "results.csv"),
+                      tStudy.nRepeats > 1 ? " --repeatability" : ""));
     return ExitCode::kDone;
 }
 
@@ -137,11 +121,11 @@ void AddCapture(CLI::App& tCommand, PairOptions& tPair) {
         ->capture_default_str();
 }
 
-void AddStudy(CLI::App& tCommand, Options& tOptions) {
+void AddStudy(CLI::App& tCommand, Study& tStudy) {
     CLI::Option& tCount =
-        AddCount(tCommand, "--count", tOptions.nCount,
+        AddCount(tCommand, "--count", tStudy.nCount,
                  "Render a study of this many modules instead of one pair, 1 to 100000", 1, 100000);
-    AddCount(tCommand, "--repeats", tOptions.nRepeats,
+    AddCount(tCommand, "--repeats", tStudy.nRepeats,
              "Pairs of each module, 1 to 1000: same angles and id, noise of their own", 1, 1000)
         .capture_default_str()
         ->needs(&tCount);
@@ -149,10 +133,9 @@ void AddStudy(CLI::App& tCommand, Options& tOptions) {
         AddNumber(tCommand, szName, d, 0, kMaxAngle, "DEG", szWhat, " degrees");
         tCommand.get_option(szName)->needs(&tCount);
     };
-    AddRange("--range", tOptions.dRange,
+    AddRange("--range", tStudy.dRange,
              "How far each module's angles are drawn to both sides of --rx, --ry, --rz");
-    AddRange("--master-range", tOptions.dMasterRange,
-             "Likewise around --master-rx, --master-ry, --master-rz");
+    AddRange("--master-range", tStudy.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
 }
 
 // Not given: all pairs have the lowest.
@@ -193,26 +176,29 @@ std::string Footer() {
 
 void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
+    Study& tStudy = pOptions->tStudy;
     CLI::App& tCommand = *tApp.add_subcommand("render", kDescription);
-    AddFile(tCommand, "--out", pOptions->strFolder,
+    AddFile(tCommand, "--out", tStudy.strFolder,
             "Folder for the pair's files or the study; created if missing", "DIR")
         .required();
-    tCommand.add_flag("--overwrite", pOptions->bOverwrite,
+    tCommand.add_flag("--overwrite", tStudy.bOverwrite,
                       "Replace files that are there with other content; without it they are refused");
-    AddPose(tCommand, pOptions->tPair);
+    AddPose(tCommand, tStudy.tCentre);
     tCommand
         .add_option("--size", pOptions->strSize,
                     "Size of both pictures in px, with the same field of view; the chart can be measured "
                     "from 1440x810")
         ->type_name("WxH")
         ->capture_default_str();
-    AddCapture(tCommand, pOptions->tPair);
-    AddStudy(tCommand, *pOptions);
-    AddHighest(tCommand, "noise", pOptions->oMaxNoise, kMaxNoise, "GREY");
-    AddHighest(tCommand, "blur", pOptions->oMaxBlur, kMaxBlur, "PX");
+    AddCapture(tCommand, tStudy.tCentre);
+    AddStudy(tCommand, tStudy);
+    AddHighest(tCommand, "noise", tStudy.oMaxNoise, kMaxNoise, "GREY");
+    AddHighest(tCommand, "blur", tStudy.oMaxBlur, kMaxBlur, "PX");
     tCommand.footer(Footer());
-    tCommand.callback(
-        [pOptions, &tExit] { tExit = pOptions->nCount > 0 ? RenderMany(*pOptions) : RenderOne(*pOptions); });
+    tCommand.callback([pOptions, &tExit] {
+        const Study tChecked = Checked(*pOptions);
+        tExit = tChecked.nCount > 0 ? RenderMany(tChecked) : RenderOne(tChecked);
+    });
 }
 
 } // namespace tools

@@ -7,6 +7,12 @@
 
 namespace tools {
 
+enum class Camera { kMaster, kSlave };
+
+constexpr const char* NameOf(Camera tCamera) {
+    return tCamera == Camera::kMaster ? "master" : "slave";
+}
+
 // What is known of one camera; nothing where the measurement did not come so far. Pixels and degrees.
 struct CameraMeasurement {
     Stage tReached = Stage::kEntry; // it failed or was not begun there; all before it were passed

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "measuring/camera.h"
 #include "measuring/camera_measurement.h"
 #include "measuring/stage_view.h"
 #include "pictures/picture.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Orvex_Alignment_Stages.h"
-#include "measuring/camera.h"
+#include "measuring/camera_measurement.h"
 
 namespace tools {
 

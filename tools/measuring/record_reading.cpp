@@ -11,6 +11,7 @@
 #include <cstring>
 #include <iterator>
 #include <numeric>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -28,19 +29,16 @@ std::string HeaderOf(const std::string& strBytes) {
     return strBytes.substr(std::min(kHeaderAt, strBytes.size()), kMeasuredHeader.size());
 }
 
+constexpr std::pair<int, RecordAnswer> kAnswers[] = {
+    {ORVEX_OK, RecordAnswer::kAccepted},
+    {ORVEX_RECORD_NOT_DECRYPTED, RecordAnswer::kNotDecrypted},
+    {ORVEX_RECORD_CHECKSUM, RecordAnswer::kWrongChecksum},
+    {ORVEX_RECORD_OTHER_MODULE, RecordAnswer::kOtherModule},
+};
+
 RecordAnswer AnswerOf(int nStatus) {
-    switch (nStatus) {
-    case ORVEX_OK:
-        return RecordAnswer::kAccepted;
-    case ORVEX_RECORD_NOT_DECRYPTED:
-        return RecordAnswer::kNotDecrypted;
-    case ORVEX_RECORD_CHECKSUM:
-        return RecordAnswer::kWrongChecksum;
-    case ORVEX_RECORD_OTHER_MODULE:
-        return RecordAnswer::kOtherModule;
-    default:
-        return RecordAnswer::kRefused;
-    }
+    const auto p = std::ranges::find(kAnswers, nStatus, &std::pair<int, RecordAnswer>::first);
+    return p != std::end(kAnswers) ? p->second : RecordAnswer::kRefused;
 }
 
 RecordFields FieldsOf(const std::string& strRecord) {

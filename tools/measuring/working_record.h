@@ -1,6 +1,5 @@
 #pragma once
 
-#include "measuring/camera.h"
 #include "measuring/camera_measurement.h"
 
 namespace tools {

@@ -17,6 +17,9 @@ bool IsPng(std::string_view strBytes);
 // lies what it saw. Throws ToolError naming strFile.
 Picture DecodePng(const std::string& strFile, std::string_view strBytes);
 
+// The bytes of an 8-bit grey PNG file. Throws ToolError naming the picture.
+std::string EncodePng(const Picture& picture);
+
 // Whether the bytes begin as a JPEG picture does.
 bool IsJpeg(std::string_view strBytes);
 

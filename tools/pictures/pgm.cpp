@@ -12,60 +12,34 @@ namespace {
 constexpr std::string_view kWordEnds = "# \t\n\v\f\r";
 constexpr std::string_view kSpaces = kWordEnds.substr(1);
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
+// The header's next word, behind white space and comments, which reach from # to the end of their line. What
+// follows it is left.
+std::string_view NextWord(std::string_view& strRest) {
+    const auto SkipTo = [&](std::size_t n) { strRest.remove_prefix(std::min(n, strRest.size())); };
+    for (SkipTo(strRest.find_first_not_of(kSpaces)); strRest.starts_with('#');
+         SkipTo(strRest.find_first_not_of(kSpaces)))
+        SkipTo(strRest.find('\n'));
+    const std::string_view strWord = strRest.substr(0, strRest.find_first_of(kWordEnds));
+    SkipTo(strWord.size());
+    return strWord;
 }
 
-// Walks through the header's words. Comments reach from # to the end of their line.
-class Header {
-public:
-    Header(const std::string& strFile, std::string_view strBytes) : m_strFile(strFile), m_str(strBytes) {}
-
-    // The number must lie in [1, nLimit].
-    int Number(const char* szName, int nLimit) {
-        const std::string_view str = Word();
-        if (str.empty())
-            throw ToolError(m_strFile, std::string("ends before its ") + szName,
-                            "Copy or record the picture again");
-        if (!std::ranges::all_of(str, IsDigit))
-            throw ToolError(m_strFile, Named(szName, str) + " is not a number", "Record the picture again");
-        // Longer words are beyond any limit, whatever their value.
-        const std::int64_t n = str.size() < 10 ? std::stoll(std::string(str)) : INT64_MAX;
-        if (n < 1 || n > nLimit)
-            throw ToolError(m_strFile, fmt::format("{} is not within 1 to {}", Named(szName, str), nLimit),
-                            "Record the picture again in its proper size and with 8 bits per pixel");
-        return static_cast<int>(n);
-    }
-
-    // Where the pixels start: behind one white space.
-    std::size_t End() const { return std::min(m_nPos + 1, m_str.size()); }
-
-private:
-    static std::string Named(const char* szName, std::string_view str) {
-        return fmt::format("{} \"{}\"", szName, str.substr(0, 24));
-    }
-
-    void MoveTo(std::size_t nPos) { m_nPos = std::min(nPos, m_str.size()); }
-
-    void SkipGap() {
-        MoveTo(m_str.find_first_not_of(kSpaces, m_nPos));
-        while (m_nPos < m_str.size() && m_str[m_nPos] == '#') {
-            MoveTo(m_str.find('\n', m_nPos));
-            MoveTo(m_str.find_first_not_of(kSpaces, m_nPos));
-        }
-    }
-
-    std::string_view Word() {
-        SkipGap();
-        const std::size_t nStart = m_nPos;
-        MoveTo(m_str.find_first_of(kWordEnds, nStart));
-        return m_str.substr(nStart, m_nPos - nStart);
-    }
-
-    const std::string& m_strFile;
-    std::string_view m_str;
-    std::size_t m_nPos = 2; // behind "P5"
-};
+// The number must lie in [1, nLimit].
+int NextNumber(const std::string& strFile, std::string_view& strRest, const char* szName, int nLimit) {
+    const std::string_view str = NextWord(strRest);
+    const std::string strNamed = fmt::format("{} \"{}\"", szName, str.substr(0, 24));
+    if (str.empty())
+        throw ToolError(strFile, std::string("ends before its ") + szName,
+                        "Copy or record the picture again");
+    if (str.find_first_not_of("0123456789") != str.npos)
+        throw ToolError(strFile, strNamed + " is not a number", "Record the picture again");
+    // Longer words are beyond any limit, whatever their value.
+    const std::int64_t n = str.size() < 10 ? std::stoll(std::string(str)) : INT64_MAX;
+    if (n < 1 || n > nLimit)
+        throw ToolError(strFile, fmt::format("{} is not within 1 to {}", strNamed, nLimit),
+                        "Record the picture again in its proper size and with 8 bits per pixel");
+    return static_cast<int>(n);
+}
 
 void RequireEightBits(const std::string& strFile, int nMaximum) {
     if (nMaximum == 255)
@@ -105,14 +79,13 @@ bool IsPgm(std::string_view strBytes) {
 }
 
 Picture DecodePgm(const std::string& strFile, std::string_view strBytes) {
-    Header tHeader(strFile, strBytes);
-    const int nColumns = tHeader.Number("width", kMaxSide);
-    const int nRows = tHeader.Number("height", kMaxSide);
-    RequireEightBits(strFile, tHeader.Number("largest grey value", 65535));
-    const std::size_t nStart = tHeader.End();
-    RequirePixels(strFile, {nColumns, nRows}, strBytes.size() - nStart);
-    return {
-        strFile, nColumns, nRows, {strBytes.begin() + static_cast<std::ptrdiff_t>(nStart), strBytes.end()}};
+    std::string_view strRest = strBytes.substr(2); // behind "P5"
+    const int nColumns = NextNumber(strFile, strRest, "width", kMaxSide);
+    const int nRows = NextNumber(strFile, strRest, "height", kMaxSide);
+    RequireEightBits(strFile, NextNumber(strFile, strRest, "largest grey value", 65535));
+    strRest.remove_prefix(std::min<std::size_t>(1, strRest.size())); // one white space
+    RequirePixels(strFile, {nColumns, nRows}, strRest.size());
+    return {strFile, nColumns, nRows, {strRest.begin(), strRest.end()}};
 }
 
 std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey) {

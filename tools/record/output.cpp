@@ -13,26 +13,21 @@ namespace {
 
 constexpr int kFloatDecimals = 4;
 
-Quantity Field(const char* szKey, const char* szLabel, const char* szUnit, int nDecimals, double dValue) {
-    return {szKey, szLabel, szUnit, nDecimals, dValue};
-}
-
 // In the record's order.
 Quantities FieldsOf(const RecordFields& tRecord) {
-    return {Field("version_major", "version, major", "", 0, tRecord.tVersion.nMajor),
-            Field("version_minor", "version, minor", "", 0, tRecord.tVersion.nMinor),
-            Field("shift_x_px", "shift x, slave's cross minus master's", "px", 0, tRecord.nShiftX),
-            Field("shift_y_px", "shift y, slave's cross minus master's", "px", 0, tRecord.nShiftY),
-            Field("focus_line_1/slope_codes_per_position", "focus line 1, slope", "lens codes per position",
-                  kFloatDecimals, tRecord.dSlope1),
-            Field("focus_line_1/offset_codes", "focus line 1, offset", "lens codes", kFloatDecimals,
-                  tRecord.dOffset1),
-            Field("focus_line_2/slope_codes_per_position", "focus line 2, slope", "lens codes per position",
-                  kFloatDecimals, tRecord.dSlope2),
-            Field("focus_line_2/offset_codes", "focus line 2, offset", "lens codes", kFloatDecimals,
-                  tRecord.dOffset2),
-            Field("checksum", "checksum", "", 0, tRecord.nCheckSum),
-            Field("sum_of_bytes", "sum of the bytes it covers, modulo 256", "", 0, tRecord.nSumOfBytes)};
+    return {
+        {"version_major", "version, major", "", 0, tRecord.tVersion.nMajor},
+        {"version_minor", "version, minor", "", 0, tRecord.tVersion.nMinor},
+        {"shift_x_px", "shift x, slave's cross minus master's", "px", 0, tRecord.nShiftX},
+        {"shift_y_px", "shift y, slave's cross minus master's", "px", 0, tRecord.nShiftY},
+        {"focus_line_1/slope_codes_per_position", "focus line 1, slope", "lens codes per position",
+         kFloatDecimals, tRecord.dSlope1},
+        {"focus_line_1/offset_codes", "focus line 1, offset", "lens codes", kFloatDecimals, tRecord.dOffset1},
+        {"focus_line_2/slope_codes_per_position", "focus line 2, slope", "lens codes per position",
+         kFloatDecimals, tRecord.dSlope2},
+        {"focus_line_2/offset_codes", "focus line 2, offset", "lens codes", kFloatDecimals, tRecord.dOffset2},
+        {"checksum", "checksum", "", 0, tRecord.nCheckSum},
+        {"sum_of_bytes", "sum of the bytes it covers, modulo 256", "", 0, tRecord.nSumOfBytes}};
 }
 
 std::string Hex(const std::string& str) {

@@ -1,4 +1,4 @@
-#include "report/json_output.h"
+#include "report/outputs.h"
 
 #include "measuring/versions.h"
 #include "trust/numbers.h"

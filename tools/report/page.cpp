@@ -1,10 +1,9 @@
-#include "report/page.h"
+#include "report/outputs.h"
 
 #include "basics/text_table.h"
 #include "measuring/versions.h"
 #include "report/html_text.h"
-#include "report/page_script.h"
-#include "report/page_style.h"
+#include "report/page_parts.h"
 #include "report/shapes.h"
 #include "report/tables.h"
 

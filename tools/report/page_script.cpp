@@ -1,4 +1,4 @@
-#include "report/page_script.h"
+#include "report/page_parts.h"
 
 namespace tools {
 

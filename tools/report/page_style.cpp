@@ -1,4 +1,4 @@
-#include "report/page_style.h"
+#include "report/page_parts.h"
 
 namespace tools {
 

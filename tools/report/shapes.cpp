@@ -1,8 +1,8 @@
 #include "report/shapes.h"
 
 #include "basics/text_table.h"
+#include "pictures/formats.h"
 #include "report/html_text.h"
-#include "report/png_encoder.h"
 
 #include <cmath>
 #include <fmt/format.h>

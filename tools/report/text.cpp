@@ -1,4 +1,4 @@
-#include "report/text.h"
+#include "report/outputs.h"
 
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"

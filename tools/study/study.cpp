@@ -48,7 +48,8 @@ Angles DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
     return {Drawn(nSeed, nFirst, dRange), Drawn(nSeed, nFirst + 1, dRange), Drawn(nSeed, nFirst + 2, dRange)};
 }
 
-double DrawnBetween(double dLowest, double dHighest, double dUnit) {
+double DrawnBetween(double dLowest, std::optional<double> oHighest, double dUnit) {
+    const double dHighest = oHighest.value_or(dLowest);
     return std::clamp(Stepped(dLowest + (dHighest - dLowest) * dUnit), dLowest, dHighest);
 }
 
@@ -75,9 +76,9 @@ StudyPair PairOf(const Study& tStudy, std::size_t nPair) {
     tOptions.nSeed = nRepeat == 0 ? nSeed : ShortSeed(nSeed, kRepeatStream, nRepeat);
     // The pair's own seed draws first its noise, then its blur.
     tOptions.dNoise =
-        DrawnBetween(tOptions.dNoise, tStudy.dMaxNoise, UnitDraw(tOptions.nSeed, kCaptureStream, 0));
+        DrawnBetween(tOptions.dNoise, tStudy.oMaxNoise, UnitDraw(tOptions.nSeed, kCaptureStream, 0));
     tOptions.dBlur =
-        DrawnBetween(tOptions.dBlur, tStudy.dMaxBlur, UnitDraw(tOptions.nSeed, kCaptureStream, 1));
+        DrawnBetween(tOptions.dBlur, tStudy.oMaxBlur, UnitDraw(tOptions.nSeed, kCaptureStream, 1));
     return {strId, tStudy.nRepeats == 1 ? strId : strId + "-" + Padded(nRepeat + 1, tStudy.nRepeats), nSeed,
             tOptions};
 }

@@ -2,6 +2,7 @@
 
 #include "study/pair_options.h"
 
+#include <optional>
 #include <string>
 
 namespace tools {
@@ -9,12 +10,12 @@ namespace tools {
 // Many pairs whose angles are drawn uniformly around those of one setup, noise and blur from its own upwards.
 struct Study {
     std::string strFolder;
-    PairOptions tCentre;         // its seed is that of angles, noise and calibration images
-    std::size_t nCount;          // modules, each with angles of its own
-    std::size_t nRepeats;        // pairs of one module, each with noise of its own
-    double dRange, dMasterRange; // degrees to both sides
-    double dMaxNoise, dMaxBlur;  // of both cameras: grey levels, px
-    bool bOverwrite;             // replace files that are there with other content
+    PairOptions tCentre;                       // its seed is that of angles, noise and calibration images
+    std::size_t nCount = 0;                    // modules, each with angles of its own
+    std::size_t nRepeats = 1;                  // pairs of one module, each with noise of its own
+    double dRange = 1.5, dMasterRange = 0;     // degrees to both sides
+    std::optional<double> oMaxNoise, oMaxBlur; // of both cameras: grey levels, px; none: all have the lowest
+    bool bOverwrite = false;                   // replace files that are there with other content
 };
 
 struct StudyOutcome {

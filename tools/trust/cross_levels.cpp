@@ -25,16 +25,11 @@ double Quantile(const std::array<int, 256>& anCounts, double dShare) {
     return static_cast<double>(n);
 }
 
-// A search window may miss the picture.
-bool IsEmpty(const Rectangle& t) {
-    return t.dLeft > t.dRight || t.dTop > t.dBottom;
-}
-
 } // namespace
 
 std::optional<CrossLevels> ReadCrossLevels(const Picture& tPicture, const Rectangle& tWindow) {
-    if (IsEmpty(tWindow))
-        return std::nullopt;
+    if (tWindow.dLeft > tWindow.dRight || tWindow.dTop > tWindow.dBottom)
+        return std::nullopt; // it misses the picture
     const std::array<int, 256> anCounts = CountGrey(tPicture, tWindow);
     return CrossLevels{Quantile(anCounts, 0.01), Quantile(anCounts, 0.5)};
 }

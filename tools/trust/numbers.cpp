@@ -66,57 +66,57 @@ Value CrossSpan(const CameraTrust& trust, std::size_t) {
     return trust.oCrossSpan;
 }
 
-const TrustNumber kSideNumbers[] = {
-    {"side_residual_px", "residual of the fitted line (RMS)", "px", 3, OfSide<&SideReading::oResidual>,
+const TrustNumber kNumbers[] = {
+    {Of::kSide, "side_residual_px", "residual of the fitted line (RMS)", "px", 3,
+     OfSide<&SideReading::oResidual>,
      TrustLimit{
          "large_residual", Warned::kAbove, kLargeResidual, 3, "side_residual_px",
          "a residual above {limit} px",
          "large residual, {value} px RMS from the fitted line, more than {limit} px. Check that the chart is "
          "flat and sharp and that nothing touches its frame."}},
-    {"side_corner_distance_px", "measured corner to the fitted line", "px", 3, CornerDistance,
+    {Of::kSide, "side_corner_distance_px", "measured corner to the fitted line", "px", 3, CornerDistance,
      TrustLimit{
          "corner_off_line", Warned::kAbove, kLargeCornerDistance, 4, "side_corner_distance_px",
          "a corner more than {limit} px from the line",
          "a measured corner lies {value} px beside the fitted line, more than {limit} px. Check the corner "
          "in the report for dirt, shadow or a bent chart."}},
-    {"side_lines_read_percent", "lines read", "%", 1, ReadShare,
+    {Of::kSide, "side_lines_read_percent", "lines read", "%", 1, ReadShare,
      TrustLimit{
          "few_lines", Warned::kBelow, kLeastRead, 1, "side_lines_read_percent",
          "less than {limit} % of the lines read",
          "only {read} of {lines} lines across where it was looked for show the frame, less than {limit} %. "
          "Check that the picture is unscaled with the whole frame in view, the chart at its distance "
          "and not rolled by more than 3 degrees, the light even and the frame uncovered."}},
-    {nullptr, nullptr, nullptr, 0, SideContrast,
+    {Of::kSide, nullptr, nullptr, nullptr, 0, SideContrast,
      TrustLimit{"low_contrast", Warned::kBelow, kLowContrast, 2, "contrast_grey",
                 "dark and bright less than {limit} grey levels apart",
                 "low contrast, dark {dark} and bright {bright} differ by less than {limit} grey levels. "
                 "Check light and exposure."}},
-    {"side_dark_grey", "dark level", "grey levels", 1, OfSide<&SideReading::oDark>},
-    {"side_bright_grey", "bright level", "grey levels", 1, OfSide<&SideReading::oBright>},
-};
-
-const TrustNumber kCameraNumbers[] = {
-    {"border_distance_px", "frame to picture's border", "px", 1, Border},
-    {nullptr, nullptr, nullptr, 0, TouchedBorder,
+    {Of::kSide, "side_dark_grey", "dark level", "grey levels", 1, OfSide<&SideReading::oDark>},
+    {Of::kSide, "side_bright_grey", "bright level", "grey levels", 1, OfSide<&SideReading::oBright>},
+    {Of::kPicture, "border_distance_px", "frame to picture's border", "px", 1, Border},
+    {Of::kPicture, nullptr, nullptr, nullptr, 0, TouchedBorder,
      TrustLimit{"frame_touches_border", Warned::kAtMost, 0, 5, nullptr, nullptr,
                 ": the frame touches the picture's border. Aim at the chart's middle or move it away."}},
-    {nullptr, nullptr, nullptr, 1, NearBorder,
+    {Of::kPicture, nullptr, nullptr, nullptr, 1, NearBorder,
      TrustLimit{"frame_near_border", Warned::kBelow, kNearBorder, 5, "border_distance_px",
                 "the frame less than {limit} px from the picture's border",
                 ": the frame is only {value} px from the picture's border, less than {limit} px. Aim at the "
                 "chart's middle or move it away."}},
-    {nullptr, nullptr, nullptr, 0, CrossContrast,
+    {Of::kPicture, nullptr, nullptr, nullptr, 0, CrossContrast,
      TrustLimit{"low_cross_contrast", Warned::kBelow, kLowContrast, 6, nullptr, nullptr,
                 ", cross: low contrast, dark {dark} and bright {bright} differ by less than {limit} grey "
                 "levels. Check light and exposure, and that the cross is in view."}},
-    {nullptr, nullptr, nullptr, 0, CrossPaleness,
+    {Of::kPicture, nullptr, nullptr, nullptr, 0, CrossPaleness,
      TrustLimit{"pale_cross", Warned::kAbove, 0, 6, nullptr, nullptr,
                 ", cross: too pale, its dark level {dark} is above {threshold}, up to which its search takes "
                 "pixels as ink. Check for reflections and overexposure."}},
-    {"cross_dark_grey", "cross, dark level", "grey levels", 1, OfCross<&CrossLevels::dDark>},
-    {"cross_bright_grey", "cross, bright level", "grey levels", 1, OfCross<&CrossLevels::dBright>},
-    {"cross_threshold_grey", "cross, threshold of its search", "grey levels", 1, CrossThreshold},
-    {"cross_span_px", "cross span", "px", 0, CrossSpan},
+    {Of::kPicture, "cross_dark_grey", "cross, dark level", "grey levels", 1, OfCross<&CrossLevels::dDark>},
+    {Of::kPicture, "cross_bright_grey", "cross, bright level", "grey levels", 1,
+     OfCross<&CrossLevels::dBright>},
+    {Of::kPicture, "cross_threshold_grey", "cross, threshold of its search", "grey levels", 1,
+     CrossThreshold},
+    {Of::kPicture, "cross_span_px", "cross span", "px", 0, CrossSpan},
 };
 
 std::optional<Point> LineEnd(const CameraTrust& trust, std::size_t nSide, std::size_t nEnd) {
@@ -124,35 +124,21 @@ std::optional<Point> LineEnd(const CameraTrust& trust, std::size_t nSide, std::s
     return o && o->oEnds ? std::optional((*o->oEnds)[nEnd]) : std::nullopt;
 }
 
-template <typename Use>
-void ForEachLimit(const Use& UseLimit) {
-    for (const std::span<const TrustNumber> aNumbers : {SideNumbers(), CameraNumbers()})
-        for (const TrustNumber& tNumber : aNumbers)
-            if (tNumber.oLimit)
-                UseLimit(*tNumber.oLimit);
-}
-
 } // namespace
 
-std::span<const TrustNumber> SideNumbers() {
-    return kSideNumbers;
-}
-
-std::span<const TrustNumber> CameraNumbers() {
-    return kCameraNumbers;
+std::span<const TrustNumber> TrustNumbers() {
+    return kNumbers;
 }
 
 Quantities QuantitiesOf(const CameraTrust& trust) {
     Quantities a;
-    for (const TrustNumber& tNumber : kSideNumbers)
-        for (std::size_t i = 0; i < kSides.size() && tNumber.szKey != nullptr; ++i)
-            a.push_back({fmt::format("{}/{}", tNumber.szKey, kSides[i].szKey),
-                         fmt::format("{} side, {}", kSides[i].szKey, tNumber.szWords), tNumber.szUnit,
-                         tNumber.nDecimals, tNumber.ValueOf(trust, i)});
-    for (const TrustNumber& tNumber : kCameraNumbers)
-        if (tNumber.szKey != nullptr)
-            a.push_back({tNumber.szKey, tNumber.szWords, tNumber.szUnit, tNumber.nDecimals,
-                         tNumber.ValueOf(trust, 0)});
+    for (const TrustNumber& t : kNumbers)
+        for (std::size_t i = 0; i < (t.tOf == Of::kSide ? kSides.size() : 1) && t.szKey != nullptr; ++i) {
+            const bool bSide = t.tOf == Of::kSide;
+            a.push_back({bSide ? fmt::format("{}/{}", t.szKey, kSides[i].szKey) : t.szKey,
+                         bSide ? fmt::format("{} side, {}", kSides[i].szKey, t.szWords) : t.szWords, t.szUnit,
+                         t.nDecimals, t.ValueOf(trust, i)});
+        }
     return a;
 }
 
@@ -169,19 +155,17 @@ Quantities LinesOf(const CameraTrust& trust) {
 
 std::string TrustLimitsHelp() {
     std::vector<std::string> a;
-    ForEachLimit([&](const TrustLimit& tLimit) {
-        if (tLimit.szHelp != nullptr)
-            a.push_back(fmt::format(fmt::runtime(tLimit.szHelp), fmt::arg("limit", tLimit.dLimit)));
-    });
+    for (const TrustNumber& t : kNumbers)
+        if (t.oLimit && t.oLimit->szHelp != nullptr)
+            a.push_back(fmt::format(fmt::runtime(t.oLimit->szHelp), fmt::arg("limit", t.oLimit->dLimit)));
     return Listed(a, ", and ");
 }
 
 Json TrustLimitsJson() {
     Json tJson;
-    ForEachLimit([&](const TrustLimit& tLimit) {
-        if (tLimit.szJsonKey != nullptr)
-            tJson[tLimit.szJsonKey] = tLimit.dLimit;
-    });
+    for (const TrustNumber& t : kNumbers)
+        if (t.oLimit && t.oLimit->szJsonKey != nullptr)
+            tJson[t.oLimit->szJsonKey] = t.oLimit->dLimit;
     return tJson;
 }
 

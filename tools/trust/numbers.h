@@ -26,9 +26,13 @@ struct TrustLimit {
     const char* szWarning; // what, how much and what to do, with {limit}, {value} and other measured numbers
 };
 
+// What a number is told of: each side, or the picture, whatever the side.
+enum class Of { kSide, kPicture };
+
 // One number of the tool's own reading wherever it is told: quantities, limits in JSON, help and warnings all
-// go by these two tables.
+// go by their table.
 struct TrustNumber {
+    Of tOf;
     const char* szKey;   // ends in the unit; nullptr if only its limit is told
     const char* szWords; // for people
     const char* szUnit;
@@ -37,8 +41,7 @@ struct TrustNumber {
     std::optional<TrustLimit> oLimit = {};
 };
 
-std::span<const TrustNumber> SideNumbers();   // one of each side
-std::span<const TrustNumber> CameraNumbers(); // one of the whole picture, whatever the side
+std::span<const TrustNumber> TrustNumbers();
 
 Quantities QuantitiesOf(const CameraTrust& trust);
 

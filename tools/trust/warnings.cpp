@@ -3,8 +3,6 @@
 #include "basics/text_table.h"
 #include "trust/numbers.h"
 
-#include <algorithm>
-#include <fmt/args.h>
 #include <fmt/format.h>
 
 namespace tools {
@@ -15,34 +13,29 @@ constexpr char kSizeText[] =
     "the pictures differ in size: master {} x {} px, slave {} x {} px. The angles allow for it; the record's "
     "shift mixes pixels of both. Check that each picture is as its camera took it.";
 
-// A warning's text with each of its measured numbers as Told gives it.
-template <typename Told>
-std::string Filled(const TrustLimit& tLimit, const Told& TextOf) {
-    fmt::dynamic_format_arg_store<fmt::format_context> tNumbers;
-    for (const char* const szName : {"value", "read", "lines", "dark", "bright", "threshold"})
-        tNumbers.push_back(fmt::arg(szName, TextOf(std::string_view(szName))));
-    tNumbers.push_back(fmt::arg("limit", tLimit.dLimit));
-    return fmt::vformat(tLimit.szWarning, tNumbers);
+// What a warning may tell beside its limit; what does not apply stands in no such text.
+struct Told {
+    std::string strValue, strRead, strLines, strDark, strBright, strThreshold;
+};
+
+std::string Filled(const TrustLimit& tLimit, const Told& t) {
+    return fmt::format(fmt::runtime(tLimit.szWarning), fmt::arg("limit", tLimit.dLimit),
+                       fmt::arg("value", t.strValue), fmt::arg("read", t.strRead),
+                       fmt::arg("lines", t.strLines), fmt::arg("dark", t.strDark),
+                       fmt::arg("bright", t.strBright), fmt::arg("threshold", t.strThreshold));
 }
 
 std::string Whole(std::optional<double> o) {
     return Fixed(o.value_or(0), 0);
 }
 
-// What a warning may tell of a side.
-std::string OfSide(std::string_view strName, const SideReading& tSide) {
-    return Whole(strName == "read"     ? tSide.nRead
-                 : strName == "lines"  ? tSide.nLines
-                 : strName == "dark"   ? tSide.oDark
-                 : strName == "bright" ? tSide.oBright
-                                       : std::nullopt);
+Told ToldOfSide(const std::string& strValue, const SideReading& tSide) {
+    return {strValue, Whole(tSide.nRead), Whole(tSide.nLines), Whole(tSide.oDark), Whole(tSide.oBright), ""};
 }
 
-// What a warning may tell of the cross.
-std::string OfCross(std::string_view strName, const CameraTrust& trust) {
-    if (strName == "threshold")
-        return Whole(trust.oCrossThreshold);
-    return trust.oCross ? Whole(strName == "dark" ? trust.oCross->dDark : trust.oCross->dBright) : "";
+Told ToldOfPicture(const std::string& strValue, const CameraTrust& trust) {
+    const CrossLevels tCross = trust.oCross.value_or(CrossLevels{});
+    return {strValue, "", "", Whole(tCross.dDark), Whole(tCross.dBright), Whole(trust.oCrossThreshold)};
 }
 
 // By how much the number is worse than allowed; nothing if it is not.
@@ -55,10 +48,9 @@ std::optional<double> Excess(const TrustLimit& tLimit, std::optional<double> oVa
     return bWorse ? std::optional(dExcess) : std::nullopt;
 }
 
-// One warning of all sides that exceed the limit, with the worst one's numbers. Where bSides is false the
-// number is the camera's.
-std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, const CameraTrust& trust,
-                                 bool bSides) {
+// One warning of all sides that exceed the limit, with the worst one's numbers; or of the picture.
+std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, const CameraTrust& trust) {
+    const bool bSides = tNumber.tOf == Of::kSide;
     const TrustLimit& tLimit = *tNumber.oLimit;
     std::vector<const char*> aSides;
     std::size_t nWorst = 0;
@@ -74,21 +66,23 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
     if (aSides.empty())
         return std::nullopt;
     const double dValue = *tNumber.ValueOf(trust, nWorst);
-    const std::string strWords = Filled(tLimit, [&](std::string_view strName) {
-        return strName == "value" ? Fixed(dValue, tNumber.nDecimals)
-               : bSides           ? OfSide(strName, *trust.aoSides[nWorst])
-                                  : OfCross(strName, trust);
-    });
+    const std::string strValue = Fixed(dValue, tNumber.nDecimals);
     if (!bSides)
-        return Warning{tLimit.szKind, tCamera,       {},
-                       dValue,        tLimit.dLimit, fmt::format("{} camera{}", NameOf(tCamera), strWords)};
+        return Warning{
+            tLimit.szKind,
+            tCamera,
+            {},
+            dValue,
+            tLimit.dLimit,
+            fmt::format("{} camera{}", NameOf(tCamera), Filled(tLimit, ToldOfPicture(strValue, trust)))};
     return Warning{tLimit.szKind,
                    tCamera,
                    aSides,
                    dValue,
                    tLimit.dLimit,
                    fmt::format("{} camera, {} {}{}", NameOf(tCamera), fmt::join(aSides, ", "),
-                               aSides.size() == 1 ? "side: " : "sides: at worst ", strWords)};
+                               aSides.size() == 1 ? "side: " : "sides: at worst ",
+                               Filled(tLimit, ToldOfSide(strValue, *trust.aoSides[nWorst])))};
 }
 
 } // namespace
@@ -96,11 +90,10 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
 std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust) {
     std::vector<Warning> a;
     for (int nRank = 1; nRank <= kLastRank; ++nRank)
-        for (const bool bSides : {true, false})
-            for (const TrustNumber& tNumber : bSides ? SideNumbers() : CameraNumbers())
-                if (tNumber.oLimit && tNumber.oLimit->nRank == nRank)
-                    if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust, bSides))
-                        a.push_back(std::move(*o));
+        for (const TrustNumber& tNumber : TrustNumbers())
+            if (tNumber.oLimit && tNumber.oLimit->nRank == nRank)
+                if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust))
+                    a.push_back(std::move(*o));
     return a;
 }
 
@@ -128,13 +121,11 @@ std::string KeyOf(const Json& tWarning) {
 std::optional<std::string> GeneralText(const std::string& strKey) {
     if (strKey == kSizeKind)
         return fmt::format(fmt::runtime(kSizeText), "N", "N", "N", "N");
-    const auto AnyNumber = [](std::string_view) { return std::string("N"); };
-    for (const bool bSides : {true, false})
-        for (const TrustNumber& tNumber : bSides ? SideNumbers() : CameraNumbers())
-            for (const Camera tCamera : {Camera::kMaster, Camera::kSlave})
-                if (tNumber.oLimit && strKey == fmt::format("{}:{}", NameOf(tCamera), tNumber.oLimit->szKind))
-                    return fmt::format("{} camera{}{}", NameOf(tCamera), bSides ? ": " : "",
-                                       Filled(*tNumber.oLimit, AnyNumber));
+    for (const TrustNumber& t : TrustNumbers())
+        for (const Camera tCamera : {Camera::kMaster, Camera::kSlave})
+            if (t.oLimit && strKey == fmt::format("{}:{}", NameOf(tCamera), t.oLimit->szKind))
+                return fmt::format("{} camera{}{}", NameOf(tCamera), t.tOf == Of::kSide ? ": " : "",
+                                   Filled(*t.oLimit, {"N", "N", "N", "N", "N", "N"}));
     return std::nullopt;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basics/json.h"
-#include "measuring/camera.h"
+#include "measuring/camera_measurement.h"
 #include "trust/trust.h"
 
 #include <string>

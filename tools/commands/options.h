@@ -7,6 +7,21 @@
 
 namespace tools {
 
+// Accepts numbers from dLowest to dHighest, and nothing that is no number.
+CLI::Validator Within(double dLowest, double dHighest);
+
+// Accepts whole numbers from 0 that fit into 64 bits, and no sign.
+CLI::Validator WholeNumber();
+
+// Accepts a name of a file or folder: any but an empty one, which a script's unset variable leaves.
+CLI::Validator FileName();
+
+// Accepts one of these words.
+CLI::Validator OneOf(const std::vector<std::string>& aWords);
+
+// Reads "1728x972", the value of an option. Throws CLI::ValidationError.
+PictureSize ParsedSize(const std::string& strOption, const std::string& str);
+
 // An option or argument that names a file or folder, szType as the help calls it.
 CLI::Option& AddFile(CLI::App& tCommand, const char* szName, std::string& strFile, const std::string& strHelp,
                      const char* szType = "FILE");

@@ -1,8 +1,0 @@
-#pragma once
-
-namespace tools {
-
-// Light and dark, wide and narrow.
-extern const char kReportStyle[];
-
-} // namespace tools
