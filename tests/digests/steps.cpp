@@ -313,6 +313,13 @@ void WriteEntry(std::ostream& tOut) {
         const double d = t.Int(0, 2) == 0 ? adLimits[t.Int(0, 8)] : t.Real(-40000, 40000);
         pan->insert(pan->end(), {ToInt(d), ToInteger<short>(d), ToInt(std::nan(""))});
     });
+    std::vector<int>
+        anLimits; // and beyond; the phone's processor defines them, a plain cast differs between CPUs
+    for (const double d :
+         {0.0, -0.0, 0.999999, -0.999999, 1.5, -24.217, 32767.9, -32768.9, 40000.0, -40000.0, 2147483647.5,
+          -2147483648.5, 1e300, -1e300, HUGE_VAL, -HUGE_VAL, std::nan(""), 5e-324})
+        anLimits.insert(anLimits.end(), {ToInt(d), ToInteger<short>(d)});
+    BitLines(tOut, "entry/to_integer_limits").Add("results", anLimits);
     for (unsigned int n = 0; n < 12; ++n) {
         Random t(n);
         const BitLines tLines(tOut, "entry/record_" + std::to_string(n));
