@@ -90,22 +90,6 @@ void WriteBinaryImage(std::ostream& tOut) {
     }
 }
 
-void WriteBubblesort(std::ostream& tOut) {
-    const BitLines tLines(tOut, "stage/bubblesort");
-    for (int n = 0; n < 20; ++n) {
-        Random t(static_cast<unsigned int>(n));
-        std::array<double, 24> ad;
-        std::array<unsigned short, 24> auw;
-        for (std::size_t i = 0; i < ad.size(); ++i) {
-            ad[i] = n % 3 == 0 && t.Int(0, 6) == 0 ? std::nan("") : t.Int(-3, 6);
-            auw[i] = static_cast<unsigned short>(i);
-        }
-        bubblesort(ad.data(), auw.data(), n % 4 == 3 ? 23 - n : 24);
-        tLines.Add(Call(n) + "_values", ad);
-        tLines.Add(Call(n) + "_indices", auw);
-    }
-}
-
 using Points = std::array<_POINTPOSITION, 4>;
 
 std::vector<std::int32_t> Numbers(unsigned int nStatus, const Points& apt) {
@@ -367,7 +351,6 @@ void WriteStages(std::ostream& tOut) {
     WriteState(tOut);
     WriteGreyPlane(tOut);
     WriteBinaryImage(tOut);
-    WriteBubblesort(tOut);
     WriteFrame(tOut);
     WriteCornerPoints(tOut);
     WriteNumbers(tOut);
