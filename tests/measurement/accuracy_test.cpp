@@ -70,14 +70,3 @@ TEST(Accuracy, TwoHundredNoisyPairsComeOutAtTheirTruth) {
     EXPECT_LT(tCorners.Rms(), 0.1);
     EXPECT_LT(tCentres.dLargest, 0.1);
 }
-
-TEST(Accuracy, UprightChartWithoutNoiseMeasuresNoAngle) {
-    chart::PairSetup t;
-    t.tMasterCapture.dBlurSigma = t.tSlaveCapture.dBlurSigma = 0.8;
-    const chart::Pair tPair = chart::RenderPair(t);
-    const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
-    ASSERT_EQ(tResult.nStatus, 0u);
-    for (const double d : {tResult.dRx, tResult.dRy, tResult.dRz})
-        EXPECT_NEAR(d, 0.0, 0.005);
-    EXPECT_EQ(Align(UprightChart(), UprightChart()).dRx, 0.0) << "exactly vertical sides";
-}

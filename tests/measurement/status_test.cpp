@@ -15,20 +15,6 @@ TEST(Status, OnePictureMayStandForBothCameras) {
     EXPECT_EQ(getAlign(p, p, &adAngle[0], &adAngle[1], &adAngle[2], aCalibration.data(), nullptr), 0u);
 }
 
-TEST(Status, AngleOutsideTheRangeIsReportedAndDelivered) {
-    for (double chart::Pose::*const pdPose : {&chart::Pose::dRx, &chart::Pose::dRy, &chart::Pose::dRz}) {
-        chart::PairSetup t;
-        t.tRelativePose.*pdPose = -3.0;
-        const chart::Pair tPair = chart::RenderPair(t);
-        const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
-        EXPECT_EQ(tResult.nStatus, 0x1020015u);
-        const chart::Pose tDelivered = {tResult.dRx, tResult.dRy, tResult.dRz};
-        EXPECT_NEAR(tDelivered.*pdPose, (-3.0 + 0.2) * 1.8 / 2.3 - 0.2, 0.01);
-        const chart::Pose tRaw = {m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz};
-        EXPECT_NEAR(tRaw.*pdPose, -3.0, 0.01) << "the raw angle stays in the working block";
-    }
-}
-
 TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
     std::vector<unsigned char> aCalibration = Calibration();
     double adAngle[3] = {5, 5, 5};
