@@ -1,6 +1,5 @@
-#include "Orvex_Alignment_Stages.h"
 #include "support/failing_charts.h"
-#include "support/get_align.h"
+#include "support/trace.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -10,27 +9,8 @@ using namespace support;
 
 namespace {
 
-// All that a run leaves behind, as bytes.
-struct Trace {
-    unsigned int nStatus;
-    std::array<unsigned char, sizeof(DualCamAlignData)> aData;
-    std::array<unsigned char, sizeof(_AFPROTECT)> aRecord;
-
-    bool operator==(const Trace&) const = default;
-};
-
 Trace Measure(const Picture& tMaster, const Picture& tSlave) {
-    std::vector<unsigned char> aMaster = tMaster.aPixels, aSlave = tSlave.aPixels,
-                               aCalibration = Calibration();
-    double dRx, dRy, dRz;
-    _AFPROTECT tRecord = {};
-    Trace t;
-    t.nStatus = Orvex_Alignment_ForAndroid(aMaster.data(), aSlave.data(), tMaster.nColumns, tMaster.nRows,
-                                           tSlave.nColumns, tSlave.nRows, &dRx, &dRy, &dRz,
-                                           aCalibration.data(), &tRecord);
-    std::memcpy(t.aData.data(), &m_tDualCamAlignData, sizeof m_tDualCamAlignData);
-    std::memcpy(t.aRecord.data(), &tRecord, sizeof tRecord);
-    return t;
+    return TraceOf(Align(tMaster, tSlave));
 }
 
 } // namespace
