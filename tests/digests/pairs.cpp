@@ -131,9 +131,9 @@ void WriteSmallestPairs(std::ostream& tOut) {
 void WriteFailingPairs(std::ostream& tOut) {
     const Picture tGood = UprightChart();
     unsigned int n = 0;
-    for (const FailingChart& t : FailingCharts()) {
-        compare::AddPair(BitLines(tOut, CaseName("failing", n++)), "drawn", t.tPicture, tGood);
-        compare::AddPair(BitLines(tOut, CaseName("failing", n++)), "drawn", tGood, t.tPicture);
+    for (const Plane& t : FailingCharts()) {
+        compare::AddPair(BitLines(tOut, CaseName("failing", n++)), "drawn", t, tGood);
+        compare::AddPair(BitLines(tOut, CaseName("failing", n++)), "drawn", tGood, t);
     }
     compare::AddPair(BitLines(tOut, CaseName("failing", n)), "drawn", tGood, tGood);
 }
