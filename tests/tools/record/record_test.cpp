@@ -72,18 +72,4 @@ TEST_F(RecordCommand, ReadsBackWhatMeasureWroteAndTellsWhichCheckRefuses) {
     }
 }
 
-TEST_F(RecordCommand, RefusesUnfitFilesAndLeavesNoHalfRecord) {
-    Render();
-    Write("empty.bin", "");
-    Write("short.bin", std::string(2914, 'x'));
-    const Refusal aCases[] = {
-        {"record empty.bin --calibration calibration.bin", {"empty.bin: is empty"}},
-        {"record /dev/zero --calibration calibration.bin", {"/dev/zero: holds more than 65536 bytes"}},
-        {"record slave.pgm --calibration short.bin", {"short.bin: is too short", "2914", "2915"}},
-        {"measure master.pgm slave.pgm --calibration calibration.bin --record no/r", {"no/r: cannot be wri"}},
-    };
-    for (const Refusal& t : aCases)
-        ExpectRefused(3, t);
-}
-
 } // namespace program
