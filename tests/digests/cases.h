@@ -9,6 +9,8 @@ namespace digests {
 struct Group {
     const char* szName;
     void (*Write)(std::ostream& tOut);
+
+    friend void PrintTo(const Group& t, std::ostream* pOut) { *pOut << t.szName; }
 };
 
 // Whole measurements.
