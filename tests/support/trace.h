@@ -29,8 +29,4 @@ inline Trace TraceOf(unsigned int nStatus, const std::array<double, 3>& adAngles
     return t;
 }
 
-inline Trace TraceOf(const AlignResult& t) {
-    return TraceOf(t.nStatus, {t.dRx, t.dRy, t.dRz}, t.Record());
-}
-
 } // namespace support
