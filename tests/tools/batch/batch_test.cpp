@@ -105,24 +105,22 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
     EXPECT_TRUE(
         Holds(t.strOut, {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"}));
     const std::vector<Row> aRows = RowsOf(Read("r"));
-    const struct {
-        int nExit;
-        const char* szVerdict;
-        const char* szWords;
-    } aCases[] = {{0, "within_range", ""},
-                  {1, "out_of_range", "out of range"},
-                  {2, "not_measured", "no "},
-                  {3, "unfit_input", "-x: cannot be read"},
-                  {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
-                  {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
-                  {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
-                  {2, "no_answer", "ended by signal 9"}};
+    const std::tuple<int, const char*, const char*> aCases[] = {
+        {0, "within_range", ""},
+        {1, "out_of_range", "out of range"},
+        {2, "not_measured", "no "},
+        {3, "unfit_input", "-x: cannot be read"},
+        {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
+        {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
+        {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
+        {2, "no_answer", "ended by signal 9"}};
     ASSERT_EQ(aRows.size(), std::size(aCases));
     for (std::size_t i = 0; i < aRows.size(); ++i) {
         EXPECT_EQ(aRows[i]["id"], std::to_string(i + 1));
-        EXPECT_EQ(aRows[i]["exit_code"], aCases[i].nExit) << aRows[i];
-        EXPECT_EQ(aRows[i]["verdict"], aCases[i].szVerdict);
-        EXPECT_TRUE(Holds(aRows[i]["words"], {aCases[i].szWords}));
+        const auto& [nExitCode, szVerdict, szWords] = aCases[i];
+        EXPECT_EQ(aRows[i]["exit_code"], nExitCode) << aRows[i];
+        EXPECT_EQ(aRows[i]["verdict"], szVerdict);
+        EXPECT_TRUE(Holds(aRows[i]["words"], {szWords}));
     }
     EXPECT_EQ(aRows[3]["slave"], "a, \"b\".pgm");
     Write("sub/L", strHead + strHeld);
@@ -237,9 +235,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     const std::size_t nExitCode = strDone.find("calibration.bin,0,") + 16;
     Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
     Write("older", std::string(strDone).erase(strDone.find(",warnings"), 9));
-    const struct {
-        std::string strList, strArguments, strTold;
-    } aCases[] = {
+    const std::array<std::string, 3> aCases[] = {
         {"", "--out r", "L: is empty"},
         {strHead, "--out r", "no pair to measure"},
         {"master;slave;calibration\na;b;c\n", "--out r",
@@ -263,10 +259,10 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead + "a,b,c\n", "--out 0001/master.pgm --resume", "does not begin as a batch's results"},
         {strHead + "a,b,c\n", "--repeatability", "no column \"id\""},
     };
-    for (const auto& t : aCases) {
-        Write("L", t.strList);
-        ExpectRefused(3, {"batch L " + t.strArguments, {t.strTold}});
-        EXPECT_EQ(Read("L"), t.strList);
+    for (const auto& [strList, strArguments, strTold] : aCases) {
+        Write("L", strList);
+        ExpectRefused(3, {"batch L " + strArguments, {strTold}});
+        EXPECT_EQ(Read("L"), strList);
     }
     EXPECT_FALSE(std::filesystem::exists(m_tFolder / "r"));
     EXPECT_EQ(Read("done"), strDone);

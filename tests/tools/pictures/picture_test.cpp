@@ -75,11 +75,7 @@ TEST_F(Pictures, OfEveryFormatMeasureAsTheSamePlaneDoes) {
     const Json tPlain = MeasureAsJson("master.pgm slave.pgm")["slave"];
     constexpr int kGrey = PNG_COLOR_TYPE_GRAY, kRgb = PNG_COLOR_TYPE_RGB, kRgba = PNG_COLOR_TYPE_RGBA,
                   kGreyAlpha = PNG_COLOR_TYPE_GRAY_ALPHA, kAdam7 = PNG_INTERLACE_ADAM7;
-    const struct {
-        const char* szCase;
-        std::string strBytes;
-        double dTolerance; // px and deg
-    } aCases[] = {
+    const std::tuple<const char*, std::string, double> aCases[] = {
         {"PNG grey", PngOf(0, 8, kGrey, 0, m_strGrey), 0},
         {"PNG grey, interlaced", PngOf(0, 8, kGrey, kAdam7, m_strGrey), 0},
         {"PNG colour, interlaced", PngOf(0, 8, kRgb, kAdam7, Spread(m_strGrey, 3)), 0},
@@ -88,13 +84,13 @@ TEST_F(Pictures, OfEveryFormatMeasureAsTheSamePlaneDoes) {
         {"JPEG grey", JpegOf(TJPF_GRAY, TJSAMP_GRAY, m_strGrey), 0.02},
         {"JPEG colour", JpegOf(TJPF_RGB, TJSAMP_420, Spread(m_strGrey, 3)) + "trailer", 0.02},
     };
-    for (const auto& t : aCases) {
-        SCOPED_TRACE(t.szCase);
-        Write("picture.pgm", t.strBytes); // the name must not matter
+    for (const auto& [szCase, strBytes, dTolerance] : aCases) { // px and deg
+        SCOPED_TRACE(szCase);
+        Write("picture.pgm", strBytes); // the name must not matter
         const Json tFlat = MeasureAsJson("master.pgm picture.pgm")["slave"].flatten();
         for (const auto& [strPath, tValue] : tFlat.items())
             if (tValue.is_number()) {
-                EXPECT_NEAR(tValue.get<double>(), tPlain.flatten()[strPath].get<double>(), t.dTolerance)
+                EXPECT_NEAR(tValue.get<double>(), tPlain.flatten()[strPath].get<double>(), dTolerance)
                     << strPath;
             }
     }
