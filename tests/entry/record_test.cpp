@@ -2,6 +2,7 @@
 #include "entry/autofocus_record.h"
 #include "entry/record_container.h"
 #include "entry/record_key.h"
+#include "support/get_align.h"
 
 #include <cmath>
 #include <cstring>
@@ -39,13 +40,6 @@ Bytes Encrypted(const Bytes& aKey, const Bytes& aPlain) {
                              static_cast<int>(aPlain.size()), aContainer.data(), &nLength));
     aContainer.resize(static_cast<std::size_t>(nLength));
     return aContainer;
-}
-
-Bytes Calibration() {
-    Bytes a(ORVEX_CALIBRATION_SIZE);
-    for (std::size_t i = 0; i < a.size(); ++i)
-        a[i] = static_cast<unsigned char>(i * 7);
-    return a;
 }
 
 // A record file of a plain text that need not be a valid record.
@@ -149,7 +143,7 @@ TEST(Container, WritesWhatItReadsUnderAFreshVector) {
 }
 
 TEST(RecordReader, AcceptsItsOwnAndNamesWhatDiffers) {
-    const Bytes aCalibration = Calibration(), aPlain = ValidPlain(aCalibration);
+    const Bytes aCalibration = support::Calibration(), aPlain = ValidPlain(aCalibration);
     const ReadResult tGood = Read(aCalibration, RecordFile(aCalibration, aPlain));
     EXPECT_EQ(tGood.nResult, 1);
     EXPECT_EQ(tGood.nStatus, 0);
