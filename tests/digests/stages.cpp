@@ -164,6 +164,9 @@ void WriteFrame(std::ostream& tOut) {
     }
 }
 
+constexpr std::array apMeasureCorner = {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
+                                        DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt};
+
 void WriteCornerPoints(std::ostream& tOut) {
     const BitLines tLines(tOut, "stage/CornerPoints");
     for (int n = 0; n < 100; ++n) {
@@ -188,8 +191,7 @@ void WriteCornerPoints(std::ostream& tOut) {
                            {Outward(cx + nHalfWidth, -1), Outward(cy + nHalfHeight, -1)}}};
         const int nMaster = t.Int(0, 2), nFarX = 5 * (n % 7), nFarY = 5 * (n % 6);
         std::vector<unsigned int> anStatus;
-        for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
-                                         DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt}) {
+        for (const auto MeasureCorner : apMeasureCorner) {
             _POINTPOSITION pt = {cx + t.Int(-nFarX, 2), cy + t.Int(-2, nFarY)};
             if (n % 6 == 5) // at the picture's border, or behind it
                 (n % 12 == 5 ? pt.x : pt.y) =
@@ -316,8 +318,7 @@ void WriteRefusals(std::ostream& tOut) {
             apt = aptFrame;
             an.push_back(static_cast<unsigned int>(DualCamAlign_BinaryImageFrame(
                 pGrey, pBinary, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1)));
-            for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
-                                             DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt})
+            for (const auto MeasureCorner : apMeasureCorner)
                 an.push_back(
                     MeasureCorner(pBinary, pGrey, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1));
             GetGValueFromRGB(pGrey, 3, 2, pBinary);
