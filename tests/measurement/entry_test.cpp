@@ -2,11 +2,13 @@
 #include "support/failing_charts.h"
 #include "support/get_align.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 using namespace support;
 
-TEST(Status, OnePictureMayStandForBothCameras) {
+TEST(Entry, OnePictureMayStandForBothCameras) {
     nWidth = nWidth_Slave = 1728;
     nHeight = nHeight_Slave = 972;
     std::vector<unsigned char> aCalibration = Calibration();
@@ -15,7 +17,7 @@ TEST(Status, OnePictureMayStandForBothCameras) {
     EXPECT_EQ(getAlign(p, p, &adAngle[0], &adAngle[1], &adAngle[2], aCalibration.data(), nullptr), 0u);
 }
 
-TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
+TEST(Entry, RefusesNullPointersAndUnusableSizes) {
     std::vector<unsigned char> aCalibration = Calibration();
     double adAngle[3] = {5, 5, 5};
     constexpr int nNone = -1;
@@ -52,4 +54,18 @@ TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "refused before anything else";
     for (const double dAngle : adAngle)
         EXPECT_EQ(dAngle, 5.0);
+}
+
+TEST(Entry, WorkingBufferCanBeReadAfterTheRun) {
+    const Picture tChart = UprightChart();
+    Align(tChart, tChart);
+    ASSERT_NE(m_pCMainView.pGreenBuffer, nullptr);
+    EXPECT_EQ(std::memcmp(m_pCMainView.pGreenBuffer, tChart.aPixels.data(), tChart.aPixels.size()), 0);
+    EXPECT_EQ(m_pCMainView.pGreenBuffer[tChart.aPixels.size() + 486 * 1728 + 864], 0) << "binary plane";
+    EXPECT_EQ(m_tDualCamAlignData.nCrossSpanX_Slave, 669) << "the bar ends inside the search window";
+    const Plane tLarger(2000, 1500, ubPaper);
+    for (const auto& [tMaster, tSlave] : {std::pair<Picture, Picture>{tChart, tLarger}, {tLarger, tChart}}) {
+        Align(tMaster, tSlave);
+        EXPECT_EQ(malloc_usable_size(m_pCMainView.pGreenBuffer) / tLarger.aPixels.size(), 3u) << "planes";
+    }
 }
