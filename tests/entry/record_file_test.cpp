@@ -45,24 +45,19 @@ protected:
 
 } // namespace
 
-TEST_F(RecordFile, HoldsTheCallersBytesAndReadsBack) {
-    const AlignResult t = Align(UprightChart(), UprightChart());
-    ASSERT_EQ(t.nStatus, 0u);
-    EXPECT_EQ(RecordBytes(), t.Record());
-    EXPECT_EQ(StatusOfReading(RecordBytes()), 0);
-    ASSERT_EQ(g_aLog.size(), 1u);
-    EXPECT_EQ(g_aLog[0].nPriority, ANDROID_LOG_INFO);
-    EXPECT_EQ(g_aLog[0].strTag, "Test");
-}
-
-TEST_F(RecordFile, IsRewrittenWhenTheMeasurementFails) {
-    std::ofstream(tRecordFile) << std::string(1000, 'x');
-    const AlignResult t = Align(Paper(), Paper());
-    ASSERT_EQ(t.nStatus, 0x1010006u);
-    EXPECT_EQ(RecordBytes(), t.Record());
-    EXPECT_EQ(StatusOfReading(RecordBytes()), 0x3010003)
-        << "zeros, but this calibration's focus lines are not zero";
-    EXPECT_EQ(g_aLog.size(), 1u);
+TEST_F(RecordFile, HoldsTheCallersBytesInPlaceOfOlderOnes) {
+    for (const bool bPassing : {true, false}) {
+        std::ofstream(tRecordFile) << std::string(1000, 'x');
+        g_aLog.clear();
+        const AlignResult t = Align(UprightChart(), bPassing ? UprightChart() : Paper());
+        EXPECT_EQ(t.nStatus, bPassing ? 0u : 0x1010006u);
+        EXPECT_EQ(RecordBytes(), t.Record());
+        EXPECT_EQ(StatusOfReading(RecordBytes()), bPassing ? 0 : 0x3010003)
+            << "of a failure zeros are kept, but this calibration's focus lines are not zero";
+        ASSERT_EQ(g_aLog.size(), 1u);
+        EXPECT_EQ(g_aLog[0].nPriority, ANDROID_LOG_INFO);
+        EXPECT_EQ(g_aLog[0].strTag, "Test");
+    }
 }
 
 TEST_F(RecordFile, IsWrittenOnEntryErrorsWithCalibrationOnly) {
