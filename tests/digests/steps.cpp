@@ -14,7 +14,6 @@
 #include "geometry/bar_line.h"
 #include "geometry/crossing.h"
 #include "geometry/dark_histograms.h"
-#include "geometry/dark_run.h"
 #include "image/centre_window.h"
 #include "image/edge_scan.h"
 #include "image/region_threshold.h"
@@ -184,14 +183,6 @@ void WriteGeometry(std::ostream& tOut) {
         const Centre tCentre =
             RefineByCentroids(aad[0], aad[1], tExtents, {t.Real(0, dFar), t.Real(0, dFar)});
         pad->insert(pad->end(), {tCentre.dX, tCentre.dY});
-    });
-    WriteCalls<double>(tOut, "geometry/dark_run", 4, [](Random& t, std::vector<double>* pad) {
-        std::array<unsigned char, 12> aub;
-        for (unsigned char& ub : aub)
-            ub = static_cast<unsigned char>(t.Int(0, 1) == 0 ? t.Int(0, 9) : t.Int(40, 49));
-        const int nFirst = t.Int(0, 11), nLast = t.Int(nFirst - 1, 11);
-        const double dThreshold = t.Int(0, 1) ? t.Int(0, 49) : t.Real(0, 49);
-        pad->push_back(DarkRunCentre({{aub.data(), 1}, 12}, {nFirst, nLast}, dThreshold).value_or(nNone));
     });
     WriteCalls<double>(tOut, "geometry/bar_line", 4, [](Random& t, std::vector<double>* pad) {
         const bool bHorizontal = t.Int(0, 1) == 0;
