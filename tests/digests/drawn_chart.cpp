@@ -104,21 +104,4 @@ Plane AnyChart(Random& t, const Layout& tLayout) {
     return tPlane;
 }
 
-Plane BorderChart(Random& t, int nColumns, int nRows) {
-    Plane tPlane(nColumns, nRows, support::ubPaper);
-    const int nRight = (nColumns - 1) * nUnit, nBottom = (nRows - 1) * nUnit;
-    const auto Bar = [&](bool bHorizontal, int nFrom, int nTo, int nAcross, int nAside, int nThickness) {
-        const int an[] = {nAcross + t.Int(-nAside, nAside), nAcross + t.Int(-nAside, nAside)};
-        DrawBar(tPlane, bHorizontal, {nFrom, an[0]}, {nTo, an[1]}, nThickness * nUnit, support::ubInk);
-    };
-    Bar(true, 0, nRight, nUnit / 2, nUnit / 4, 3);
-    Bar(false, 0, nBottom, nUnit / 2, nUnit / 4, 3);
-    Bar(true, 0, nRight, nBottom, nUnit / 4, 2);
-    Bar(false, 0, nBottom, nRight, nUnit / 4, 2);
-    Bar(true, 40 * nUnit, nRight - 40 * nUnit, nBottom / 2, nUnit, 8);
-    Bar(false, 40 * nUnit, nBottom - 40 * nUnit, nRight / 2, nUnit, 8);
-    AddNoise(t, tPlane, t.Int(0, 6));
-    return tPlane;
-}
-
 } // namespace digests

@@ -103,15 +103,6 @@ void WriteDrawnPairs(std::ostream& tOut) {
     }
 }
 
-void WriteSmallestPairs(std::ostream& tOut) {
-    for (unsigned int n = 0; n < 24; ++n) {
-        Random t(n);
-        const int an[] = {t.Int(205, 225), t.Int(205, 225), t.Int(205, 225), t.Int(205, 225)};
-        const Plane tMaster = BorderChart(t, an[0], an[1]), tSlave = BorderChart(t, an[2], an[3]);
-        compare::AddPair(BitLines(tOut, CaseName("smallest", n)), "drawn", tMaster, tSlave);
-    }
-}
-
 void WriteFailingPairs(std::ostream& tOut) {
     const Picture tGood = UprightChart();
     unsigned int n = 0;
