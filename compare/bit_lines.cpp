@@ -2,10 +2,10 @@
 
 #include "Orvex_Alignment_Stages.h"
 #include "compare/recorded_atan.h"
-#include "support/checksum.h"
 
 #include <cctype>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
@@ -100,7 +100,9 @@ void BitLines::Text(const std::string& strField, const std::string& strText) con
 }
 
 void BitLines::Digest(const std::string& strField, const void* pBytes, std::size_t nBytes) const {
-    const std::uint64_t n = support::AddedTo(support::nEmptyChecksum, pBytes, nBytes);
+    std::uint64_t n = 0xCBF29CE484222325u; // FNV-1a
+    for (std::size_t i = 0; i < nBytes; ++i)
+        n = (n ^ static_cast<const unsigned char*>(pBytes)[i]) * 0x100000001B3u;
     Elements("digest", strField, &n, sizeof n);
 }
 

@@ -20,7 +20,7 @@ namespace {
 
 // Pairs from nFirst on: each failing chart as master, then as slave, beside a good one.
 bool PrintDrawnPair(const compare::BitLines& tLines, unsigned int nPair) {
-    const Picture tGood = UprightChart(), tFailing = FailingCharts()[nPair / 2].tPicture;
+    const Picture tGood = UprightChart(), tFailing = FailingCharts()[nPair / 2];
     const bool bMaster = nPair % 2 == 0;
     return compare::AddPair(tLines, "drawn", bMaster ? tFailing : tGood, bMaster ? tGood : tFailing);
 }

@@ -22,7 +22,7 @@ from faults import faults  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 OTHER_PROGRAMS = ['inside_tests', 'measurement_tests', 'record_file_tests', 'memory_fault_tests']
-LEFT_OUT = 'Accuracy|ThreeHundred|hardened|installed|phone|exported|NOT_BUILT|Kept/'
+LEFT_OUT = 'Accuracy|hardened|installed|phone|exported|NOT_BUILT|Kept/'
 
 
 def limit():

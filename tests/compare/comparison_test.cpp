@@ -15,10 +15,7 @@ TEST(Comparison, OneBitIsADifferenceButForWhatTheAtanOfTheSamePairExcuses) {
     const std::string strHead = "007 count rendered\n";
     const std::string strAtan = "007 atan a 3fefffffffffffff\n", strNext = "007 atan a 3ff0000000000000\n";
     const std::string strTilt = "007 angle t 3ff0000000000000\n", strMoved = "007 angle t 3ff0000000000002\n";
-    const struct {
-        std::string strOne, strOther;
-        std::size_t nDifferences, nLastPlaces;
-    } aCases[] = {
+    const std::tuple<std::string, std::string, std::size_t, std::size_t> aCases[] = {
         {"007 byte f 0010ff\n", "007 byte f 0010ff\n", 0, 0},
         {"007 byte f 0010ff\n", "007 byte f 0011ff\n", 1, 0},
         {"007 byte f \n", "007 byte f 00\n", 1, 0},
@@ -46,10 +43,10 @@ TEST(Comparison, OneBitIsADifferenceButForWhatTheAtanOfTheSamePairExcuses) {
         {"007 byte f 00\n", "", 1, 0},
         {"", "007 byte f 00\n", 1, 0},
     };
-    for (const auto& t : aCases) {
-        const compare::Comparison tResult = Compared(strHead + t.strOne, strHead + t.strOther);
-        EXPECT_EQ(tResult.aDifferences.size(), t.nDifferences) << t.strOne << t.strOther;
-        EXPECT_EQ(tResult.aLastPlaces.size(), t.nLastPlaces) << t.strOne << t.strOther;
+    for (const auto& [strOne, strOther, nDifferences, nLastPlaces] : aCases) {
+        const compare::Comparison tResult = Compared(strHead + strOne, strHead + strOther);
+        EXPECT_EQ(tResult.aDifferences.size(), nDifferences) << strOne << strOther;
+        EXPECT_EQ(tResult.aLastPlaces.size(), nLastPlaces) << strOne << strOther;
     }
     const std::string strDrawn = "007 count drawn\n";
     EXPECT_EQ(Compared("", "").aDifferences.size(), 1u) << "nothing compared is nothing shown";

@@ -9,12 +9,13 @@ namespace digests {
 struct Group {
     const char* szName;
     void (*Write)(std::ostream& tOut);
+
+    friend void PrintTo(const Group& t, std::ostream* pOut) { *pOut << t.szName; }
 };
 
 // Whole measurements.
 void WriteDrawnPairs(
     std::ostream& tOut); // drawn charts, changed parameters, the pipeline between the entry's ends
-void WriteSmallestPairs(std::ostream& tOut); // the smallest pictures that getAlign measures, and smaller ones
 void WriteFailingPairs(std::ostream& tOut);  // each failure point with either camera
 void WriteRenderedPairs(std::ostream& tOut); // rendered charts, angles in and out of the range
 
@@ -26,8 +27,8 @@ void WriteCorners(std::ostream& tOut);
 void WriteEntry(std::ostream& tOut);
 
 constexpr Group atGroups[] = {
-    {"drawn", WriteDrawnPairs},       {"smallest", WriteSmallestPairs}, {"failing", WriteFailingPairs},
-    {"rendered", WriteRenderedPairs}, {"stage", WriteStages},           {"image", WriteImage},
-    {"geometry", WriteGeometry},      {"corners", WriteCorners},        {"entry", WriteEntry}};
+    {"drawn", WriteDrawnPairs}, {"failing", WriteFailingPairs}, {"rendered", WriteRenderedPairs},
+    {"stage", WriteStages},     {"image", WriteImage},          {"geometry", WriteGeometry},
+    {"corners", WriteCorners},  {"entry", WriteEntry}};
 
 } // namespace digests

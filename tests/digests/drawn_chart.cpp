@@ -52,28 +52,19 @@ void AddNoise(Random& t, Plane& tPlane, int nLevel) {
 
 Layout AnyLayout(Random& t) {
     const int nColumns = t.Int(290, 370), nRows = t.Int(270, 330);
-    return {nColumns,
-            nRows,
-            nColumns / 2 + t.Int(-9, 9),
-            nRows / 2 + t.Int(-9, 9),
-            t.Int(112, 126),
-            t.Int(104, 116),
-            t.Int(5, 12),
-            t.Int(150, 250),
-            t.Int(0, 60)};
+    const int anCentre[] = {nColumns / 2 + t.Int(-9, 9), nRows / 2 + t.Int(-9, 9)};
+    const int anFrame[] = {t.Int(112, 126), t.Int(104, 116), t.Int(5, 12)},
+              anGrey[] = {t.Int(150, 250), t.Int(0, 60)};
+    return {nColumns,   nRows,      anCentre[0], anCentre[1], anFrame[0],
+            anFrame[1], anFrame[2], anGrey[0],   anGrey[1]};
 }
 
 Layout LowLayout(Random& t, bool bMaster) {
     const int nColumns = bMaster ? 440 : t.Int(228, 240);
-    return {nColumns,
-            bMaster ? 660 : 520,
-            nColumns / 2 + t.Int(-4, 4),
-            330 + t.Int(-9, 9),
-            t.Int(94, 100),
-            t.Int(104, 116),
-            t.Int(5, 9),
-            200,
-            t.Int(20, 50)};
+    const int anCentre[] = {nColumns / 2 + t.Int(-4, 4), 330 + t.Int(-9, 9)};
+    const int anFrame[] = {t.Int(94, 100), t.Int(104, 116), t.Int(5, 9)}, nInk = t.Int(20, 50);
+    return {nColumns,   bMaster ? 660 : 520, anCentre[0], anCentre[1], anFrame[0],
+            anFrame[1], anFrame[2],          200,         nInk};
 }
 
 Plane AnyChart(Random& t, const Layout& tLayout) {
@@ -110,23 +101,6 @@ Plane AnyChart(Random& t, const Layout& tLayout) {
         const int x2 = x + t.Int(0, 2), y2 = y + t.Int(0, 1);
         tPlane.Fill(x, y, x2, y2, static_cast<unsigned char>(t.Int(0, 255)));
     }
-    return tPlane;
-}
-
-Plane BorderChart(Random& t, int nColumns, int nRows) {
-    Plane tPlane(nColumns, nRows, support::ubPaper);
-    const int nRight = (nColumns - 1) * nUnit, nBottom = (nRows - 1) * nUnit;
-    const auto Bar = [&](bool bHorizontal, int nFrom, int nTo, int nAcross, int nAside, int nThickness) {
-        const int an[] = {nAcross + t.Int(-nAside, nAside), nAcross + t.Int(-nAside, nAside)};
-        DrawBar(tPlane, bHorizontal, {nFrom, an[0]}, {nTo, an[1]}, nThickness * nUnit, support::ubInk);
-    };
-    Bar(true, 0, nRight, nUnit / 2, nUnit / 4, 3);
-    Bar(false, 0, nBottom, nUnit / 2, nUnit / 4, 3);
-    Bar(true, 0, nRight, nBottom, nUnit / 4, 2);
-    Bar(false, 0, nBottom, nRight, nUnit / 4, 2);
-    Bar(true, 40 * nUnit, nRight - 40 * nUnit, nBottom / 2, nUnit, 8);
-    Bar(false, 40 * nUnit, nBottom - 40 * nUnit, nRight / 2, nUnit, 8);
-    AddNoise(t, tPlane, t.Int(0, 6));
     return tPlane;
 }
 

@@ -26,9 +26,6 @@ Layout LowLayout(support::Random& t, bool bMaster);
 // then something that covers a part.
 support::Plane AnyChart(support::Random& t, const Layout& tLayout);
 
-// The smallest charts that the default parameters measure: their sides are the picture's outermost lines.
-support::Plane BorderChart(support::Random& t, int nColumns, int nRows);
-
 void AddNoise(support::Random& t, support::Plane& tPlane, int nLevel);
 
 } // namespace digests

@@ -90,22 +90,6 @@ void WriteBinaryImage(std::ostream& tOut) {
     }
 }
 
-void WriteBubblesort(std::ostream& tOut) {
-    const BitLines tLines(tOut, "stage/bubblesort");
-    for (int n = 0; n < 20; ++n) {
-        Random t(static_cast<unsigned int>(n));
-        std::array<double, 24> ad;
-        std::array<unsigned short, 24> auw;
-        for (std::size_t i = 0; i < ad.size(); ++i) {
-            ad[i] = n % 3 == 0 && t.Int(0, 6) == 0 ? std::nan("") : t.Int(-3, 6);
-            auw[i] = static_cast<unsigned short>(i);
-        }
-        bubblesort(ad.data(), auw.data(), n % 4 == 3 ? 23 - n : 24);
-        tLines.Add(Call(n) + "_values", ad);
-        tLines.Add(Call(n) + "_indices", auw);
-    }
-}
-
 using Points = std::array<_POINTPOSITION, 4>;
 
 std::vector<std::int32_t> Numbers(unsigned int nStatus, const Points& apt) {
@@ -180,6 +164,9 @@ void WriteFrame(std::ostream& tOut) {
     }
 }
 
+constexpr std::array apMeasureCorner = {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
+                                        DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt};
+
 void WriteCornerPoints(std::ostream& tOut) {
     const BitLines tLines(tOut, "stage/CornerPoints");
     for (int n = 0; n < 100; ++n) {
@@ -204,8 +191,7 @@ void WriteCornerPoints(std::ostream& tOut) {
                            {Outward(cx + nHalfWidth, -1), Outward(cy + nHalfHeight, -1)}}};
         const int nMaster = t.Int(0, 2), nFarX = 5 * (n % 7), nFarY = 5 * (n % 6);
         std::vector<unsigned int> anStatus;
-        for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
-                                         DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt}) {
+        for (const auto MeasureCorner : apMeasureCorner) {
             _POINTPOSITION pt = {cx + t.Int(-nFarX, 2), cy + t.Int(-2, nFarY)};
             if (n % 6 == 5) // at the picture's border, or behind it
                 (n % 12 == 5 ? pt.x : pt.y) =
@@ -332,8 +318,7 @@ void WriteRefusals(std::ostream& tOut) {
             apt = aptFrame;
             an.push_back(static_cast<unsigned int>(DualCamAlign_BinaryImageFrame(
                 pGrey, pBinary, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1)));
-            for (const auto MeasureCorner : {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
-                                             DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt})
+            for (const auto MeasureCorner : apMeasureCorner)
                 an.push_back(
                     MeasureCorner(pBinary, pGrey, w, h, 150, 150, apt[0], apt[1], apt[2], apt[3], 1));
             GetGValueFromRGB(pGrey, 3, 2, pBinary);
@@ -367,7 +352,6 @@ void WriteStages(std::ostream& tOut) {
     WriteState(tOut);
     WriteGreyPlane(tOut);
     WriteBinaryImage(tOut);
-    WriteBubblesort(tOut);
     WriteFrame(tOut);
     WriteCornerPoints(tOut);
     WriteNumbers(tOut);

@@ -14,7 +14,6 @@
 #include "geometry/bar_line.h"
 #include "geometry/crossing.h"
 #include "geometry/dark_histograms.h"
-#include "geometry/dark_run.h"
 #include "image/centre_window.h"
 #include "image/edge_scan.h"
 #include "image/region_threshold.h"
@@ -185,14 +184,6 @@ void WriteGeometry(std::ostream& tOut) {
             RefineByCentroids(aad[0], aad[1], tExtents, {t.Real(0, dFar), t.Real(0, dFar)});
         pad->insert(pad->end(), {tCentre.dX, tCentre.dY});
     });
-    WriteCalls<double>(tOut, "geometry/dark_run", 4, [](Random& t, std::vector<double>* pad) {
-        std::array<unsigned char, 12> aub;
-        for (unsigned char& ub : aub)
-            ub = static_cast<unsigned char>(t.Int(0, 1) == 0 ? t.Int(0, 9) : t.Int(40, 49));
-        const int nFirst = t.Int(0, 11), nLast = t.Int(nFirst - 1, 11);
-        const double dThreshold = t.Int(0, 1) ? t.Int(0, 49) : t.Real(0, 49);
-        pad->push_back(DarkRunCentre({{aub.data(), 1}, 12}, {nFirst, nLast}, dThreshold).value_or(nNone));
-    });
     WriteCalls<double>(tOut, "geometry/bar_line", 4, [](Random& t, std::vector<double>* pad) {
         const bool bHorizontal = t.Int(0, 1) == 0;
         Plane tPlane(bHorizontal ? 100 : 12, bHorizontal ? 12 : 100, 200);
@@ -313,6 +304,13 @@ void WriteEntry(std::ostream& tOut) {
         const double d = t.Int(0, 2) == 0 ? adLimits[t.Int(0, 8)] : t.Real(-40000, 40000);
         pan->insert(pan->end(), {ToInt(d), ToInteger<short>(d), ToInt(std::nan(""))});
     });
+    std::vector<int>
+        anLimits; // and beyond; the phone's processor defines them, a plain cast differs between CPUs
+    for (const double d :
+         {0.0, -0.0, 0.999999, -0.999999, 1.5, -24.217, 32767.9, -32768.9, 40000.0, -40000.0, 2147483647.5,
+          -2147483648.5, 1e300, -1e300, HUGE_VAL, -HUGE_VAL, std::nan(""), 5e-324})
+        anLimits.insert(anLimits.end(), {ToInt(d), ToInteger<short>(d)});
+    BitLines(tOut, "entry/to_integer_limits").Add("results", anLimits);
     for (unsigned int n = 0; n < 12; ++n) {
         Random t(n);
         const BitLines tLines(tOut, "entry/record_" + std::to_string(n));

@@ -1,8 +1,7 @@
-#include "Orvex_Alignment_Stages.h"
 #include "support/failing_charts.h"
 #include "support/failing_cryptography.h"
-#include "support/get_align.h"
 #include "support/record_folder.h"
+#include "support/trace.h"
 
 #include <android/log.h>
 #include <cerrno>
@@ -27,6 +26,10 @@ void Keep(const __android_logger_data* p, const char* szText) {
     g_aLog.push_back({p->priority, p->tag, szText});
 }
 
+int StatusOfReading(const std::vector<unsigned char>& aFile) {
+    return TraceOf(0, {}, aFile).nReading;
+}
+
 class RecordFile : public testing::Test {
 protected:
     void SetUp() override {
@@ -37,75 +40,24 @@ protected:
                          << "; allow mount namespaces or run as root to test the record file";
     }
 
-    // Status of the reader for the file under the calibration memory; pRecord receives the record.
-    static int StatusOfReading(std::vector<unsigned char> aFile, std::vector<unsigned char> aCalibration,
-                               _AFPROTECT* pRecord) {
-        std::vector<unsigned char> aRecord(622);
-        int nLength = 0, nStatus = -1;
-        const int nResult = Orvex_SpecialAFDataTransform(
-            aCalibration.data(), static_cast<int>(aCalibration.size()), aFile.data(),
-            static_cast<int>(aFile.size()), aRecord.data(), &nLength, &nStatus);
-        EXPECT_EQ(nResult, nStatus == 0 ? 1 : 0);
-        if (nStatus != 0x3010001) {
-            EXPECT_EQ(nLength, 151);
-        }
-        std::memcpy(pRecord, aRecord.data(), sizeof *pRecord);
-        return nStatus;
-    }
-
     RecordFolder m_tFolder;
 };
 
 } // namespace
 
-TEST_F(RecordFile, HoldsTheCallersBytesAndReadsBack) {
-    chart::PairSetup tSetup;
-    tSetup.tRelativePose = {0.4, -0.5, 1.3};
-    const chart::Pair tPair = chart::RenderPair(tSetup);
-    const AlignResult t = Align(tPair.tMaster, tPair.tSlave);
-    ASSERT_EQ(t.nStatus, 0u);
-    const std::vector<unsigned char> aFile = RecordBytes();
-    ASSERT_EQ(aFile.size(), 194u);
-    EXPECT_EQ(std::memcmp(aFile.data(), t.aFile.data(), aFile.size()), 0);
-
-    _AFPROTECT tRecord;
-    ASSERT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0);
-    const DualCamAlignData& tData = m_tDualCamAlignData;
-    EXPECT_EQ(tRecord.swShiftY,
-              static_cast<short>(tData.afCrossCenter_Slave[1] - tData.afCrossCenter_Master[1]));
-    std::vector<unsigned char> aOtherFile = aFile, aOther = Calibration();
-    aOtherFile[2] ^= 1;
-    EXPECT_EQ(StatusOfReading(aOtherFile, Calibration(), &tRecord), 0x3010001);
-    aOtherFile = aFile;
-    aOtherFile[20] ^= 8; // in the initialisation vector: the same bit of the first plain block
-    EXPECT_EQ(StatusOfReading(aOtherFile, Calibration(), &tRecord), 0x3010002);
-    aOther[2914] ^= 1;
-    EXPECT_NE(StatusOfReading(aFile, aOther, &tRecord), 0);
-
-    // One info line with the angles before they are rescaled.
-    char szExpected[200];
-    std::snprintf(szExpected, sizeof szExpected, "\nRx = %3.6f\nRy = %3.6f\nRz = %3.6f\n", tData.dRx,
-                  tData.dRy, tData.dRz);
-    ASSERT_EQ(g_aLog.size(), 1u);
-    EXPECT_EQ(g_aLog[0].nPriority, ANDROID_LOG_INFO);
-    EXPECT_EQ(g_aLog[0].strTag, "Test");
-    EXPECT_EQ(g_aLog[0].strText, szExpected);
-    EXPECT_LT(t.dRz, 1.1) << "the caller's angle is rescaled";
-}
-
-TEST_F(RecordFile, IsRewrittenWithZerosWhenTheMeasurementFails) {
-    std::ofstream(tRecordFile) << std::string(1000, 'x');
-    const AlignResult t = Align(Paper(), Paper());
-    ASSERT_EQ(t.nStatus, 0x1010006u);
-    _AFPROTECT tRecord;
-    const std::vector<unsigned char> aFile = RecordBytes();
-    ASSERT_EQ(aFile.size(), 194u);
-    EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0x3010003)
-        << "this calibration's focus lines are not zero";
-    const _AFPROTECT tZero = {};
-    EXPECT_EQ(std::memcmp(&tRecord, &tZero, sizeof tZero), 0);
-    ASSERT_EQ(g_aLog.size(), 1u);
-    EXPECT_EQ(g_aLog[0].strText, "\nError code : 16842758\n");
+TEST_F(RecordFile, HoldsTheCallersBytesInPlaceOfOlderOnes) {
+    for (const bool bPassing : {true, false}) {
+        std::ofstream(tRecordFile) << std::string(1000, 'x');
+        g_aLog.clear();
+        const AlignResult t = Align(UprightChart(), bPassing ? UprightChart() : Paper());
+        EXPECT_EQ(t.nStatus, bPassing ? 0u : 0x1010006u);
+        EXPECT_EQ(RecordBytes(), t.Record());
+        EXPECT_EQ(StatusOfReading(RecordBytes()), bPassing ? 0 : 0x3010003)
+            << "of a failure zeros are kept, but this calibration's focus lines are not zero";
+        ASSERT_EQ(g_aLog.size(), 1u);
+        EXPECT_EQ(g_aLog[0].nPriority, ANDROID_LOG_INFO);
+        EXPECT_EQ(g_aLog[0].strTag, "Test");
+    }
 }
 
 TEST_F(RecordFile, IsWrittenOnEntryErrorsWithCalibrationOnly) {
@@ -177,10 +129,7 @@ TEST_F(RecordFile, ThatCannotBeWrittenOnlyWarns) {
             g_aLog.clear();
             const AlignResult tResult = Align(UprightChart(), bPassing ? UprightChart() : Paper());
             EXPECT_EQ(tResult.nStatus, bPassing ? 0u : 0x1010006u);
-            std::vector<unsigned char> aFile(194);
-            std::memcpy(aFile.data(), tResult.aFile.data(), aFile.size());
-            _AFPROTECT tRecord;
-            EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), bPassing ? 0 : 0x3010003)
+            EXPECT_EQ(StatusOfReading(tResult.Record()), bPassing ? 0 : 0x3010003)
                 << "the caller has the bytes all the same";
             ASSERT_EQ(g_aLog.size(), 2u);
             EXPECT_EQ(g_aLog[1].nPriority, ANDROID_LOG_WARN);
@@ -219,8 +168,7 @@ TEST_F(RecordFile, HoldsNothingAndIsNotReadWhenCryptographyFails) {
     ASSERT_EQ(aFile.size(), 194u) << "written again as soon as it works again";
     for (const char* const szCall : {"psa_hash_compute", "psa_import_key", "psa_cipher_decrypt"}) {
         g_strFailingCall = szCall;
-        _AFPROTECT tRecord;
-        EXPECT_EQ(StatusOfReading(aFile, Calibration(), &tRecord), 0x3010001) << szCall;
+        EXPECT_EQ(StatusOfReading(aFile), 0x3010001) << szCall;
         g_strFailingCall.clear();
     }
 }

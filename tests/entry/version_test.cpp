@@ -13,20 +13,17 @@ TEST(Version, EachFunctionKeepsItsOwn) {
     EXPECT_EQ(Orvex_Alignment_VersionInfo_Get(nullptr), -1);
     EXPECT_EQ(Orvex_Alignment_VersionInfo_Get(sz), 15);
     EXPECT_STREQ(sz, "v1313.47.10.02");
-    const struct {
-        int nSize;
-        const char* szExpected;
-    } at[] = {{20, "v1313.40.9.1"},
-              {14, "v1313.40.9.1"},
-              {13, "v1313.40.9.1"},
-              {12, "v1313.40.9.1#"},
-              {5, "v1313#"},
-              {0, "#"},
-              {-3, "#"}};
-    for (const auto& t : at) {
+    const std::pair<int, const char*> aCases[] = {{20, "v1313.40.9.1"},
+                                                  {14, "v1313.40.9.1"},
+                                                  {13, "v1313.40.9.1"},
+                                                  {12, "v1313.40.9.1#"},
+                                                  {5, "v1313#"},
+                                                  {0, "#"},
+                                                  {-3, "#"}};
+    for (const auto& [nSize, szExpected] : aCases) {
         std::memset(sz, '#', sizeof sz);
         sz[sizeof sz - 1] = 0;
-        Orvex_GetVersion(sz, t.nSize);
-        EXPECT_EQ(std::strncmp(sz, t.szExpected, std::strlen(t.szExpected) + (t.nSize >= 13)), 0) << t.nSize;
+        Orvex_GetVersion(sz, nSize);
+        EXPECT_EQ(std::strncmp(sz, szExpected, std::strlen(szExpected) + (nSize >= 13)), 0) << nSize;
     }
 }

@@ -13,43 +13,18 @@ inline Plane Paper() {
 }
 
 // A stroke of slope nPer100 / 100 from (x1, y1) to column x2.
-inline Plane& Stroke(Plane& t, int x1, int y1, int x2, int nPer100, int nThickness) {
+inline Plane Stroke(Plane t, int x1, int y1, int x2, int nPer100, int nThickness) {
     for (int x = x1; x <= x2; ++x)
         t.Fill(x, y1 + (x - x1) * nPer100 / 100, x, y1 + (x - x1) * nPer100 / 100 + nThickness - 1, ubInk);
     return t;
 }
 
-// Every column is dense, but no row holds more than 20 dark pixels.
-inline Plane NoRowBand() {
-    Plane t = Paper();
-    return Stroke(t, 600, 380, 1100, 40, 5);
-}
-
-// The vertical bar stands left of the horizontal one, with a gap between them.
-inline Plane CentreBesideColumns() {
-    return Paper().Fill(600, 310, 609, 660, ubInk).Fill(700, 480, 1000, 489, ubInk);
-}
-
-// One end of a bar lies so far aside that its lines have nothing dark near the other end's.
-inline Plane LeftEndAside() {
-    return UprightChart().Fill(520, 470, 640, 500, ubPaper).Fill(530, 300, 640, 312, ubInk);
-}
-inline Plane RightEndAside() {
-    return UprightChart().Fill(1088, 470, 1210, 500, ubPaper).Fill(1088, 300, 1198, 312, ubInk);
-}
-inline Plane UpperEndAside() {
-    return UprightChart().Fill(850, 300, 880, 370, ubPaper).Fill(600, 312, 612, 370, ubInk);
-}
-inline Plane LowerEndAside() {
-    return UprightChart().Fill(850, 600, 880, 670, ubPaper).Fill(600, 600, 612, 660, ubInk);
-}
-
 // A slanting stroke makes the rows dense on the first pass; it leaves the window on the second, which follows
 // the fullest column to the right.
 inline Plane RowsDenseOnFirstPassOnly() {
-    Plane t = Paper();
-    Stroke(t, 480, 270, 700, 100, 4);
-    return t.Fill(712, 400, 1240, 409, ubInk).Fill(1100, 385, 1110, 424, ubInk);
+    return Stroke(Paper(), 480, 270, 700, 100, 4)
+        .Fill(712, 400, 1240, 409, ubInk)
+        .Fill(1100, 385, 1110, 424, ubInk);
 }
 
 // The same with a vertical bar below the centre that keeps the rows dense, beyond a gap.
@@ -58,12 +33,6 @@ inline Plane CentreAboveRows() {
         .Fill(1100, 385, 1110, 399, ubPaper)
         .Fill(1100, 410, 1110, 424, ubPaper)
         .Fill(1100, 440, 1110, 640, ubInk);
-}
-
-// A slanting stroke instead of a vertical bar: rows are dense, no column holds more than 20.
-inline Plane NoColumnBand() {
-    Plane t = Paper();
-    return Stroke(t, 760, 320, 1060, 100, 4).Fill(560, 480, 1198, 489, ubInk);
 }
 
 // The vertical bar widens, near its upper end, beyond its band. The columns there are alternately 0 and 1, so
@@ -98,56 +67,45 @@ inline Plane CentreAtFramesTop() {
     return t.Fill(20, 0, 40, 204, ubInk).Fill(1060, 0, 1080, 204, ubInk);
 }
 
-// The top side ends short of its left corner, where the stripes lie.
-inline Plane TopSideInterrupted() {
-    return UprightChart().Fill(440, 150, 800, 175, ubPaper);
-}
-
 // A vertical side that does not reach the corner gives the horizontal scan nothing that ends.
 inline Plane WithoutLeftTop() {
     return UprightChart().Fill(260, 168, 290, 240, ubPaper);
-}
-inline Plane WithoutRightTop() {
-    return UprightChart().Fill(1440, 168, 1470, 240, ubPaper);
-}
-inline Plane WithoutLeftDown() {
-    return UprightChart().Fill(260, 730, 290, 804, ubPaper);
 }
 inline Plane WithoutRightDown() {
     return UprightChart().Fill(1440, 730, 1470, 804, ubPaper);
 }
 
-struct FailingChart {
-    unsigned int nStatus;
-    Plane tPicture;
-};
-
 // One for each failure point, in the pipeline's order.
-inline std::vector<FailingChart> FailingCharts() {
-    return {
-        {0x1010006, Paper()},
-        {0x1010008, NoRowBand()},
-        {0x1010009, CentreBesideColumns()},
-        {0x101000A, LeftEndAside()},
-        {0x101000B, RightEndAside()},
-        {0x101000E, RowBarOutside()},
-        {0x101000F, RowsDenseOnFirstPassOnly()},
-        {0x1010011, NoColumnBand()},
-        {0x1010012, CentreAboveRows()},
-        {0x1010013, UpperEndAside()},
-        {0x1010014, LowerEndAside()},
-        {0x1010016, ColumnBarOutside()},
-        {0x101001A, UprightChart().Fill(0, 0, 500, 200, ubPaper)},
-        {0x101001B, UprightChart().Fill(0, 700, 500, 971, ubPaper)},
-        {0x101001C, UprightChart().Fill(1300, 0, 1727, 200, ubPaper)},
-        {0x101001D, UprightChart().Fill(1300, 700, 1727, 971, ubPaper)},
-        {0x101001E, CentreAtFramesTop()},
-        {0x101001F, TopSideInterrupted()},
-        {0x101001F, WithoutLeftTop()},
-        {0x1010020, WithoutRightTop()},
-        {0x1010021, WithoutLeftDown()},
-        {0x1010022, WithoutRightDown()},
-    };
+inline std::vector<Plane> FailingCharts() {
+    return {Paper(), // 0x1010006
+                     // 0x1010008: every column is dense, but no row holds more than 20 dark pixels.
+            Stroke(Paper(), 600, 380, 1100, 40, 5),
+            // 0x1010009: the vertical bar stands left of the horizontal one, with a gap between them.
+            Paper().Fill(600, 310, 609, 660, ubInk).Fill(700, 480, 1000, 489, ubInk),
+            // 0x101000A, 0x101000B: one end of the bar lies so far aside that its lines have nothing dark
+            // near the other end's.
+            UprightChart().Fill(520, 470, 640, 500, ubPaper).Fill(530, 300, 640, 312, ubInk),
+            UprightChart().Fill(1088, 470, 1210, 500, ubPaper).Fill(1088, 300, 1198, 312, ubInk),
+            RowBarOutside(),            // 0x101000E
+            RowsDenseOnFirstPassOnly(), // 0x101000F
+            // 0x1010011: a slanting stroke instead of a vertical bar: rows are dense, no column holds more
+            // than 20.
+            Stroke(Paper(), 760, 320, 1060, 100, 4).Fill(560, 480, 1198, 489, ubInk),
+            CentreAboveRows(), // 0x1010012
+            // 0x1010013, 0x1010014: as for the other bar.
+            UprightChart().Fill(850, 300, 880, 370, ubPaper).Fill(600, 312, 612, 370, ubInk),
+            UprightChart().Fill(850, 600, 880, 670, ubPaper).Fill(600, 600, 612, 660, ubInk),
+            ColumnBarOutside(), // 0x1010016
+            // 0x101001A to 0x101001D: a corner of the frame is missing.
+            UprightChart().Fill(0, 0, 500, 200, ubPaper), UprightChart().Fill(0, 700, 500, 971, ubPaper),
+            UprightChart().Fill(1300, 0, 1727, 200, ubPaper),
+            UprightChart().Fill(1300, 700, 1727, 971, ubPaper),
+            CentreAtFramesTop(), // 0x101001E
+            // 0x101001F: the top side ends short of its left corner, where the stripes lie.
+            UprightChart().Fill(440, 150, 800, 175, ubPaper),
+            // 0x101001F to 0x1010022
+            WithoutLeftTop(), UprightChart().Fill(1440, 168, 1470, 240, ubPaper),
+            UprightChart().Fill(260, 730, 290, 804, ubPaper), WithoutRightDown()};
 }
 
 } // namespace support

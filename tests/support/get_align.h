@@ -45,6 +45,11 @@ struct AlignResult {
 
     AlignResult() { aFile.fill(0xC3C3); }
 
+    std::vector<unsigned char> Record() const {
+        const auto* const p = reinterpret_cast<const unsigned char*>(aFile.data());
+        return {p, p + 194};
+    }
+
     unsigned int nStatus = 0;
     double dRx = dUntouched, dRy = dUntouched, dRz = dUntouched;
     std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aFile;

@@ -10,6 +10,13 @@
 
 namespace program {
 
+testing::AssertionResult Holds(const std::string& strText, const std::vector<std::string>& aParts) {
+    for (const std::string& strPart : aParts)
+        if (strText.find(strPart) == std::string::npos)
+            return testing::AssertionFailure() << strPart << " is not in " << strText;
+    return testing::AssertionSuccess();
+}
+
 Program::Program() {
     std::string strName = testing::TempDir() + "orvex-tools-XXXXXX";
     m_tFolder = mkdtemp(strName.data());
@@ -43,8 +50,7 @@ void Program::ExpectRefused(int nExit, const Refusal& t, const std::string& strB
     const Outcome tOutcome = Run(t.strArguments, strBefore);
     EXPECT_EQ(tOutcome.nExit, nExit) << t.strArguments;
     EXPECT_EQ(tOutcome.strOut, "");
-    for (const std::string& strPart : t.aTold)
-        EXPECT_NE(tOutcome.strErr.find(strPart), std::string::npos) << strPart << " in " << tOutcome.strErr;
+    EXPECT_TRUE(Holds(tOutcome.strErr, t.aTold)) << t.strArguments;
 }
 
 void Program::Render(const std::string& strOptions, const std::string& strOut) const {

@@ -23,6 +23,9 @@ struct Refusal {
     std::vector<std::string> aTold; // parts of the message
 };
 
+// Whether the text holds all the parts; tells which one it lacks.
+testing::AssertionResult Holds(const std::string& strText, const std::vector<std::string>& aParts);
+
 // Runs the program as people do, through the shell, in a fresh folder of its own.
 class Program : public testing::Test {
 protected:

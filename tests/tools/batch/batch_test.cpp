@@ -56,7 +56,7 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
         const Json tTruth = Json::parse(Read("study/" + strFolder + "/truth.json"))["relative_deg"];
         for (const std::string strAxis : {"rx", "ry", "rz"}) {
             EXPECT_NEAR(aRows[i]["raw_" + strAxis + "_deg"], tTruth[strAxis], 0.05);
-            EXPECT_NE(Read("study/LIST.csv").find(tTruth[strAxis].dump()), std::string::npos);
+            EXPECT_TRUE(Holds(Read("study/LIST.csv"), {tTruth[strAxis].dump()}));
         }
     }
     EXPECT_NE(aRows[0]["raw_rx_deg"], aRows[1]["raw_rx_deg"]) << "the noise is each picture's own";
@@ -70,12 +70,11 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
         }
     EXPECT_EQ(Rows(0, "again/LIST.csv --raw 1728x972"), aRows) << "as the phone's frames";
     EXPECT_EQ(Rows(2, "again/LIST.csv --raw 1728x972 --raw-slave 1000x500")[0]["camera"], "slave");
-    const std::string strCells = Run("batch study/LIST.csv").strOut;
     std::string strFirst;
     for (const Row& t : aRows[0])
         strFirst += t.is_null() ? "," : (t.is_string() ? t.get<std::string>() : t.dump()) + ",";
     strFirst.back() = '\n';
-    EXPECT_NE(strCells.find("\n" + strFirst), std::string::npos) << "both forms hold the same";
+    EXPECT_TRUE(Holds(Run("batch study/LIST.csv").strOut, {"\n" + strFirst})) << "both forms hold the same";
 }
 
 TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
@@ -103,35 +102,29 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                           strGate + StartBatch("sub/L --out r --format jsonl", 7) +
                               "exec 9>gate.pgm; kill -9 $(cat /proc/$p/task/$p/children); wait $p");
     EXPECT_EQ(t.nExit, 3);
-    for (const char* const szReason :
-         {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"})
-        EXPECT_NE(t.strOut.find(szReason), std::string::npos) << t.strOut;
+    EXPECT_TRUE(
+        Holds(t.strOut, {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"}));
     const std::vector<Row> aRows = RowsOf(Read("r"));
-    const struct {
-        int nExit;
-        const char* szVerdict;
-        const char* szWords;
-    } aCases[] = {{0, "within_range", ""},
-                  {1, "out_of_range", "out of range"},
-                  {2, "not_measured", "no "},
-                  {3, "unfit_input", "-x: cannot be read"},
-                  {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
-                  {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
-                  {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
-                  {2, "no_answer", "ended by signal 9"}};
+    const std::tuple<int, const char*, const char*> aCases[] = {
+        {0, "within_range", ""},
+        {1, "out_of_range", "out of range"},
+        {2, "not_measured", "no "},
+        {3, "unfit_input", "-x: cannot be read"},
+        {3, "unfit_input", "line 8 of the list: the column \"slave\" is empty"},
+        {3, "unfit_input", "line 9 of the list: the column \"slave\" is empty"},
+        {3, "unfit_input", "line 10 of the list: it has 3 columns, but the first line names 4"},
+        {2, "no_answer", "ended by signal 9"}};
     ASSERT_EQ(aRows.size(), std::size(aCases));
     for (std::size_t i = 0; i < aRows.size(); ++i) {
         EXPECT_EQ(aRows[i]["id"], std::to_string(i + 1));
-        EXPECT_EQ(aRows[i]["exit_code"], aCases[i].nExit) << aRows[i];
-        EXPECT_EQ(aRows[i]["verdict"], aCases[i].szVerdict);
-        EXPECT_NE(aRows[i]["words"].get<std::string>().find(aCases[i].szWords), std::string::npos)
-            << aRows[i];
+        const auto& [nExitCode, szVerdict, szWords] = aCases[i];
+        EXPECT_EQ(aRows[i]["exit_code"], nExitCode) << aRows[i];
+        EXPECT_EQ(aRows[i]["verdict"], szVerdict);
+        EXPECT_TRUE(Holds(aRows[i]["words"], {szWords}));
     }
     EXPECT_EQ(aRows[3]["slave"], "a, \"b\".pgm");
     Write("sub/L", strHead + strHeld);
-    const Row tOverdue = Rows(2, "sub/L --timeout 1").at(0);
-    EXPECT_NE(tOverdue["words"].get<std::string>().find("no answer within 1 s"), std::string::npos)
-        << tOverdue;
+    EXPECT_TRUE(Holds(Rows(2, "sub/L --timeout 1").at(0)["words"], {"no answer within 1 s"}));
 }
 
 TEST_F(BatchCommand, DoubtfulAngleIsWarnedOfInItsRow) {
@@ -161,8 +154,7 @@ TEST_F(BatchCommand, SlowPairHoldsFewFinishedRowsBack) {
         Run("--version", strGate + "mkfifo last.pgm never.pgm; " + StartBatch("L --jobs 2 --out r", 1) +
                              "cat master.pgm >last.pgm; until [ $(wc -w </proc/$p/task/$p/children) -le 1 ]; "
                              "do sleep 0.02; done; kill -INT $p; wait $p");
-    EXPECT_NE(t.strErr.find("after 0 of 40 rows, which r holds.\n  Go on with"), std::string::npos)
-        << t.strErr;
+    EXPECT_TRUE(Holds(t.strErr, {"after 0 of 40 rows, which r holds.\n  Go on with"}));
 }
 
 TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
@@ -189,11 +181,11 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
         EXPECT_TRUE(strWhole.starts_with(strPart)) << strPart;
         const bool bKilled = strSignal == "KILL";
         const char* const szCode = bKilled ? "code 137" : strSignal == "INT" ? "code 130" : "code 143";
-        EXPECT_NE(tStopped.strOut.find(szCode), std::string::npos) << tStopped.strOut << tStopped.strErr;
+        EXPECT_TRUE(Holds(tStopped.strOut, {szCode})) << tStopped.strErr;
         if (bKilled) // as a write that the kill cut off leaves it
             Write("r", strWhole.substr(0, strPart.size() + 9));
         else
-            EXPECT_NE(tStopped.strErr.find("after 2 of 4 rows"), std::string::npos) << tStopped.strErr;
+            EXPECT_TRUE(Holds(tStopped.strErr, {"after 2 of 4 rows"}));
         const Outcome tResumed = Run("batch --resume " + strArguments);
         EXPECT_EQ(Read("r"), strWhole);
         EXPECT_EQ(tResumed.strOut, tWhole.strOut) << "the summary tells of all rows";
@@ -226,15 +218,14 @@ TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     }
     Write("r", strRows);
     Write("L", strList);
-    const std::string strOut = Run("batch L --resume --out r --format jsonl --repeatability").strOut;
-    for (const char* const szPart :
-         {"\n3 rows measured with warnings: their angles may be wrong (id B, A)\n",
-          "  3 x slave camera: large residual, N px RMS from the fitted line, more than 0.3 px. Check",
-          "  1 x the pictures differ in size: master N x N px, slave N x N px. The",
-          "  3 of 4 measured rows carry warnings;", "  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
-          "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
-          "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"})
-        EXPECT_NE(strOut.find(szPart), std::string::npos) << szPart << strOut;
+    EXPECT_TRUE(Holds(
+        Run("batch L --resume --out r --format jsonl --repeatability").strOut,
+        {"\n3 rows measured with warnings: their angles may be wrong (id B, A)\n",
+         "  3 x slave camera: large residual, N px RMS from the fitted line, more than 0.3 px. Check",
+         "  1 x the pictures differ in size: master N x N px, slave N x N px. The",
+         "  3 of 4 measured rows carry warnings;", "  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
+         "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
+         "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"}));
 }
 
 TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
@@ -244,9 +235,7 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     const std::size_t nExitCode = strDone.find("calibration.bin,0,") + 16;
     Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
     Write("older", std::string(strDone).erase(strDone.find(",warnings"), 9));
-    const struct {
-        std::string strList, strArguments, strTold;
-    } aCases[] = {
+    const std::array<std::string, 3> aCases[] = {
         {"", "--out r", "L: is empty"},
         {strHead, "--out r", "no pair to measure"},
         {"master;slave;calibration\na;b;c\n", "--out r",
@@ -270,10 +259,10 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
         {strHead + "a,b,c\n", "--out 0001/master.pgm --resume", "does not begin as a batch's results"},
         {strHead + "a,b,c\n", "--repeatability", "no column \"id\""},
     };
-    for (const auto& t : aCases) {
-        Write("L", t.strList);
-        ExpectRefused(3, {"batch L " + t.strArguments, {t.strTold}});
-        EXPECT_EQ(Read("L"), t.strList);
+    for (const auto& [strList, strArguments, strTold] : aCases) {
+        Write("L", strList);
+        ExpectRefused(3, {"batch L " + strArguments, {strTold}});
+        EXPECT_EQ(Read("L"), strList);
     }
     EXPECT_FALSE(std::filesystem::exists(m_tFolder / "r"));
     EXPECT_EQ(Read("done"), strDone);

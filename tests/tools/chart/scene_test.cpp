@@ -1,7 +1,10 @@
 #include "chart/projection.h"
+#include "chart/rotation.h"
 #include "chart/scene.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <numbers>
 
 namespace chart {
 namespace {
@@ -31,6 +34,14 @@ double RenderedCrossing(const Plane& tPlane, const Edge& tEdge, int nNear, int n
     for (int n = nNear - kWindow; n <= nNear + kWindow; ++n)
         dInk += (200 - (tEdge.bVertical ? GreyAt(tPlane, n, nLine) : GreyAt(tPlane, nLine, n))) / 160.0;
     return nNear + kWindow + 0.5 - dInk;
+}
+
+TEST(Rotation, SineAndCosineAreRightToDoubleRounding) {
+    for (double d = -90; d <= 90; d += 0.37) {
+        const auto [dSin, dCos] = SinCosOfDegrees(d);
+        EXPECT_NEAR(dSin, std::sin(d * std::numbers::pi / 180), 4e-16) << d;
+        EXPECT_NEAR(dCos, std::cos(d * std::numbers::pi / 180), 4e-16) << d;
+    }
 }
 
 TEST(Scene, EdgesLieWhereTheyProjectAtAnySlope) {

@@ -53,7 +53,7 @@ TEST_F(MeasureCommand, RenderedPairComesOutAtItsTruthInTextAndJson) {
             for (const Json& tAngle : tJson[szKind]) {
                 char szAngle[32];
                 std::snprintf(szAngle, sizeof szAngle, " %.4f ", tAngle.get<double>());
-                EXPECT_NE(tText.strOut.find(szAngle), std::string::npos) << szAngle << tText.strOut;
+                EXPECT_TRUE(Holds(tText.strOut, {szAngle}));
             }
     }
 }
@@ -102,14 +102,12 @@ TEST_F(MeasureCommand, FailureTellsCameraStageAndWhatWasMissing) {
                 << "the slave comes second, the master's own tilts last";
             EXPECT_FALSE(tJson["trust"][strCamera]["cross_dark_grey"].is_null());
             EXPECT_EQ(tJson["trust"][strCamera]["border_distance_px"].is_null(), t.nNumbers < 5);
-            EXPECT_EQ(tJson["warnings"].dump().find(strCamera + " camera, cross: low contrast") ==
-                          std::string::npos,
-                      t.nNumbers > 2);
+            EXPECT_EQ(bool(Holds(tJson["warnings"].dump(), {strCamera + " camera, cross: low contrast"})),
+                      t.nNumbers == 2);
             const Outcome tText = Measure(strPictures);
             EXPECT_EQ(tText.nExit, 2);
             EXPECT_TRUE(tText.strOut.starts_with("NOT MEASURED: " + strWhere + ", " + t.szStage + ": "));
-            for (const char* const szPart : {t.szFound, "  Looked for ", "  Try ", "\n  Calculation of "})
-                EXPECT_NE(tText.strOut.find(szPart), std::string::npos) << szPart << tText.strOut;
+            EXPECT_TRUE(Holds(tText.strOut, {t.szFound, "  Looked for ", "  Try ", "\n  Calculation of "}));
         }
 }
 

@@ -92,38 +92,65 @@ TEST(SideReading, LinesWithoutAnEndedDarkRunDoNotCount) {
         EXPECT_FALSE(ReadSide(tPicture, tFrom, tEnd).oResidual) << tEnd.dX;
 }
 
-TEST(Trust, WarningsNameSideValueAndLimit) {
+TEST(Trust, WarningsNameSideValueAndLimitAsFarAsTheStagesCame) {
+    const Rectangle tWindow = {200, 100, 600, 400}, tStart = {150, 100, 650, 400};
+    const Frame tGood = FrameAt(90, 40, support::ubInk);
+    Frame tUnmeasured = FrameAt(170, 50, 165);
+    tUnmeasured.tMeasured.aoCorners = {};
+    const std::vector<std::string>
+        aPaleSides = {"low_contrast slave camera, left, top, right, bottom sides: at worst low contrast"},
+        aOnly17 = {"frame_near_border slave camera: the frame is only 17"};
     const struct {
         const char* szWhat;
         Frame tFrame;
-        std::vector<std::vector<std::string>> aWarnings; // kind and parts of each
+        StageView tView;
+        std::vector<std::vector<std::string>> aWarnings; // of each its beginning, and other parts
         std::optional<double> oBorder = {};
     } aCases[] = {
-        {"good", FrameAt(90, 40, support::ubInk), {}, 40},
+        {"good", tGood, {}, {}, 40},
         {"near",
          FrameAt(170, 50, support::ubInk),
+         {},
          {{"frame_near_border", "only 17.0 px", "border", "20 px"}},
          17},
         // The line across the left side ends at the border on one side.
         {"cut",
          FrameAt(-4, 50, support::ubInk),
+         {},
          {{"few_lines", ", left side", "show the frame"}, {"frame_touches_border", "touches"}},
          -4},
-        {"pale",
-         FrameAt(90, 40, 165),
-         {{"low_contrast", ", left, top, right, bottom sides: at worst low contrast", "dark 165",
-           "bright 200", "70"}},
+        {"pale", FrameAt(90, 40, 165), {}, {{aPaleSides[0], "dark 165", "bright 200", "70"}}, 40},
+        {"nothing", tUnmeasured, {}, {}},
+        {"no cross",
+         tUnmeasured,
+         {tWindow, {}, 120.0, {}, {}, {}, {}},
+         {{"low_cross_contrast slave camera, cross: low contrast, dark 200"}}},
+        {"no frame",
+         tUnmeasured,
+         {{}, {}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
+         {aPaleSides, aOnly17}},
+        {"no corners",
+         tUnmeasured,
+         {{}, {}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
+         {aPaleSides, aOnly17}},
+        {"pale cross",
+         tGood,
+         {Rectangle{60, 100, 150, 400}, {}, 20.0, {}, {}, {}, {}},
+         {{"pale_cross slave camera, cross: too pale"}},
          40},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, {}});
-        EXPECT_NEAR(*tTrust.oBorderDistance, *t.oBorder, 0.1);
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView});
+        if (t.oBorder) {
+            EXPECT_NEAR(tTrust.oBorderDistance.value_or(1e9), *t.oBorder, 0.1);
+        }
         const std::vector<Warning> a = WarningsOf(Camera::kSlave, tTrust);
         ASSERT_EQ(a.size(), t.aWarnings.size());
         for (std::size_t i = 0; i < a.size(); ++i) {
-            const std::string strTold = KeyOf(JsonOf(a[i])) + " " + a[i].strText;
-            EXPECT_TRUE(GeneralText(KeyOf(JsonOf(a[i])))) << strTold;
+            const std::string strKey = KeyOf(JsonOf(a[i])), strTold = strKey + " " + a[i].strText;
+            EXPECT_TRUE(GeneralText(strKey)) << strTold;
+            EXPECT_TRUE(strTold.starts_with("slave:" + t.aWarnings[i][0])) << strTold;
             for (const std::string& strPart : t.aWarnings[i])
                 EXPECT_NE(strTold.find(strPart), std::string::npos) << strPart << " in " << strTold;
         }
@@ -136,39 +163,4 @@ TEST(Trust, WarningsNameSideValueAndLimit) {
     ASSERT_EQ(a.size(), 1u);
     EXPECT_TRUE(a[0].strText.starts_with("master camera, bottom side: a measured corner lies 3.0"))
         << a[0].strText;
-}
-
-TEST(Trust, IsToldAsFarAsTheStagesCame) {
-    const Rectangle tWindow = {200, 100, 600, 400}, tStart = {150, 100, 650, 400};
-    Frame tFrame = FrameAt(170, 50, 165), tPale = FrameAt(90, 40, support::ubInk);
-    tFrame.tMeasured.aoCorners = {};
-    const struct {
-        const char* szWhat;
-        const Frame& tFrame;
-        StageView tView;
-        std::vector<std::string> aWarnings; // how each begins, behind the camera
-    } aCases[] = {
-        {"nothing", tFrame, {}, {}},
-        {"no cross", tFrame, {tWindow, {}, 120.0, {}, {}, {}, {}}, {", cross: low contrast, dark 200"}},
-        {"no frame",
-         tFrame,
-         {{}, {}, {}, Rectangle{300, 100, 650, 400}, {}, {}, {}},
-         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
-        {"no corners",
-         tFrame,
-         {{}, {}, {}, tStart, {}, {}, Rectangle{182, 64, 770, 450}},
-         {", left, top, right, bottom sides: at worst low contrast", ": the frame is only 17"}},
-        {"pale cross",
-         tPale,
-         {Rectangle{60, 100, 150, 400}, {}, 20.0, {}, {}, {}, {}},
-         {", cross: too pale"}},
-    };
-    for (const auto& t : aCases) {
-        SCOPED_TRACE(t.szWhat);
-        const std::vector<Warning> a =
-            WarningsOf(Camera::kMaster, TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView}));
-        ASSERT_EQ(a.size(), t.aWarnings.size());
-        for (std::size_t i = 0; i < a.size(); ++i)
-            EXPECT_TRUE(a[i].strText.starts_with("master camera" + t.aWarnings[i])) << a[i].strText;
-    }
 }

@@ -2,11 +2,13 @@
 #include "support/failing_charts.h"
 #include "support/get_align.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 using namespace support;
 
-TEST(Status, OnePictureMayStandForBothCameras) {
+TEST(Entry, OnePictureMayStandForBothCameras) {
     nWidth = nWidth_Slave = 1728;
     nHeight = nHeight_Slave = 972;
     std::vector<unsigned char> aCalibration = Calibration();
@@ -15,21 +17,7 @@ TEST(Status, OnePictureMayStandForBothCameras) {
     EXPECT_EQ(getAlign(p, p, &adAngle[0], &adAngle[1], &adAngle[2], aCalibration.data(), nullptr), 0u);
 }
 
-TEST(Status, AngleOutsideTheRangeIsReportedAndDelivered) {
-    for (double chart::Pose::*const pdPose : {&chart::Pose::dRx, &chart::Pose::dRy, &chart::Pose::dRz}) {
-        chart::PairSetup t;
-        t.tRelativePose.*pdPose = -3.0;
-        const chart::Pair tPair = chart::RenderPair(t);
-        const AlignResult tResult = Align(tPair.tMaster, tPair.tSlave);
-        EXPECT_EQ(tResult.nStatus, 0x1020015u);
-        const chart::Pose tDelivered = {tResult.dRx, tResult.dRy, tResult.dRz};
-        EXPECT_NEAR(tDelivered.*pdPose, (-3.0 + 0.2) * 1.8 / 2.3 - 0.2, 0.01);
-        const chart::Pose tRaw = {m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz};
-        EXPECT_NEAR(tRaw.*pdPose, -3.0, 0.01) << "the raw angle stays in the working block";
-    }
-}
-
-TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
+TEST(Entry, RefusesNullPointersAndUnusableSizes) {
     std::vector<unsigned char> aCalibration = Calibration();
     double adAngle[3] = {5, 5, 5};
     constexpr int nNone = -1;
@@ -66,4 +54,18 @@ TEST(Status, EntryRefusesNullPointersAndUnusableSizes) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "refused before anything else";
     for (const double dAngle : adAngle)
         EXPECT_EQ(dAngle, 5.0);
+}
+
+TEST(Entry, WorkingBufferCanBeReadAfterTheRun) {
+    const Picture tChart = UprightChart();
+    Align(tChart, tChart);
+    ASSERT_NE(m_pCMainView.pGreenBuffer, nullptr);
+    EXPECT_EQ(std::memcmp(m_pCMainView.pGreenBuffer, tChart.aPixels.data(), tChart.aPixels.size()), 0);
+    EXPECT_EQ(m_pCMainView.pGreenBuffer[tChart.aPixels.size() + 486 * 1728 + 864], 0) << "binary plane";
+    EXPECT_EQ(m_tDualCamAlignData.nCrossSpanX_Slave, 669) << "the bar ends inside the search window";
+    const Plane tLarger(2000, 1500, ubPaper);
+    for (const auto& [tMaster, tSlave] : {std::pair<Picture, Picture>{tChart, tLarger}, {tLarger, tChart}}) {
+        Align(tMaster, tSlave);
+        EXPECT_EQ(malloc_usable_size(m_pCMainView.pGreenBuffer) / tLarger.aPixels.size(), 3u) << "planes";
+    }
 }
