@@ -1,0 +1,97 @@
+#include "reading/ink_across.h"
+
+#include "reading/edge_shape.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace tools {
+namespace {
+
+// First and last sample.
+struct Samples {
+    int nFirst, nLast;
+    bool LieIn(const AxisView& t) const { return nFirst >= 0 && nFirst <= nLast && nLast < t.nAcross; }
+};
+
+int Up(double d) { return static_cast<int>(std::ceil(d)); }
+int Down(double d) { return static_cast<int>(std::floor(d)); }
+
+double Mean(const AxisView& tView, int nLine, Samples t) {
+    double dSum = 0;
+    for (int n = t.nFirst; n <= t.nLast; ++n)
+        dSum += tView.At(nLine, n);
+    return dSum / (t.nLast - t.nFirst + 1);
+}
+
+struct Levels {
+    double dDark, dPaper;
+    double Half() const { return (dDark + dPaper) / 2; }
+};
+
+// Where the light passes the half level on the way from one sample, which is ink, to another.
+std::optional<double> EdgeBetween(const AxisView& tView, int nLine, Samples tWay, Levels t) {
+    const int nStep = tWay.nFirst < tWay.nLast ? 1 : -1;
+    double dInside = tView.At(nLine, tWay.nFirst);
+    if (dInside > t.Half())
+        return std::nullopt;
+    for (int n = tWay.nFirst + nStep; n != tWay.nLast + nStep; n += nStep) {
+        const double dNext = tView.At(nLine, n);
+        if (dNext > t.Half()) {
+            const double dContrast = t.dPaper - t.dDark;
+            return n - nStep + nStep * HalfwayBetween((dInside - t.dDark) / dContrast, (dNext - t.dDark) / dContrast);
+        }
+        dInside = dNext;
+    }
+    return std::nullopt;
+}
+
+double MeanOfThree(const AxisView& tView, int nLine, int n) { return Mean(tView, nLine, {n - 1, n + 1}); }
+
+} // namespace
+
+std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddle, double dReach) {
+    const Samples t = {std::max(Up(dMiddle - dReach), 1), std::min(Down(dMiddle + dReach), tView.nAcross - 2)};
+    if (nLine < 0 || nLine >= tView.nAlong || t.nLast - t.nFirst < 4)
+        return std::nullopt;
+    std::vector<double> ad;
+    for (int n = t.nFirst; n <= t.nLast; ++n)
+        ad.push_back(MeanOfThree(tView, nLine, n));
+    const auto nDarkest = std::ranges::min_element(ad) - ad.begin();
+    const double dDark = ad[static_cast<std::size_t>(nDarkest)];
+    std::vector<double> adSorted = ad;
+    const auto pPaper = adSorted.begin() + std::ssize(adSorted) * 3 / 4;
+    std::ranges::nth_element(adSorted, pPaper);
+    const double dPaper = *pPaper;
+    if (dPaper - dDark < kLeastStep)
+        return std::nullopt;
+    const auto IsPaper = [&](double d) { return d > (dDark + dPaper) / 2; };
+    const auto pAfter = std::find_if(ad.begin() + nDarkest, ad.end(), IsPaper);
+    const auto pBefore = std::find_if(ad.rend() - nDarkest - 1, ad.rend(), IsPaper);
+    if (pAfter == ad.end() || pBefore == ad.rend())
+        return std::nullopt;
+    const auto dFirst = static_cast<double>(pBefore.base() - ad.begin()), dEnd = static_cast<double>(pAfter - ad.begin());
+    return InkAcross{t.nFirst + (dFirst + dEnd - 1) / 2, dEnd - dFirst, dDark, dPaper, dPaper};
+}
+
+std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddle, double dWidth) {
+    const double dClear = dWidth / 2 + std::max(3.0, 0.4 * dWidth); // of the edges' blur
+    const double dEnd = dClear + std::max(4.0, 0.4 * dWidth);
+    const Samples tInk = {Up(dMiddle - dWidth / 4), Down(dMiddle + dWidth / 4)};
+    const Samples tBefore = {Up(dMiddle - dEnd), Down(dMiddle - dClear)};
+    const Samples tAfter = {Up(dMiddle + dClear), Down(dMiddle + dEnd)};
+    if (nLine < 0 || nLine >= tView.nAlong || !tInk.LieIn(tView) || !tBefore.LieIn(tView) || !tAfter.LieIn(tView))
+        return std::nullopt;
+    const double dDark = Mean(tView, nLine, tInk);
+    const double dBefore = Mean(tView, nLine, tBefore), dAfter = Mean(tView, nLine, tAfter);
+    if (std::min(dBefore, dAfter) - dDark < kLeastStep)
+        return std::nullopt;
+    const auto oFirst = EdgeBetween(tView, nLine, {tInk.nFirst, tBefore.nLast}, {dDark, dBefore});
+    const auto oLast = EdgeBetween(tView, nLine, {tInk.nLast, tAfter.nFirst}, {dDark, dAfter});
+    if (!oFirst || !oLast)
+        return std::nullopt;
+    return InkAcross{(*oFirst + *oLast) / 2, *oLast - *oFirst, dDark, dBefore, dAfter};
+}
+
+} // namespace tools

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "basics/geometry.h"
+#include "reading/ink_across.h"
+#include "reading/robust_line.h"
+
+#include <vector>
+
+namespace tools {
+
+// From and to, px along a line.
+struct Stretch {
+    double dFirst, dLast;
+    double Length() const { return dLast - dFirst; }
+    bool Holds(double d) const { return d > dFirst && d < dLast; }
+};
+
+// A line as a few lines across it show it.
+struct RoughLine {
+    UncertainLine tLine; // without variances
+    double dWidth;       // of the ink
+};
+
+// On so many lines across, within so many px of where the line is expected. Nothing if less than a third of
+// them show ink.
+std::optional<RoughLine> ReadRoughly(const AxisView& tView, Stretch tAlong, const UncertainLine& tExpected,
+                                     double dReach);
+
+// What every line across a stretch of ink tells.
+struct LineReading {
+    UncertainLine tLine;
+    double dScatter;           // of the centres about it, px
+    Stretch tAlong;            // what was read
+    int nLines = 0, nUsed = 0; // across; of them those that count in the line
+    double dWidth;             // of the ink, px
+    double dContrast;          // grey levels
+    double dLightStep;         // grey levels: the largest one of the paper along the line or across it
+    std::vector<LinePoint> aLeftOut; // centres that do not count
+};
+
+// Reads it around a line that is known to about a sample, on all lines across but those inside a gap. Nothing
+// if too few of them show ink.
+std::optional<LineReading> ReadFinely(const AxisView& tView, Stretch tAlong, const RoughLine& tRough,
+                                      Stretch tGap = {0, 0});
+
+} // namespace tools
