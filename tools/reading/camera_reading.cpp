@@ -2,6 +2,7 @@
 
 #include "reading/cross_bar.h"
 #include "reading/frame_search.h"
+#include "reading/pixel_phase.h"
 #include "reading/uncertain_geometry.h"
 
 #include <algorithm>
@@ -78,59 +79,91 @@ std::optional<RoughHalves> RoughHalvesOf(const Picture& tPicture, const Corners&
     return aa;
 }
 
-Corners RoughCorners(const RoughHalves& aa) {
+template <typename Halves, typename LineOf>
+Corners CornersOf(const Halves& aaHalves, LineOf Line) {
     Corners a;
     for (std::size_t n = 0; n < 4; ++n)
-        a[n] = CornerOf(n, aa, [](const RoughLine& t) { return t.tLine; }).tPlace;
+        a[n] = CornerOf(n, aaHalves, Line).tPlace;
     return a;
 }
 
-bool ReadHalves(const Picture& tPicture, const RoughHalves& aaRough, CameraReading& reading) {
+Corners RoughCorners(const RoughHalves& aa) {
+    return CornersOf(aa, [](const RoughLine& t) { return t.tLine; });
+}
+
+// All lines of the chart.
+struct ChartLines {
+    std::array<std::array<LineCentres, 2>, 4> aaHalves;
+    LineCentres tHorizontalBar, tVerticalBar;
+};
+
+bool ShowsEnough(const std::optional<LineCentres>& o) {
+    return o && static_cast<double>(o->aCentres.size()) >= kLeastShare * o->nLines;
+}
+
+bool ReadHalves(const Picture& tPicture, const RoughHalves& aaRough, ChartLines& lines) {
     const Corners a = RoughCorners(aaRough);
     for (std::size_t nSide = 0; nSide < 4; ++nSide)
         for (std::size_t nEnd = 0; nEnd < 2; ++nEnd) {
             const Half t = HalfOf(nSide, nEnd, a);
             const RoughLine& tRough = aaRough[nSide][nEnd];
             const Stretch tAlong = t.Along(kClearOfCorner * tRough.dWidth + kBlurOfCorner);
-            const auto o = ReadFinely(ViewAlong(t.bHorizontal, tPicture), tAlong, tRough);
-            if (!o || o->nUsed < kLeastShare * o->nLines)
+            auto o = ReadCentres(ViewAlong(t.bHorizontal, tPicture), tAlong, tRough);
+            if (!ShowsEnough(o))
                 return false;
-            reading.aaHalves[nSide][nEnd] = *o;
+            lines.aaHalves[nSide][nEnd] = std::move(*o);
         }
     return true;
 }
 
-bool ReadCross(const Picture& tPicture, const RoughHalves& aaRough, CameraReading& reading) {
-    Corners a;
-    std::ranges::transform(reading.aCorners, a.begin(), &UncertainPoint::tPlace);
-    const auto Read = [&](bool bHorizontal, LineReading& bar) {
-        // A bar's direction is that between its neighbouring sides, its middle the frame's.
-        const std::size_t nFirst = bHorizontal ? 1 : 0;
-        const Point tMiddle = MiddleOf(a);
-        const double dSlope = (LineBetween(bHorizontal, a[kSides[nFirst].nFrom], a[kSides[nFirst].nTo]).dSlope +
-                               LineBetween(bHorizontal, a[kSides[nFirst + 2].nFrom], a[kSides[nFirst + 2].nTo]).dSlope) / 2;
+// A bar's direction is that between its neighbouring sides, its middle the frame's.
+RoughLine ExpectedBar(bool bHorizontal, const Corners& a, double dWidth) {
+    const SideName &tFirst = kSides[bHorizontal ? 1 : 0], &tSecond = kSides[bHorizontal ? 3 : 2];
+    const Point tMiddle = MiddleOf(a);
+    const double dSlope = (LineBetween(bHorizontal, a[tFirst.nFrom], a[tFirst.nTo]).dSlope +
+                           LineBetween(bHorizontal, a[tSecond.nFrom], a[tSecond.nTo]).dSlope) / 2;
+    return {{Along(bHorizontal, tMiddle), Along(!bHorizontal, tMiddle), dSlope}, dWidth};
+}
+
+bool ReadCross(const Picture& tPicture, const RoughHalves& aaRough, ChartLines& lines) {
+    const Corners a = CornersOf(lines.aaHalves, [](const LineCentres& t) { return t.tFit.tLine; });
+    for (const bool bHorizontal : {true, false}) {
         const double dHalf = (Along(bHorizontal, a[3]) - Along(bHorizontal, a[0])) / 2;
-        const UncertainLine tExpected = {Along(bHorizontal, tMiddle), Along(!bHorizontal, tMiddle), dSlope};
-        const auto o = ReadBar(ViewAlong(bHorizontal, tPicture), {tExpected, aaRough[0][0].dWidth}, dHalf);
-        if (o)
-            bar = *o;
-        return o && o->nUsed >= kLeastShare * o->nLines;
-    };
-    return Read(true, reading.tHorizontalBar) && Read(false, reading.tVerticalBar);
+        auto o = ReadBar(ViewAlong(bHorizontal, tPicture), ExpectedBar(bHorizontal, a, aaRough[0][0].dWidth), dHalf);
+        if (!ShowsEnough(o))
+            return false;
+        (bHorizontal ? lines.tHorizontalBar : lines.tVerticalBar) = std::move(*o);
+    }
+    return true;
+}
+
+CameraReading ReadingOf(const ChartLines& tLines, const ChartMeasures& tMeasures) {
+    std::vector<const LineCentres*> ap = {&tLines.tHorizontalBar, &tLines.tVerticalBar};
+    for (const auto& a : tLines.aaHalves)
+        for (const LineCentres& t : a)
+            ap.push_back(&t);
+    const PhaseError tError = PhaseErrorOf(ap);
+    CameraReading reading;
+    for (std::size_t nSide = 0; nSide < 4; ++nSide)
+        for (std::size_t nEnd = 0; nEnd < 2; ++nEnd)
+            reading.aaHalves[nSide][nEnd] = ReadingOf(tLines.aaHalves[nSide][nEnd], tError);
+    reading.tHorizontalBar = ReadingOf(tLines.tHorizontalBar, tError);
+    reading.tVerticalBar = ReadingOf(tLines.tVerticalBar, tError);
+    for (std::size_t n = 0; n < 4; ++n)
+        reading.aCorners[n] = CornerOf(n, reading.aaHalves, [](const LineReading& t) { return t.tLine; });
+    reading.tCentre = CrossingOf(reading.tHorizontalBar.tLine, reading.tVerticalBar.tLine);
+    DeriveAngles(tMeasures, reading);
+    return reading;
 }
 
 ReadingOutcome ReadFrom(const Picture& tPicture, const ChartMeasures& tMeasures, const Corners& a) {
-    CameraReading reading;
     const std::optional<RoughHalves> oRough = RoughHalvesOf(tPicture, a);
-    if (!oRough || !AreLikeAFrame(RoughCorners(*oRough), tMeasures) || !ReadHalves(tPicture, *oRough, reading))
+    ChartLines tLines;
+    if (!oRough || !AreLikeAFrame(RoughCorners(*oRough), tMeasures) || !ReadHalves(tPicture, *oRough, tLines))
         return {{}, NoReading::kSideHidden};
-    for (std::size_t n = 0; n < 4; ++n)
-        reading.aCorners[n] = CornerOf(n, reading.aaHalves, [](const LineReading& t) { return t.tLine; });
-    if (!ReadCross(tPicture, *oRough, reading))
+    if (!ReadCross(tPicture, *oRough, tLines))
         return {{}, NoReading::kNoCross};
-    reading.tCentre = CrossingOf(reading.tHorizontalBar.tLine, reading.tVerticalBar.tLine);
-    DeriveAngles(tMeasures, reading);
-    return {reading};
+    return {ReadingOf(tLines, tMeasures)};
 }
 
 bool LieIn(const Picture& tPicture, const Corners& a) {

@@ -31,7 +31,7 @@ double ReachOf(const AxisView& tView, const RoughLine& t, double dWay) {
 
 } // namespace
 
-std::optional<LineReading> ReadBar(const AxisView& tView, const RoughLine& tExpected, double dHalf) {
+std::optional<LineCentres> ReadBar(const AxisView& tView, const RoughLine& tExpected, double dHalf) {
     const double dMiddle = tExpected.tLine.dMiddle, dWay = dHalf - 2 * tExpected.dWidth;
     const Stretch tAlong = {dMiddle - ReachOf(tView, tExpected, -dWay) + tExpected.dWidth, dMiddle + ReachOf(tView, tExpected, dWay) - tExpected.dWidth};
     if (tAlong.Length() < 0.3 * dHalf)
@@ -39,7 +39,7 @@ std::optional<LineReading> ReadBar(const AxisView& tView, const RoughLine& tExpe
     const auto oRough = ReadRoughly(tView, tAlong, tExpected.tLine, kAway * tExpected.dWidth + tExpected.dWidth);
     if (!oRough)
         return std::nullopt;
-    return ReadFinely(tView, tAlong, {oRough->tLine, tExpected.dWidth}, Stretch{dMiddle - kOther * tExpected.dWidth, dMiddle + kOther * tExpected.dWidth});
+    return ReadCentres(tView, tAlong, {oRough->tLine, tExpected.dWidth}, Stretch{dMiddle - kOther * tExpected.dWidth, dMiddle + kOther * tExpected.dWidth});
 }
 
 } // namespace tools

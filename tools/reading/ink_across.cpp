@@ -1,7 +1,5 @@
 #include "reading/ink_across.h"
 
-#include "reading/edge_shape.h"
-
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -25,26 +23,30 @@ double Mean(const AxisView& tView, int nLine, Samples t) {
     return dSum / (t.nLast - t.nFirst + 1);
 }
 
-struct Levels {
-    double dDark, dPaper;
-    double Half() const { return (dDark + dPaper) / 2; }
-};
+// Smoothed by weights of 1, 2 and 1: costs no sharpness that noise would leave, and halves what the edge's
+// place between the pixels does to it.
+double Smoothed(const AxisView& t, int nLine, int n) {
+    return (t.At(nLine, n - 1) + 2 * t.At(nLine, n) + t.At(nLine, n + 1)) / 4;
+}
 
-// Where the light passes the half level on the way from one sample, which is ink, to another.
-std::optional<double> EdgeBetween(const AxisView& tView, int nLine, Samples tWay, Levels t) {
+// Where the light passes a level on the way from one sample, which is below it, to another.
+std::optional<double> EdgeBetween(const AxisView& tView, int nLine, Samples tWay, double dLevel) {
     const int nStep = tWay.nFirst < tWay.nLast ? 1 : -1;
-    double dInside = tView.At(nLine, tWay.nFirst);
-    if (dInside > t.Half())
+    double dInside = Smoothed(tView, nLine, tWay.nFirst);
+    if (dInside > dLevel)
         return std::nullopt;
-    for (int n = tWay.nFirst + nStep; n != tWay.nLast + nStep; n += nStep) {
-        const double dNext = tView.At(nLine, n);
-        if (dNext > t.Half()) {
-            const double dContrast = t.dPaper - t.dDark;
-            return n - nStep + nStep * HalfwayBetween((dInside - t.dDark) / dContrast, (dNext - t.dDark) / dContrast);
-        }
+    for (int n = tWay.nFirst + nStep; n != tWay.nLast; n += nStep) {
+        const double dNext = Smoothed(tView, nLine, n);
+        if (dNext > dLevel)
+            return n - nStep * (dNext - dLevel) / (dNext - dInside);
         dInside = dNext;
     }
     return std::nullopt;
+}
+
+// How far ink reaches from the first sample, if a sharp edge is to take as much light away as the samples miss.
+double ReachByLight(const AxisView& tView, int nLine, Samples t, double dDark, double dPaper) {
+    return (dPaper - Mean(tView, nLine, t)) / (dPaper - dDark) * (t.nLast - t.nFirst + 1);
 }
 
 double MeanOfThree(const AxisView& tView, int nLine, int n) { return Mean(tView, nLine, {n - 1, n + 1}); }
@@ -72,7 +74,7 @@ std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddl
     if (pAfter == ad.end() || pBefore == ad.rend())
         return std::nullopt;
     const auto dFirst = static_cast<double>(pBefore.base() - ad.begin()), dEnd = static_cast<double>(pAfter - ad.begin());
-    return InkAcross{t.nFirst + (dFirst + dEnd - 1) / 2, dEnd - dFirst, dDark, dPaper, dPaper};
+    return InkAcross{t.nFirst + (dFirst + dEnd - 1) / 2, dEnd - dFirst, 0, dDark, dPaper, dPaper};
 }
 
 std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddle, double dWidth) {
@@ -87,11 +89,14 @@ std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddl
     const double dBefore = Mean(tView, nLine, tBefore), dAfter = Mean(tView, nLine, tAfter);
     if (std::min(dBefore, dAfter) - dDark < kLeastStep)
         return std::nullopt;
-    const auto oFirst = EdgeBetween(tView, nLine, {tInk.nFirst, tBefore.nLast}, {dDark, dBefore});
-    const auto oLast = EdgeBetween(tView, nLine, {tInk.nLast, tAfter.nFirst}, {dDark, dAfter});
+    const auto oFirst = EdgeBetween(tView, nLine, {tInk.nFirst, tBefore.nLast}, (dDark + dBefore) / 2);
+    const auto oLast = EdgeBetween(tView, nLine, {tInk.nLast, tAfter.nFirst}, (dDark + dAfter) / 2);
     if (!oFirst || !oLast)
         return std::nullopt;
-    return InkAcross{(*oFirst + *oLast) / 2, *oLast - *oFirst, dDark, dBefore, dAfter};
+    const int nMiddle = Down(dMiddle);
+    const double dByLight = nMiddle + 0.5 + (ReachByLight(tView, nLine, {nMiddle + 1, tAfter.nFirst - 1}, dDark, dAfter) -
+                             ReachByLight(tView, nLine, {tBefore.nLast + 1, nMiddle}, dDark, dBefore)) / 2;
+    return InkAcross{(*oFirst + *oLast) / 2, *oLast - *oFirst, dByLight, dDark, dBefore, dAfter};
 }
 
 } // namespace tools

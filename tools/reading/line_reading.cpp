@@ -95,25 +95,18 @@ std::optional<RoughLine> ReadRoughly(const AxisView& tView, Stretch tAlong, cons
     return RoughLine{RepeatedMedianLine(aPoints), Median(std::move(adWidths))};
 }
 
-std::optional<LineReading> ReadFinely(const AxisView& tView, Stretch tAlong, const RoughLine& tRough,
-                                      Stretch tGap) {
+std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, const RoughLine& tRough,
+                                       Stretch tGap) {
     const auto [aInk, nLines] = InkOn(tView, tAlong, tRough, tGap);
     if (aInk.size() < kLightBlocks)
         return std::nullopt;
     const double dWidth = Median(Collected(aInk, &InkAcross::dWidth));
-    const std::vector<LinePoint> aPoints = CentresOf(aInk, dWidth);
-    const std::optional<RobustFit> oFit = FitRobustly(aPoints, tRough.tLine);
+    std::vector<LinePoint> aCentres = CentresOf(aInk, dWidth);
+    const std::optional<RobustFit> oFit = FitRobustly(aCentres, tRough.tLine);
     if (!oFit)
         return std::nullopt;
-    LineReading reading = {.tLine = oFit->tLine, .dScatter = oFit->dScatter, .tAlong = tAlong,
-                           .nLines = nLines,
-                           .dWidth = dWidth, .dContrast = ContrastOf(aInk), .dLightStep = LightStepOf(aInk), .aLeftOut = {}};
-    for (std::size_t i = 0; i < aPoints.size(); ++i)
-        if (oFit->adWeights[i] > 0)
-            ++reading.nUsed;
-        else
-            reading.aLeftOut.push_back(aPoints[i]);
-    return reading;
+    return LineCentres{tAlong, nLines, std::move(aCentres), Collected(aInk, &InkAcross::dCentreOfLight), *oFit,
+                       dWidth, ContrastOf(aInk), LightStepOf(aInk)};
 }
 
 } // namespace tools

@@ -26,21 +26,32 @@ struct RoughLine {
 std::optional<RoughLine> ReadRoughly(const AxisView& tView, Stretch tAlong, const UncertainLine& tExpected,
                                      double dReach);
 
-// What every line across a stretch of ink tells.
+// A line's centres on all lines across a stretch of it.
+struct LineCentres {
+    Stretch tAlong;
+    int nLines;                      // across that were looked at
+    std::vector<LinePoint> aCentres; // of those that show ink
+    std::vector<double> adByLight;   // the same by light
+    RobustFit tFit;                  // of the centres
+    double dWidth;                   // of the ink, px
+    double dContrast, dLightStep;    // grey levels; see LineReading
+};
+
+// Reads them around a line that is known to about a sample, on all lines across but those inside a gap.
+// Nothing if too few of them show ink.
+std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, const RoughLine& tRough,
+                                       Stretch tGap = {0, 0});
+
+// What a stretch of a line tells.
 struct LineReading {
     UncertainLine tLine;
-    double dScatter;           // of the centres about it, px
     Stretch tAlong;            // what was read
+    double dScatter;           // of the centres about the line, px
     int nLines = 0, nUsed = 0; // across; of them those that count in the line
     double dWidth;             // of the ink, px
-    double dContrast;          // grey levels
+    double dContrast;          // from ink to paper, grey levels
     double dLightStep;         // grey levels: the largest one of the paper along the line or across it
     std::vector<LinePoint> aLeftOut; // centres that do not count
 };
-
-// Reads it around a line that is known to about a sample, on all lines across but those inside a gap. Nothing
-// if too few of them show ink.
-std::optional<LineReading> ReadFinely(const AxisView& tView, Stretch tAlong, const RoughLine& tRough,
-                                      Stretch tGap = {0, 0});
 
 } // namespace tools
