@@ -11,7 +11,8 @@ struct UncertainAngles {
 };
 
 // By the library's formulas, so that both results differ by their errors of measurement alone.
-UncertainAngles AnglesOf(const CameraReading& tMaster, const CameraReading& tSlave);
+UncertainAngles AnglesOf(const CameraReading& tMaster, const CameraReading& tSlave,
+                         const ChartMeasures& tMeasures);
 
 // As the library rescales an angle of one degree or more.
 UncertainNumber Rescaled(UncertainNumber tRaw);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace tools {
 namespace {
@@ -49,32 +48,26 @@ double ReachByLight(const AxisView& tView, int nLine, Samples t, double dDark, d
     return (dPaper - Mean(tView, nLine, t)) / (dPaper - dDark) * (t.nLast - t.nFirst + 1);
 }
 
-double MeanOfThree(const AxisView& tView, int nLine, int n) { return Mean(tView, nLine, {n - 1, n + 1}); }
-
 } // namespace
 
 std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddle, double dReach) {
     const Samples t = {std::max(Up(dMiddle - dReach), 1), std::min(Down(dMiddle + dReach), tView.nAcross - 2)};
     if (nLine < 0 || nLine >= tView.nAlong || t.nLast - t.nFirst < 4)
         return std::nullopt;
-    std::vector<double> ad;
+    int nDarkest = t.nFirst;
     for (int n = t.nFirst; n <= t.nLast; ++n)
-        ad.push_back(MeanOfThree(tView, nLine, n));
-    const auto nDarkest = std::ranges::min_element(ad) - ad.begin();
-    const double dDark = ad[static_cast<std::size_t>(nDarkest)];
-    std::vector<double> adSorted = ad;
-    const auto pPaper = adSorted.begin() + std::ssize(adSorted) * 3 / 4;
-    std::ranges::nth_element(adSorted, pPaper);
-    const double dPaper = *pPaper;
+        if (Smoothed(tView, nLine, n) < Smoothed(tView, nLine, nDarkest))
+            nDarkest = n;
+    // Most of the samples are paper.
+    const double dDark = Smoothed(tView, nLine, nDarkest), dPaper = Mean(tView, nLine, t);
     if (dPaper - dDark < kLeastStep)
         return std::nullopt;
-    const auto IsPaper = [&](double d) { return d > (dDark + dPaper) / 2; };
-    const auto pAfter = std::find_if(ad.begin() + nDarkest, ad.end(), IsPaper);
-    const auto pBefore = std::find_if(ad.rend() - nDarkest - 1, ad.rend(), IsPaper);
-    if (pAfter == ad.end() || pBefore == ad.rend())
+    const auto oFirst = EdgeBetween(tView, nLine, {nDarkest, t.nFirst - 1}, (dDark + dPaper) / 2);
+    const auto oLast = EdgeBetween(tView, nLine, {nDarkest, t.nLast + 1}, (dDark + dPaper) / 2);
+    if (!oFirst || !oLast)
         return std::nullopt;
-    const auto dFirst = static_cast<double>(pBefore.base() - ad.begin()), dEnd = static_cast<double>(pAfter - ad.begin());
-    return InkAcross{t.nFirst + (dFirst + dEnd - 1) / 2, dEnd - dFirst, 0, dDark, dPaper, dPaper};
+    const double dCentre = (*oFirst + *oLast) / 2;
+    return InkAcross{dCentre, *oLast - *oFirst, dCentre, dDark, dPaper, dPaper};
 }
 
 std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddle, double dWidth) {

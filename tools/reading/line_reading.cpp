@@ -6,7 +6,7 @@
 namespace tools {
 namespace {
 
-constexpr int kRoughLines = 32;
+constexpr int kRoughLines = 24;
 constexpr std::size_t kLeastRough = kRoughLines / 3;
 constexpr std::size_t kLightBlocks = 8; // of a line, each with a level of its own
 
@@ -73,8 +73,10 @@ double LightStepOf(const std::vector<Ink>& a) {
 }
 
 double ContrastOf(const std::vector<Ink>& a) {
-    return (Median(Collected(a, &InkAcross::dPaperBefore)) + Median(Collected(a, &InkAcross::dPaperAfter))) / 2 -
-           Median(Collected(a, &InkAcross::dDark));
+    double dSum = 0;
+    for (const auto& [nLine, t] : a)
+        dSum += (t.dPaperBefore + t.dPaperAfter) / 2 - t.dDark;
+    return dSum / static_cast<double>(a.size());
 }
 
 } // namespace

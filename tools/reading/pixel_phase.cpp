@@ -52,7 +52,9 @@ LineReading ReadingOf(const LineCentres& t, const PhaseError& tError) {
     std::vector<LinePoint> aCentres = t.aCentres;
     for (LinePoint& tCentre : aCentres)
         tCentre.dAcross -= Product(tError.adAmplitudes, WavesAt(t.tFit.tLine.At(tCentre.dAlong), adShares));
-    const RobustFit tFit = FitRobustly(aCentres, t.tFit.tLine).value_or(t.tFit);
+    RobustFit tFit = t.tFit;
+    FitOnce(aCentres, tFit);
+    AddVariances(aCentres, tFit);
     LineReading reading = {.tLine = tFit.tLine, .tAlong = t.tAlong, .dScatter = tFit.dScatter, .nLines = t.nLines,
                            .dWidth = t.dWidth, .dContrast = t.dContrast, .dLightStep = t.dLightStep, .aLeftOut = {}};
     for (std::size_t i = 0; i < aCentres.size(); ++i)

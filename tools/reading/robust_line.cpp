@@ -12,9 +12,9 @@ constexpr double kBiweightReach = 4.685;
 // px. Noise-free pictures of a line along the pixels have no scatter at all.
 constexpr double kLeastScatter = 1e-3;
 
-constexpr int kScatterRounds = 6; // after them the scatter stays, so that the weights settle
+constexpr int kScatterRounds = 2; // after them the scatter stays, so that the weights settle
 constexpr int kRounds = 30;
-constexpr double kSettled = 1e-7; // px
+constexpr double kSettled = 1e-5; // px
 
 std::vector<double> ResidualsOf(std::span<const LinePoint> aPoints, const UncertainLine& tLine) {
     std::vector<double> ad;
@@ -84,6 +84,12 @@ double PointVariance(std::span<const LinePoint> aPoints, std::span<const double>
     return dSquares * dWeights / (dSlopes * dSlopes) * dTrust / dDegrees * CorrelationFactor(adInfluences);
 }
 
+// The largest way of a line between two fits, px.
+double MoveOf(std::span<const LinePoint> aPoints, const UncertainLine& tOne, const UncertainLine& tOther) {
+    const double dFirst = aPoints.front().dAlong, dLast = aPoints.back().dAlong;
+    return std::max(std::fabs(tOne.At(dFirst) - tOther.At(dFirst)), std::fabs(tOne.At(dLast) - tOther.At(dLast)));
+}
+
 } // namespace
 
 double Median(std::vector<double> ad) {
@@ -124,32 +130,35 @@ std::optional<RobustFit> FitRobustly(std::span<const LinePoint> aPoints, const U
     if (aPoints.size() < 3)
         return std::nullopt;
     RobustFit fit = {tStart, 0, std::vector<double>(aPoints.size())};
-    std::vector<double> adResiduals = ResidualsOf(aPoints, fit.tLine);
-    fit.tLine.dOffset += Median(adResiduals);
-    Sums tSums;
+    fit.tLine.dOffset += Median(ResidualsOf(aPoints, fit.tLine));
     for (int nRound = 0; nRound < kRounds; ++nRound) {
-        adResiduals = ResidualsOf(aPoints, fit.tLine);
+        const std::vector<double> adResiduals = ResidualsOf(aPoints, fit.tLine);
         if (nRound < kScatterRounds)
             fit.dScatter = std::max(RobustScatter(adResiduals, 0), kLeastScatter);
         for (std::size_t i = 0; i < aPoints.size(); ++i)
             fit.adWeights[i] = aPoints[i].dTrust * Biweight(adResiduals[i] / fit.dScatter);
-        tSums = SumsOf(aPoints, fit.adWeights);
-        if (!(tSums.dWeight > 0) || !(tSums.dSquares > 0))
-            return std::nullopt;
         const UncertainLine tBefore = fit.tLine;
-        fit.tLine = {tSums.dAlong, tSums.dAcross, tSums.dProducts / tSums.dSquares};
-        const double dMove = std::fabs(tBefore.At(aPoints.front().dAlong) - fit.tLine.At(aPoints.front().dAlong)) +
-                             std::fabs(tBefore.At(aPoints.back().dAlong) - fit.tLine.At(aPoints.back().dAlong));
-        if (nRound >= kScatterRounds && dMove < kSettled)
+        if (!FitOnce(aPoints, fit))
+            return std::nullopt;
+        if (nRound >= kScatterRounds && MoveOf(aPoints, tBefore, fit.tLine) < kSettled)
             break;
     }
-    if (std::ranges::count_if(fit.adWeights, [](double d) { return d > 0; }) < 3)
-        return std::nullopt;
-    adResiduals = ResidualsOf(aPoints, fit.tLine);
-    const double dVariance = PointVariance(aPoints, adResiduals, fit.dScatter, tSums.dWeight);
-    fit.tLine.dOffsetVariance = dVariance / tSums.dWeight;
-    fit.tLine.dSlopeVariance = dVariance / tSums.dSquares;
     return fit;
+}
+
+bool FitOnce(std::span<const LinePoint> aPoints, RobustFit& fit) {
+    const Sums t = SumsOf(aPoints, fit.adWeights);
+    if (!(t.dWeight > 0) || !(t.dSquares > 0))
+        return false;
+    fit.tLine = {t.dAlong, t.dAcross, t.dProducts / t.dSquares};
+    return true;
+}
+
+void AddVariances(std::span<const LinePoint> aPoints, RobustFit& fit) {
+    const Sums t = SumsOf(aPoints, fit.adWeights);
+    const double dVariance = PointVariance(aPoints, ResidualsOf(aPoints, fit.tLine), fit.dScatter, t.dWeight);
+    fit.tLine.dOffsetVariance = dVariance / t.dWeight;
+    fit.tLine.dSlopeVariance = dVariance / t.dSquares;
 }
 
 } // namespace tools
