@@ -15,8 +15,8 @@ namespace {
 constexpr double kReach = 0.03;
 
 // Next to a corner the other side's line is in the way: so many widths of the line, and px for blur.
-constexpr double kClearOfCorner = 1.0;
-constexpr double kBlurOfCorner = 4.0;
+constexpr double kClearOfCorner = 0.6;
+constexpr double kBlurOfCorner = 5.0;
 
 constexpr double kLeastShare = 0.3; // of a half side's lines across
 
@@ -79,39 +79,32 @@ std::optional<RoughHalves> RoughHalvesOf(const Picture& tPicture, const Corners&
     return aa;
 }
 
-template <typename Halves, typename LineOf>
-Corners CornersOf(const Halves& aaHalves, LineOf Line) {
+Corners RoughCorners(const RoughHalves& aa) {
     Corners a;
     for (std::size_t n = 0; n < 4; ++n)
-        a[n] = CornerOf(n, aaHalves, Line).tPlace;
+        a[n] = CornerOf(n, aa).tPlace;
     return a;
 }
 
-Corners RoughCorners(const RoughHalves& aa) {
-    return CornersOf(aa, [](const RoughLine& t) { return t.tLine; });
+// Half sides as kSides, two of each, then the horizontal and the vertical bar.
+using ChartLines = std::vector<LineCentres>;
+constexpr std::size_t kHorizontalBar = 8, kVerticalBar = 9;
+
+bool Add(std::optional<LineCentres> o, ChartLines& lines) {
+    if (!o || static_cast<double>(o->aCentres.size()) < kLeastShare * o->nLines)
+        return false;
+    lines.push_back(std::move(*o));
+    return true;
 }
 
-// All lines of the chart.
-struct ChartLines {
-    std::array<std::array<LineCentres, 2>, 4> aaHalves;
-    LineCentres tHorizontalBar, tVerticalBar;
-};
-
-bool ShowsEnough(const std::optional<LineCentres>& o) {
-    return o && static_cast<double>(o->aCentres.size()) >= kLeastShare * o->nLines;
-}
-
-bool ReadHalves(const Picture& tPicture, const RoughHalves& aaRough, ChartLines& lines) {
-    const Corners a = RoughCorners(aaRough);
+bool ReadHalves(const Picture& tPicture, const RoughHalves& aaRough, const Corners& a, ChartLines& lines) {
     for (std::size_t nSide = 0; nSide < 4; ++nSide)
         for (std::size_t nEnd = 0; nEnd < 2; ++nEnd) {
             const Half t = HalfOf(nSide, nEnd, a);
             const RoughLine& tRough = aaRough[nSide][nEnd];
             const Stretch tAlong = t.Along(kClearOfCorner * tRough.dWidth + kBlurOfCorner);
-            auto o = ReadCentres(ViewAlong(t.bHorizontal, tPicture), tAlong, tRough);
-            if (!ShowsEnough(o))
+            if (!Add(ReadCentres(ViewAlong(t.bHorizontal, tPicture), tAlong, tRough), lines))
                 return false;
-            lines.aaHalves[nSide][nEnd] = std::move(*o);
         }
     return true;
 }
@@ -125,43 +118,36 @@ RoughLine ExpectedBar(bool bHorizontal, const Corners& a, double dWidth) {
     return {{Along(bHorizontal, tMiddle), Along(!bHorizontal, tMiddle), dSlope}, dWidth};
 }
 
-bool ReadCross(const Picture& tPicture, const RoughHalves& aaRough, ChartLines& lines) {
-    const Corners a = CornersOf(lines.aaHalves, [](const LineCentres& t) { return t.tFit.tLine; });
-    for (const bool bHorizontal : {true, false}) {
+bool ReadCross(const Picture& tPicture, const Corners& a, double dWidth, ChartLines& lines) {
+    return std::ranges::all_of(std::array{true, false}, [&](bool bHorizontal) {
         const double dHalf = (Along(bHorizontal, a[3]) - Along(bHorizontal, a[0])) / 2;
-        auto o = ReadBar(ViewAlong(bHorizontal, tPicture), ExpectedBar(bHorizontal, a, aaRough[0][0].dWidth), dHalf);
-        if (!ShowsEnough(o))
-            return false;
-        (bHorizontal ? lines.tHorizontalBar : lines.tVerticalBar) = std::move(*o);
-    }
-    return true;
+        return Add(ReadBar(ViewAlong(bHorizontal, tPicture), ExpectedBar(bHorizontal, a, dWidth), dHalf), lines);
+    });
 }
 
 CameraReading ReadingOf(const ChartLines& tLines, const ChartMeasures& tMeasures) {
-    std::vector<const LineCentres*> ap = {&tLines.tHorizontalBar, &tLines.tVerticalBar};
-    for (const auto& a : tLines.aaHalves)
-        for (const LineCentres& t : a)
-            ap.push_back(&t);
-    const PhaseError tError = PhaseErrorOf(ap);
+    const std::vector<LineReading> aReadings = ReadingsOf(tLines);
     CameraReading reading;
-    for (std::size_t nSide = 0; nSide < 4; ++nSide)
-        for (std::size_t nEnd = 0; nEnd < 2; ++nEnd)
-            reading.aaHalves[nSide][nEnd] = ReadingOf(tLines.aaHalves[nSide][nEnd], tError);
-    reading.tHorizontalBar = ReadingOf(tLines.tHorizontalBar, tError);
-    reading.tVerticalBar = ReadingOf(tLines.tVerticalBar, tError);
+    for (std::size_t n = 0; n < kHorizontalBar; ++n)
+        reading.aaHalves[n / 2][n % 2] = aReadings[n];
+    reading.tHorizontalBar = aReadings[kHorizontalBar];
+    reading.tVerticalBar = aReadings[kVerticalBar];
     for (std::size_t n = 0; n < 4; ++n)
-        reading.aCorners[n] = CornerOf(n, reading.aaHalves, [](const LineReading& t) { return t.tLine; });
+        reading.aCorners[n] = CornerOf(n, reading.aaHalves);
     reading.tCentre = CrossingOf(reading.tHorizontalBar.tLine, reading.tVerticalBar.tLine);
     DeriveAngles(tMeasures, reading);
     return reading;
 }
 
-ReadingOutcome ReadFrom(const Picture& tPicture, const ChartMeasures& tMeasures, const Corners& a) {
-    const std::optional<RoughHalves> oRough = RoughHalvesOf(tPicture, a);
-    ChartLines tLines;
-    if (!oRough || !AreLikeAFrame(RoughCorners(*oRough), tMeasures) || !ReadHalves(tPicture, *oRough, tLines))
+ReadingOutcome ReadFrom(const Picture& tPicture, const ChartMeasures& tMeasures, const Corners& aStart) {
+    const std::optional<RoughHalves> oRough = RoughHalvesOf(tPicture, aStart);
+    if (!oRough)
         return {{}, NoReading::kSideHidden};
-    if (!ReadCross(tPicture, *oRough, tLines))
+    const Corners a = RoughCorners(*oRough);
+    ChartLines tLines;
+    if (!AreLikeAFrame(a, tMeasures) || !ReadHalves(tPicture, *oRough, a, tLines))
+        return {{}, NoReading::kSideHidden};
+    if (!ReadCross(tPicture, a, (*oRough)[0][0].dWidth, tLines))
         return {{}, NoReading::kNoCross};
     return {ReadingOf(tLines, tMeasures)};
 }

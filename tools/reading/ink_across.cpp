@@ -43,9 +43,14 @@ std::optional<double> EdgeBetween(const AxisView& tView, int nLine, Samples tWay
     return std::nullopt;
 }
 
-// How far ink reaches from the first sample, if a sharp edge is to take as much light away as the samples miss.
-double ReachByLight(const AxisView& tView, int nLine, Samples t, double dDark, double dPaper) {
-    return (dPaper - Mean(tView, nLine, t)) / (dPaper - dDark) * (t.nLast - t.nFirst + 1);
+// Light that is missing from a place between the samples to the last or the first one, in samples' worth of
+// paper.
+double MissingLight(const AxisView& tView, int nLine, double dFrom, int nTo, double dPaper) {
+    const int nStep = nTo > dFrom ? 1 : -1, nSplit = static_cast<int>(std::lround(dFrom));
+    double dSum = (0.5 + nStep * (nSplit - dFrom)) * (dPaper - tView.At(nLine, nSplit));
+    for (int n = nSplit + nStep; n != nTo + nStep; n += nStep)
+        dSum += dPaper - tView.At(nLine, n);
+    return dSum;
 }
 
 } // namespace
@@ -66,13 +71,13 @@ std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddl
     const auto oLast = EdgeBetween(tView, nLine, {nDarkest, t.nLast + 1}, (dDark + dPaper) / 2);
     if (!oFirst || !oLast)
         return std::nullopt;
-    const double dCentre = (*oFirst + *oLast) / 2;
-    return InkAcross{dCentre, *oLast - *oFirst, dCentre, dDark, dPaper, dPaper};
+    const double dCentre = (*oFirst + *oLast) / 2, dWidth = *oLast - *oFirst;
+    return InkAcross{dCentre, dWidth, dCentre, dWidth, dDark, dPaper, dPaper};
 }
 
 std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddle, double dWidth) {
-    const double dClear = dWidth / 2 + std::max(3.0, 0.4 * dWidth); // of the edges' blur
-    const double dEnd = dClear + std::max(4.0, 0.4 * dWidth);
+    const double dClear = dWidth / 2 + std::max(4.0, 0.6 * dWidth); // of the edges' blur
+    const double dEnd = dClear + std::max(4.0, 0.6 * dWidth);
     const Samples tInk = {Up(dMiddle - dWidth / 4), Down(dMiddle + dWidth / 4)};
     const Samples tBefore = {Up(dMiddle - dEnd), Down(dMiddle - dClear)};
     const Samples tAfter = {Up(dMiddle + dClear), Down(dMiddle + dEnd)};
@@ -86,10 +91,10 @@ std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddl
     const auto oLast = EdgeBetween(tView, nLine, {tInk.nLast, tAfter.nFirst}, (dDark + dAfter) / 2);
     if (!oFirst || !oLast)
         return std::nullopt;
-    const int nMiddle = Down(dMiddle);
-    const double dByLight = nMiddle + 0.5 + (ReachByLight(tView, nLine, {nMiddle + 1, tAfter.nFirst - 1}, dDark, dAfter) -
-                             ReachByLight(tView, nLine, {tBefore.nLast + 1, nMiddle}, dDark, dBefore)) / 2;
-    return InkAcross{(*oFirst + *oLast) / 2, *oLast - *oFirst, dByLight, dDark, dBefore, dAfter};
+    const double dBehind = MissingLight(tView, nLine, dMiddle, tAfter.nFirst - 1, dAfter) / (dAfter - dDark);
+    const double dAhead = MissingLight(tView, nLine, dMiddle, tBefore.nLast + 1, dBefore) / (dBefore - dDark);
+    return InkAcross{(*oFirst + *oLast) / 2, *oLast - *oFirst, dMiddle + (dBehind - dAhead) / 2, dBehind + dAhead,
+                     dDark, dBefore, dAfter};
 }
 
 } // namespace tools

@@ -12,7 +12,7 @@ constexpr double kLeastStep = 12.0;
 // Ink between paper on one line across. Positions in samples, levels in grey levels.
 struct InkAcross {
     double dCentre, dWidth;
-    double dCentreOfLight; // another centre, noisier, but the same wherever the line lies between the pixels
+    double dCentreByLight, dWidthByLight; // noisier, but the same wherever the line lies between the pixels
     double dDark, dPaperBefore, dPaperAfter;
 };
 

@@ -48,7 +48,7 @@ std::vector<LinePoint> CentresOf(const std::vector<Ink>& a, double dWidth) {
     std::vector<LinePoint> aPoints;
     aPoints.reserve(a.size());
     for (const Ink& t : a)
-        aPoints.push_back({static_cast<double>(t.nLine), t.tAcross.dCentre, Biweight((t.tAcross.dWidth - dWidth) / dScatter)});
+        aPoints.push_back({static_cast<double>(t.nLine), t.tAcross.dCentre, Biweight((t.tAcross.dWidth - dWidth) / (1.5 * dScatter))});
     return aPoints;
 }
 
@@ -107,8 +107,8 @@ std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, co
     const std::optional<RobustFit> oFit = FitRobustly(aCentres, tRough.tLine);
     if (!oFit)
         return std::nullopt;
-    return LineCentres{tAlong, nLines, std::move(aCentres), Collected(aInk, &InkAcross::dCentreOfLight), *oFit,
-                       dWidth, ContrastOf(aInk), LightStepOf(aInk)};
+    return LineCentres{tAlong, nLines, std::move(aCentres), Collected(aInk, &InkAcross::dCentreByLight), *oFit,
+                       dWidth, Median(Collected(aInk, &InkAcross::dWidthByLight)), ContrastOf(aInk), LightStepOf(aInk)};
 }
 
 } // namespace tools

@@ -33,7 +33,7 @@ struct LineCentres {
     std::vector<LinePoint> aCentres; // of those that show ink
     std::vector<double> adByLight;   // the same by light
     RobustFit tFit;                  // of the centres
-    double dWidth;                   // of the ink, px
+    double dWidth, dWidthByLight;    // of the ink, px
     double dContrast, dLightStep;    // grey levels; see LineReading
 };
 

@@ -6,63 +6,122 @@ namespace tools {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
+constexpr int kRounds = 3;        // a line's place tells the error, and without it the line's place changes
 constexpr int kSweeps = 20;       // until the amplitudes stand
-constexpr double kCertainty = 1.0; // centres' worth of belief that there is no error, where no phase shows one
+constexpr double kCertainty = 1;  // centres' worth of belief that there is no error
+constexpr double kShapeShare = 0.03; // of the error, that its three waves do not hold
 
+// With one, two and three periods to a px: of the error at an edge, or how they show in a centre.
 using Waves = std::array<double, 3>;
-
-// How the waves of both edges' errors add up in the centre, for a line of some width.
-Waves Shares(double dWidth) { return {std::cos(kPi * dWidth), std::cos(2 * kPi * dWidth), std::cos(3 * kPi * dWidth)}; }
-
-Waves WavesAt(double dCentre, const Waves& adShares) {
-    const double dSine = std::sin(2 * kPi * dCentre), dCosine = std::cos(2 * kPi * dCentre);
-    return {adShares[0] * dSine, adShares[1] * 2 * dSine * dCosine, adShares[2] * dSine * (3 - 4 * dSine * dSine)};
-}
 
 double Product(const Waves& a, const Waves& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
-} // namespace
-
-PhaseError PhaseErrorOf(std::span<const LineCentres* const> apLines) {
-    std::array<Waves, 3> aadProducts = {};
-    Waves adDifferences = {};
-    for (const LineCentres* const p : apLines) {
-        const Waves adShares = Shares(p->dWidth);
-        for (std::size_t i = 0; i < p->aCentres.size(); ++i) {
-            const Waves adWaves = WavesAt(p->tFit.tLine.At(p->aCentres[i].dAlong), adShares);
-            for (std::size_t n = 0; n < 3; ++n) {
-                const double dWave = p->tFit.adWeights[i] * adWaves[n];
-                adDifferences[n] += dWave * (p->aCentres[i].dAcross - p->adByLight[i]);
-                for (std::size_t m = 0; m < 3; ++m)
-                    aadProducts[n][m] += dWave * adWaves[m];
-            }
-        }
+// How the waves of both edges add up in the centres of a line.
+std::vector<Waves> WavesOf(const LineCentres& t, const UncertainLine& tLine) {
+    const double dTurn = kPi * t.dWidthByLight;
+    const Waves ad = {std::cos(dTurn), std::cos(2 * dTurn), std::cos(3 * dTurn)};
+    std::vector<Waves> a;
+    a.reserve(t.aCentres.size());
+    for (const LinePoint& tCentre : t.aCentres) {
+        const double dAngle = 2 * kPi * tLine.At(tCentre.dAlong), dSine = std::sin(dAngle), dCosine = std::cos(dAngle);
+        a.push_back({ad[0] * dSine, ad[1] * 2 * dSine * dCosine, ad[2] * dSine * (3 - 4 * dSine * dSine)});
     }
-    PhaseError t;
-    for (int nSweep = 0; nSweep < kSweeps; ++nSweep)
-        for (std::size_t n = 0; n < 3; ++n) {
-            const double dOwn = aadProducts[n][n], dOthers = Product(aadProducts[n], t.adAmplitudes) - dOwn * t.adAmplitudes[n];
-            t.adAmplitudes[n] = (adDifferences[n] - dOthers) / (dOwn + kCertainty);
-        }
-    return t;
+    return a;
 }
 
-LineReading ReadingOf(const LineCentres& t, const PhaseError& tError) {
-    const Waves adShares = Shares(t.dWidth);
-    std::vector<LinePoint> aCentres = t.aCentres;
-    for (LinePoint& tCentre : aCentres)
-        tCentre.dAcross -= Product(tError.adAmplitudes, WavesAt(t.tFit.tLine.At(tCentre.dAlong), adShares));
-    RobustFit tFit = t.tFit;
-    FitOnce(aCentres, tFit);
-    AddVariances(aCentres, tFit);
+// Normal equations of the amplitudes.
+struct WaveSums {
+    std::array<Waves, 3> aadProducts = {};
+    Waves adDifferences = {};
+    double dSquares = 0, dWeights = 0;
+
+    void Add(double dWeight, const Waves& adWaves, double dDifference) {
+        dSquares += dWeight * dDifference * dDifference;
+        dWeights += dWeight;
+        for (std::size_t n = 0; n < 3; ++n) {
+            adDifferences[n] += dWeight * adWaves[n] * dDifference;
+            for (std::size_t m = 0; m < 3; ++m)
+                aadProducts[n][m] += dWeight * adWaves[n] * adWaves[m];
+        }
+    }
+};
+
+struct PhaseError {
+    Waves adAmplitudes = {};
+    double dUncertainShare = 0; // of it
+};
+
+PhaseError Solved(const WaveSums& t) {
+    PhaseError error;
+    Waves& ad = error.adAmplitudes;
+    for (int nSweep = 0; nSweep < kSweeps; ++nSweep)
+        for (std::size_t n = 0; n < 3; ++n) {
+            const double dOwn = t.aadProducts[n][n];
+            ad[n] = (t.adDifferences[n] - Product(t.aadProducts[n], ad) + dOwn * ad[n]) / (dOwn + kCertainty);
+        }
+    const double dUncertainty = std::sqrt(t.dSquares / t.dWeights / (t.aadProducts[0][0] + kCertainty));
+    error.dUncertainShare = std::hypot(kShapeShare, dUncertainty / ad[0]);
+    return error;
+}
+
+PhaseError ErrorOf(std::span<const LineCentres> aLines, std::span<const std::vector<Waves>> aaWaves) {
+    WaveSums tSums;
+    for (std::size_t n = 0; n < aLines.size(); ++n)
+        for (std::size_t i = 0; i < aaWaves[n].size(); ++i)
+            tSums.Add(aLines[n].tFit.adWeights[i], aaWaves[n][i], aLines[n].aCentres[i].dAcross - aLines[n].adByLight[i]);
+    return Solved(tSums);
+}
+
+std::vector<LinePoint> Freed(const LineCentres& t, std::span<const Waves> aWaves, const PhaseError& tError) {
+    std::vector<LinePoint> a = t.aCentres;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        a[i].dAcross -= Product(tError.adAmplitudes, aWaves[i]);
+    return a;
+}
+
+// What the error has moved the line by is known to a share.
+void AddVariances(const UncertainLine& tBefore, double dShare, UncertainLine& line) {
+    const double dOffset = dShare * (line.dOffset - tBefore.At(line.dMiddle)), dSlope = dShare * (line.dSlope - tBefore.dSlope);
+    line.dOffsetVariance += dOffset * dOffset;
+    line.dCovariance += dOffset * dSlope;
+    line.dSlopeVariance += dSlope * dSlope;
+}
+
+LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, RobustFit tFit, double dUncertainShare) {
+    AddVariances(aFreed, tFit);
+    AddVariances(t.tFit.tLine, dUncertainShare, tFit.tLine);
     LineReading reading = {.tLine = tFit.tLine, .tAlong = t.tAlong, .dScatter = tFit.dScatter, .nLines = t.nLines,
                            .dWidth = t.dWidth, .dContrast = t.dContrast, .dLightStep = t.dLightStep, .aLeftOut = {}};
-    for (std::size_t i = 0; i < aCentres.size(); ++i)
+    for (std::size_t i = 0; i < aFreed.size(); ++i)
         if (tFit.adWeights[i] > 0)
             ++reading.nUsed;
         else
-            reading.aLeftOut.push_back(aCentres[i]);
+            reading.aLeftOut.push_back(aFreed[i]);
     return reading;
+}
+
+} // namespace
+
+std::vector<LineReading> ReadingsOf(std::span<const LineCentres> aLines) {
+    std::vector<RobustFit> aFits;
+    for (const LineCentres& t : aLines)
+        aFits.push_back(t.tFit);
+    std::vector<std::vector<LinePoint>> aaFreed(aLines.size());
+    PhaseError tError;
+    for (int nRound = 0; nRound < kRounds; ++nRound) {
+        std::vector<std::vector<Waves>> aaWaves;
+        for (std::size_t n = 0; n < aLines.size(); ++n)
+            aaWaves.push_back(WavesOf(aLines[n], aFits[n].tLine));
+        tError = ErrorOf(aLines, aaWaves);
+        for (std::size_t n = 0; n < aLines.size(); ++n) {
+            aaFreed[n] = Freed(aLines[n], aaWaves[n], tError);
+            FitOnce(aaFreed[n], aFits[n]);
+        }
+    }
+    std::vector<LineReading> a;
+    for (std::size_t n = 0; n < aLines.size(); ++n)
+        a.push_back(ReadingOf(aLines[n], aaFreed[n], std::move(aFits[n]), tError.dUncertainShare));
+    return a;
 }
 
 } // namespace tools
