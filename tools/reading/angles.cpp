@@ -11,12 +11,14 @@ UncertainNumber Difference(UncertainNumber tSlave, UncertainNumber tMaster) {
 
 constexpr double kDegrees = 57.29577951308232; // per radian
 
-// By how much the library's formulas miss a camera's rotation, first about y, then about x, where it is tilted
-// about both: they take a side for as long as its middle is near, and upright. To the third order.
+// By how much the library's formulas miss a camera's rotation, first about y, then about x, where it is
+// tilted about both: they take a side for as long as its middle is near, and upright. To the third order.
 Angles FormulaErrors(const CameraReading& t, const ChartMeasures& tMeasures) {
     const double x = t.tTiltX.dValue / kDegrees, y = t.tTiltY.dValue / kDegrees;
-    const double dSpanX = std::pow(tMeasures.dHalfSpanX / tMeasures.dDistance, 2), dSpanY = std::pow(tMeasures.dHalfSpanY / tMeasures.dDistance, 2);
-    return {x * y * y * (1.5 + 2 * dSpanX + dSpanY) * kDegrees, y * x * x * (1 + dSpanX + 2 * dSpanY) * kDegrees, 0};
+    const double dSpanX = std::pow(tMeasures.dHalfSpanX / tMeasures.dDistance, 2),
+                 dSpanY = std::pow(tMeasures.dHalfSpanY / tMeasures.dDistance, 2);
+    return {x * y * y * (1.5 + 2 * dSpanX + dSpanY) * kDegrees,
+            y * x * x * (1 + dSpanX + 2 * dSpanY) * kDegrees, 0};
 }
 
 } // namespace
@@ -29,7 +31,8 @@ UncertainNumber Rescaled(UncertainNumber tRaw) {
     return {std::copysign(dMagnitude, tRaw.dValue), tRaw.dVariance * kFactor * kFactor};
 }
 
-UncertainAngles AnglesOf(const CameraReading& tMaster, const CameraReading& tSlave, const ChartMeasures& tMeasures) {
+UncertainAngles AnglesOf(const CameraReading& tMaster, const CameraReading& tSlave,
+                         const ChartMeasures& tMeasures) {
     UncertainAngles t;
     t.aRaw = {Difference(tSlave.tTiltX, tMaster.tTiltX), Difference(tSlave.tTiltY, tMaster.tTiltY),
               Difference(tSlave.tRoll, tMaster.tRoll)};

@@ -6,8 +6,8 @@
 
 namespace tools {
 
-// A picture as a walk along one of its axes sees it: its lines across are numbered along the walk, the samples
-// on each of them across it. Rows and columns are one case that way.
+// A picture as a walk along one of its axes sees it: its lines across are numbered along the walk, the
+// samples on each of them across it. Rows and columns are one case that way.
 struct AxisView {
     const unsigned char* pGrey;
     int nAlong, nAcross; // sizes

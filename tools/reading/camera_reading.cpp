@@ -22,9 +22,13 @@ constexpr double kLeastShare = 0.3; // of a half side's lines across
 
 using Corners = std::array<Point, 4>;
 
-bool IsHorizontal(std::size_t nSide) { return nSide % 2 == 1; }
+bool IsHorizontal(std::size_t nSide) {
+    return nSide % 2 == 1;
+}
 
-double Along(bool bHorizontal, Point t) { return bHorizontal ? t.dX : t.dY; }
+double Along(bool bHorizontal, Point t) {
+    return bHorizontal ? t.dX : t.dY;
+}
 
 // The straight line between two points.
 UncertainLine LineBetween(bool bHorizontal, Point tFrom, Point tTo) {
@@ -35,7 +39,8 @@ UncertainLine LineBetween(bool bHorizontal, Point tFrom, Point tTo) {
 
 // Where the diagonals cross: the picture of the frame's middle.
 Point MiddleOf(const Corners& a) {
-    const double dX1 = a[3].dX - a[0].dX, dY1 = a[3].dY - a[0].dY, dX2 = a[2].dX - a[1].dX, dY2 = a[2].dY - a[1].dY;
+    const double dX1 = a[3].dX - a[0].dX, dY1 = a[3].dY - a[0].dY, dX2 = a[2].dX - a[1].dX,
+                 dY2 = a[2].dY - a[1].dY;
     const double d = ((a[1].dX - a[0].dX) * dY2 - (a[1].dY - a[0].dY) * dX2) / (dX1 * dY2 - dY1 * dX2);
     return {a[0].dX + d * dX1, a[0].dY + d * dY1};
 }
@@ -53,7 +58,8 @@ struct Half {
 Half HalfOf(std::size_t nSide, std::size_t nEnd, const Corners& a) {
     const bool bHorizontal = IsHorizontal(nSide);
     const Point tFrom = a[kSides[nSide].nFrom], tTo = a[kSides[nSide].nTo];
-    return {bHorizontal, LineBetween(bHorizontal, tFrom, tTo), Along(bHorizontal, MiddleOf(a)), Along(bHorizontal, nEnd == 0 ? tFrom : tTo)};
+    return {bHorizontal, LineBetween(bHorizontal, tFrom, tTo), Along(bHorizontal, MiddleOf(a)),
+            Along(bHorizontal, nEnd == 0 ? tFrom : tTo)};
 }
 
 using RoughHalves = std::array<std::array<RoughLine, 2>, 4>;
@@ -65,7 +71,8 @@ std::optional<RoughHalves> RoughHalvesOf(const Picture& tPicture, const Corners&
     for (std::size_t nSide = 0; nSide < 4; ++nSide)
         for (std::size_t nEnd = 0; nEnd < 2; ++nEnd) {
             const Half t = HalfOf(nSide, nEnd, a);
-            const auto o = ReadRoughly(ViewAlong(t.bHorizontal, tPicture), t.Along(dReach), t.tExpected, dReach);
+            const auto o =
+                ReadRoughly(ViewAlong(t.bHorizontal, tPicture), t.Along(dReach), t.tExpected, dReach);
             if (!o)
                 return std::nullopt;
             aa[nSide][nEnd] = *o;
@@ -114,14 +121,16 @@ RoughLine ExpectedBar(bool bHorizontal, const Corners& a, double dWidth) {
     const SideName &tFirst = kSides[bHorizontal ? 1 : 0], &tSecond = kSides[bHorizontal ? 3 : 2];
     const Point tMiddle = MiddleOf(a);
     const double dSlope = (LineBetween(bHorizontal, a[tFirst.nFrom], a[tFirst.nTo]).dSlope +
-                           LineBetween(bHorizontal, a[tSecond.nFrom], a[tSecond.nTo]).dSlope) / 2;
+                           LineBetween(bHorizontal, a[tSecond.nFrom], a[tSecond.nTo]).dSlope) /
+                          2;
     return {{Along(bHorizontal, tMiddle), Along(!bHorizontal, tMiddle), dSlope}, dWidth};
 }
 
 bool ReadCross(const Picture& tPicture, const Corners& a, double dWidth, ChartLines& lines) {
     return std::ranges::all_of(std::array{true, false}, [&](bool bHorizontal) {
         const double dHalf = (Along(bHorizontal, a[3]) - Along(bHorizontal, a[0])) / 2;
-        return Add(ReadBar(ViewAlong(bHorizontal, tPicture), ExpectedBar(bHorizontal, a, dWidth), dHalf), lines);
+        return Add(ReadBar(ViewAlong(bHorizontal, tPicture), ExpectedBar(bHorizontal, a, dWidth), dHalf),
+                   lines);
     });
 }
 
@@ -153,12 +162,15 @@ ReadingOutcome ReadFrom(const Picture& tPicture, const ChartMeasures& tMeasures,
 }
 
 bool LieIn(const Picture& tPicture, const Corners& a) {
-    return std::ranges::all_of(a, [&](Point t) { return t.dX >= 0 && t.dY >= 0 && t.dX < tPicture.nColumns && t.dY < tPicture.nRows; });
+    return std::ranges::all_of(a, [&](Point t) {
+        return t.dX >= 0 && t.dY >= 0 && t.dX < tPicture.nColumns && t.dY < tPicture.nRows;
+    });
 }
 
 } // namespace
 
-ReadingOutcome ReadCamera(const Picture& tPicture, const ChartMeasures& tMeasures, const std::optional<std::array<Point, 4>>& oCorners) {
+ReadingOutcome ReadCamera(const Picture& tPicture, const ChartMeasures& tMeasures,
+                          const std::optional<std::array<Point, 4>>& oCorners) {
     if (oCorners && LieIn(tPicture, *oCorners) && AreLikeAFrame(*oCorners, tMeasures))
         if (ReadingOutcome t = ReadFrom(tPicture, tMeasures, *oCorners); t.oReading)
             return t;

@@ -6,9 +6,9 @@
 namespace tools {
 namespace {
 
-constexpr int kProbes = 32;      // from the middle towards the frame
-constexpr double kAway = 1.5;    // widths of the line from the expected place: beyond it is no bar
-constexpr double kOther = 1.5;   // widths of the line: so far from the middle the other bar is in the way
+constexpr int kProbes = 32;    // from the middle towards the frame
+constexpr double kAway = 1.5;  // widths of the line from the expected place: beyond it is no bar
+constexpr double kOther = 1.5; // widths of the line: so far from the middle the other bar is in the way
 
 // How far the bar reaches from the middle, px: to where the most probes before it show ink and the fewest
 // behind it.
@@ -33,13 +33,16 @@ double ReachOf(const AxisView& tView, const RoughLine& t, double dWay) {
 
 std::optional<LineCentres> ReadBar(const AxisView& tView, const RoughLine& tExpected, double dHalf) {
     const double dMiddle = tExpected.tLine.dMiddle, dWay = dHalf - 2 * tExpected.dWidth;
-    const Stretch tAlong = {dMiddle - ReachOf(tView, tExpected, -dWay) + tExpected.dWidth, dMiddle + ReachOf(tView, tExpected, dWay) - tExpected.dWidth};
+    const Stretch tAlong = {dMiddle - ReachOf(tView, tExpected, -dWay) + tExpected.dWidth,
+                            dMiddle + ReachOf(tView, tExpected, dWay) - tExpected.dWidth};
     if (tAlong.Length() < 0.3 * dHalf)
         return std::nullopt;
-    const auto oRough = ReadRoughly(tView, tAlong, tExpected.tLine, kAway * tExpected.dWidth + tExpected.dWidth);
+    const auto oRough =
+        ReadRoughly(tView, tAlong, tExpected.tLine, kAway * tExpected.dWidth + tExpected.dWidth);
     if (!oRough)
         return std::nullopt;
-    return ReadCentres(tView, tAlong, {oRough->tLine, tExpected.dWidth}, Stretch{dMiddle - kOther * tExpected.dWidth, dMiddle + kOther * tExpected.dWidth});
+    return ReadCentres(tView, tAlong, {oRough->tLine, tExpected.dWidth},
+                       Stretch{dMiddle - kOther * tExpected.dWidth, dMiddle + kOther * tExpected.dWidth});
 }
 
 } // namespace tools

@@ -14,8 +14,8 @@ constexpr double kWidestLine = 0.05; // of the picture's longer side
 constexpr int kLines = 4;            // in each direction; the frame has two, the cross one
 constexpr int kSlopes = 37;          // to both sides
 constexpr double kSlopeStep = 0.01;
-constexpr double kBin = 4.0;           // px
-constexpr double kApart = 0.05;        // of the picture's longer side: lines of the chart are farther apart
+constexpr double kBin = 4.0;            // px
+constexpr double kApart = 0.05;         // of the picture's longer side: lines of the chart are farther apart
 constexpr double kShapeTolerance = 0.2; // of the ratio of two lengths
 
 struct Levels {
@@ -26,11 +26,14 @@ Levels LevelsOf(const Picture& t) {
     std::vector<unsigned char> a;
     for (int y = kGrid / 2; y < t.nRows; y += kGrid)
         for (int x = kGrid / 2; x < t.nColumns; x += kGrid)
-            a.push_back(t.aGrey[static_cast<std::size_t>(y) * static_cast<std::size_t>(t.nColumns) + static_cast<std::size_t>(x)]);
+            a.push_back(t.aGrey[static_cast<std::size_t>(y) * static_cast<std::size_t>(t.nColumns) +
+                                static_cast<std::size_t>(x)]);
     if (a.empty())
         return {};
     std::ranges::sort(a);
-    const auto At = [&](double dShare) { return static_cast<double>(a[static_cast<std::size_t>(dShare * static_cast<double>(a.size() - 1))]); };
+    const auto At = [&](double dShare) {
+        return static_cast<double>(a[static_cast<std::size_t>(dShare * static_cast<double>(a.size() - 1))]);
+    };
     return {At(kInkShare), At(0.5), At(1 - kInkShare)};
 }
 
@@ -82,7 +85,9 @@ std::vector<Voted> LinesAlong(bool bHorizontal, const Picture& tPicture, double 
     while (aLines.size() < kLines && !a.empty()) {
         aLines.push_back(MostVoted(a, tView));
         const double dApart = kApart * std::max(tView.nAlong, tView.nAcross);
-        std::erase_if(a, [&](const LinePoint& t) { return std::fabs(t.dAcross - aLines.back().tLine.At(t.dAlong)) < dApart; });
+        std::erase_if(a, [&](const LinePoint& t) {
+            return std::fabs(t.dAcross - aLines.back().tLine.At(t.dAlong)) < dApart;
+        });
     }
     std::ranges::sort(aLines, {}, [](const Voted& t) { return t.tLine.dOffset; });
     return aLines;
@@ -93,7 +98,9 @@ Point Crossing(const UncertainLine& tHorizontal, const UncertainLine& tVertical)
     return {dX, tHorizontal.At(dX)};
 }
 
-bool AreAlike(double dOne, double dOther) { return std::fabs(dOne - dOther) < kShapeTolerance * dOther; }
+bool AreAlike(double dOne, double dOther) {
+    return std::fabs(dOne - dOther) < kShapeTolerance * dOther;
+}
 
 using Corners = std::array<Point, 4>;
 
@@ -105,7 +112,8 @@ void ForEachRectangle(const std::vector<Voted>& aHorizontal, const std::vector<V
             for (auto pLeft = aVertical.begin(); pLeft != aVertical.end(); ++pLeft)
                 for (auto pRight = pLeft + 1; pRight != aVertical.end(); ++pRight)
                     Use(Corners{Crossing(pTop->tLine, pLeft->tLine), Crossing(pTop->tLine, pRight->tLine),
-                                Crossing(pBottom->tLine, pLeft->tLine), Crossing(pBottom->tLine, pRight->tLine)},
+                                Crossing(pBottom->tLine, pLeft->tLine),
+                                Crossing(pBottom->tLine, pRight->tLine)},
                         pTop->nVotes + pBottom->nVotes + pLeft->nVotes + pRight->nVotes);
 }
 
@@ -117,8 +125,10 @@ double Length(const Corners& a, std::size_t nSide) {
 } // namespace
 
 bool AreLikeAFrame(const std::array<Point, 4>& aCorners, const ChartMeasures& tMeasures) {
-    const double dLeft = Length(aCorners, 0), dTop = Length(aCorners, 1), dRight = Length(aCorners, 2), dBottom = Length(aCorners, 3);
-    return aCorners[0].dX < aCorners[1].dX && aCorners[0].dY < aCorners[2].dY && AreAlike(dLeft, dRight) && AreAlike(dTop, dBottom) &&
+    const double dLeft = Length(aCorners, 0), dTop = Length(aCorners, 1), dRight = Length(aCorners, 2),
+                 dBottom = Length(aCorners, 3);
+    return aCorners[0].dX < aCorners[1].dX && aCorners[0].dY < aCorners[2].dY && AreAlike(dLeft, dRight) &&
+           AreAlike(dTop, dBottom) &&
            AreAlike((dTop + dBottom) / tMeasures.dHalfSpanX, (dLeft + dRight) / tMeasures.dHalfSpanY);
 }
 
@@ -129,7 +139,8 @@ FrameFound FindFrame(const Picture& tPicture, const ChartMeasures& tMeasures) {
     if (dPaper - dInk < kLeastContrast)
         return {{}, NoReading::kNoContrast};
     const double dThreshold = (dInk + dPaper) / 2;
-    const std::vector<Voted> aHorizontal = LinesAlong(true, tPicture, dThreshold), aVertical = LinesAlong(false, tPicture, dThreshold);
+    const std::vector<Voted> aHorizontal = LinesAlong(true, tPicture, dThreshold),
+                             aVertical = LinesAlong(false, tPicture, dThreshold);
     FrameFound tFound = {{}, NoReading::kNoFrame};
     int nMost = 0, nMostOnSide = 0;
     const ChartMeasures tOnSide = {tMeasures.dDistance, tMeasures.dHalfSpanY, tMeasures.dHalfSpanX};

@@ -12,8 +12,12 @@ struct Samples {
     bool LieIn(const AxisView& t) const { return nFirst >= 0 && nFirst <= nLast && nLast < t.nAcross; }
 };
 
-int Up(double d) { return static_cast<int>(std::ceil(d)); }
-int Down(double d) { return static_cast<int>(std::floor(d)); }
+int Up(double d) {
+    return static_cast<int>(std::ceil(d));
+}
+int Down(double d) {
+    return static_cast<int>(std::floor(d));
+}
 
 double Mean(const AxisView& tView, int nLine, Samples t) {
     double dSum = 0;
@@ -56,7 +60,8 @@ double MissingLight(const AxisView& tView, int nLine, double dFrom, int nTo, dou
 } // namespace
 
 std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddle, double dReach) {
-    const Samples t = {std::max(Up(dMiddle - dReach), 1), std::min(Down(dMiddle + dReach), tView.nAcross - 2)};
+    const Samples t = {std::max(Up(dMiddle - dReach), 1),
+                       std::min(Down(dMiddle + dReach), tView.nAcross - 2)};
     if (nLine < 0 || nLine >= tView.nAlong || t.nLast - t.nFirst < 4)
         return std::nullopt;
     int nDarkest = t.nFirst;
@@ -81,7 +86,8 @@ std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddl
     const Samples tInk = {Up(dMiddle - dWidth / 4), Down(dMiddle + dWidth / 4)};
     const Samples tBefore = {Up(dMiddle - dEnd), Down(dMiddle - dClear)};
     const Samples tAfter = {Up(dMiddle + dClear), Down(dMiddle + dEnd)};
-    if (nLine < 0 || nLine >= tView.nAlong || !tInk.LieIn(tView) || !tBefore.LieIn(tView) || !tAfter.LieIn(tView))
+    if (nLine < 0 || nLine >= tView.nAlong || !tInk.LieIn(tView) || !tBefore.LieIn(tView) ||
+        !tAfter.LieIn(tView))
         return std::nullopt;
     const double dDark = Mean(tView, nLine, tInk);
     const double dBefore = Mean(tView, nLine, tBefore), dAfter = Mean(tView, nLine, tAfter);
@@ -93,8 +99,13 @@ std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddl
         return std::nullopt;
     const double dBehind = MissingLight(tView, nLine, dMiddle, tAfter.nFirst - 1, dAfter) / (dAfter - dDark);
     const double dAhead = MissingLight(tView, nLine, dMiddle, tBefore.nLast + 1, dBefore) / (dBefore - dDark);
-    return InkAcross{(*oFirst + *oLast) / 2, *oLast - *oFirst, dMiddle + (dBehind - dAhead) / 2, dBehind + dAhead,
-                     dDark, dBefore, dAfter};
+    return InkAcross{(*oFirst + *oLast) / 2,
+                     *oLast - *oFirst,
+                     dMiddle + (dBehind - dAhead) / 2,
+                     dBehind + dAhead,
+                     dDark,
+                     dBefore,
+                     dAfter};
 }
 
 } // namespace tools

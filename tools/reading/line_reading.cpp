@@ -48,7 +48,8 @@ std::vector<LinePoint> CentresOf(const std::vector<Ink>& a, double dWidth) {
     std::vector<LinePoint> aPoints;
     aPoints.reserve(a.size());
     for (const Ink& t : a)
-        aPoints.push_back({static_cast<double>(t.nLine), t.tAcross.dCentre, Biweight((t.tAcross.dWidth - dWidth) / (1.5 * dScatter))});
+        aPoints.push_back({static_cast<double>(t.nLine), t.tAcross.dCentre,
+                           Biweight((t.tAcross.dWidth - dWidth) / (1.5 * dScatter))});
     return aPoints;
 }
 
@@ -61,12 +62,15 @@ double LightStepOf(const std::vector<Ink>& a) {
     double dStep = 0;
     std::optional<BlockLight> oLast;
     for (std::size_t i = 0; i < kLightBlocks; ++i) {
-        const std::vector<Ink> aBlock(a.begin() + std::ssize(a) * static_cast<std::ptrdiff_t>(i) / std::ptrdiff_t{kLightBlocks},
-                                      a.begin() + std::ssize(a) * static_cast<std::ptrdiff_t>(i + 1) / std::ptrdiff_t{kLightBlocks});
-        const BlockLight t = {Median(Collected(aBlock, &InkAcross::dPaperBefore)), Median(Collected(aBlock, &InkAcross::dPaperAfter))};
+        const std::vector<Ink> aBlock(
+            a.begin() + std::ssize(a) * static_cast<std::ptrdiff_t>(i) / std::ptrdiff_t{kLightBlocks},
+            a.begin() + std::ssize(a) * static_cast<std::ptrdiff_t>(i + 1) / std::ptrdiff_t{kLightBlocks});
+        const BlockLight t = {Median(Collected(aBlock, &InkAcross::dPaperBefore)),
+                              Median(Collected(aBlock, &InkAcross::dPaperAfter))};
         dStep = std::max(dStep, std::fabs(t.dBefore - t.dAfter));
         if (oLast)
-            dStep = std::max({dStep, std::fabs(t.dBefore - oLast->dBefore), std::fabs(t.dAfter - oLast->dAfter)});
+            dStep =
+                std::max({dStep, std::fabs(t.dBefore - oLast->dBefore), std::fabs(t.dAfter - oLast->dAfter)});
         oLast = t;
     }
     return dStep;
@@ -107,8 +111,15 @@ std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, co
     const std::optional<RobustFit> oFit = FitRobustly(aCentres, tRough.tLine);
     if (!oFit)
         return std::nullopt;
-    return LineCentres{tAlong, nLines, std::move(aCentres), Collected(aInk, &InkAcross::dCentreByLight), *oFit,
-                       dWidth, Median(Collected(aInk, &InkAcross::dWidthByLight)), ContrastOf(aInk), LightStepOf(aInk)};
+    return LineCentres{tAlong,
+                       nLines,
+                       std::move(aCentres),
+                       Collected(aInk, &InkAcross::dCentreByLight),
+                       *oFit,
+                       dWidth,
+                       Median(Collected(aInk, &InkAcross::dWidthByLight)),
+                       ContrastOf(aInk),
+                       LightStepOf(aInk)};
 }
 
 } // namespace tools

@@ -45,12 +45,12 @@ std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, co
 // What a stretch of a line tells.
 struct LineReading {
     UncertainLine tLine;
-    Stretch tAlong;            // what was read
-    double dScatter;           // of the centres about the line, px
-    int nLines = 0, nUsed = 0; // across; of them those that count in the line
-    double dWidth;             // of the ink, px
-    double dContrast;          // from ink to paper, grey levels
-    double dLightStep;         // grey levels: the largest one of the paper along the line or across it
+    Stretch tAlong;                  // what was read
+    double dScatter;                 // of the centres about the line, px
+    int nLines = 0, nUsed = 0;       // across; of them those that count in the line
+    double dWidth;                   // of the ink, px
+    double dContrast;                // from ink to paper, grey levels
+    double dLightStep;               // grey levels: the largest one of the paper along the line or across it
     std::vector<LinePoint> aLeftOut; // centres that do not count
 };
 

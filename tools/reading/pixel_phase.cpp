@@ -6,15 +6,17 @@ namespace tools {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr int kRounds = 3;        // a line's place tells the error, and without it the line's place changes
-constexpr int kSweeps = 20;       // until the amplitudes stand
-constexpr double kCertainty = 1;  // centres' worth of belief that there is no error
-constexpr double kShapeShare = 0.03; // of the error, that its three waves do not hold
+constexpr int kRounds = 3;       // a line's place tells the error, and without it the line's place changes
+constexpr int kSweeps = 20;      // until the amplitudes stand
+constexpr double kCertainty = 1; // centres' worth of belief that there is no error
+constexpr double kShapeShare = 0.05; // of the error, that its three waves do not hold
 
 // With one, two and three periods to a px: of the error at an edge, or how they show in a centre.
 using Waves = std::array<double, 3>;
 
-double Product(const Waves& a, const Waves& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+double Product(const Waves& a, const Waves& b) {
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
 
 // How the waves of both edges add up in the centres of a line.
 std::vector<Waves> WavesOf(const LineCentres& t, const UncertainLine& tLine) {
@@ -23,7 +25,8 @@ std::vector<Waves> WavesOf(const LineCentres& t, const UncertainLine& tLine) {
     std::vector<Waves> a;
     a.reserve(t.aCentres.size());
     for (const LinePoint& tCentre : t.aCentres) {
-        const double dAngle = 2 * kPi * tLine.At(tCentre.dAlong), dSine = std::sin(dAngle), dCosine = std::cos(dAngle);
+        const double dAngle = 2 * kPi * tLine.At(tCentre.dAlong), dSine = std::sin(dAngle),
+                     dCosine = std::cos(dAngle);
         a.push_back({ad[0] * dSine, ad[1] * 2 * dSine * dCosine, ad[2] * dSine * (3 - 4 * dSine * dSine)});
     }
     return a;
@@ -68,7 +71,8 @@ PhaseError ErrorOf(std::span<const LineCentres> aLines, std::span<const std::vec
     WaveSums tSums;
     for (std::size_t n = 0; n < aLines.size(); ++n)
         for (std::size_t i = 0; i < aaWaves[n].size(); ++i)
-            tSums.Add(aLines[n].tFit.adWeights[i], aaWaves[n][i], aLines[n].aCentres[i].dAcross - aLines[n].adByLight[i]);
+            tSums.Add(aLines[n].tFit.adWeights[i], aaWaves[n][i],
+                      aLines[n].aCentres[i].dAcross - aLines[n].adByLight[i]);
     return Solved(tSums);
 }
 
@@ -81,17 +85,25 @@ std::vector<LinePoint> Freed(const LineCentres& t, std::span<const Waves> aWaves
 
 // What the error has moved the line by is known to a share.
 void AddVariances(const UncertainLine& tBefore, double dShare, UncertainLine& line) {
-    const double dOffset = dShare * (line.dOffset - tBefore.At(line.dMiddle)), dSlope = dShare * (line.dSlope - tBefore.dSlope);
+    const double dOffset = dShare * (line.dOffset - tBefore.At(line.dMiddle)),
+                 dSlope = dShare * (line.dSlope - tBefore.dSlope);
     line.dOffsetVariance += dOffset * dOffset;
     line.dCovariance += dOffset * dSlope;
     line.dSlopeVariance += dSlope * dSlope;
 }
 
-LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, RobustFit tFit, double dUncertainShare) {
+LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, RobustFit tFit,
+                      double dUncertainShare) {
     AddVariances(aFreed, tFit);
     AddVariances(t.tFit.tLine, dUncertainShare, tFit.tLine);
-    LineReading reading = {.tLine = tFit.tLine, .tAlong = t.tAlong, .dScatter = tFit.dScatter, .nLines = t.nLines,
-                           .dWidth = t.dWidth, .dContrast = t.dContrast, .dLightStep = t.dLightStep, .aLeftOut = {}};
+    LineReading reading = {.tLine = tFit.tLine,
+                           .tAlong = t.tAlong,
+                           .dScatter = tFit.dScatter,
+                           .nLines = t.nLines,
+                           .dWidth = t.dWidth,
+                           .dContrast = t.dContrast,
+                           .dLightStep = t.dLightStep,
+                           .aLeftOut = {}};
     for (std::size_t i = 0; i < aFreed.size(); ++i)
         if (tFit.adWeights[i] > 0)
             ++reading.nUsed;

@@ -67,8 +67,8 @@ double CorrelationFactor(std::span<const double> ad) {
 }
 
 // Variance of an M-estimate of the place of a point whose weight is 1, times the number of such points.
-double PointVariance(std::span<const LinePoint> aPoints, std::span<const double> adResiduals,
-                     double dScatter, double dWeights) {
+double PointVariance(std::span<const LinePoint> aPoints, std::span<const double> adResiduals, double dScatter,
+                     double dWeights) {
     std::vector<double> adInfluences;
     adInfluences.reserve(aPoints.size());
     double dSquares = 0, dSlopes = 0, dTrust = 0;
@@ -87,7 +87,8 @@ double PointVariance(std::span<const LinePoint> aPoints, std::span<const double>
 // The largest way of a line between two fits, px.
 double MoveOf(std::span<const LinePoint> aPoints, const UncertainLine& tOne, const UncertainLine& tOther) {
     const double dFirst = aPoints.front().dAlong, dLast = aPoints.back().dAlong;
-    return std::max(std::fabs(tOne.At(dFirst) - tOther.At(dFirst)), std::fabs(tOne.At(dLast) - tOther.At(dLast)));
+    return std::max(std::fabs(tOne.At(dFirst) - tOther.At(dFirst)),
+                    std::fabs(tOne.At(dLast) - tOther.At(dLast)));
 }
 
 } // namespace

@@ -43,8 +43,8 @@ struct RobustFit {
     std::vector<double> adWeights; // of each point in the end; 0: left out
 };
 
-// By iterated reweighting with Tukey's biweight, from a line near the right one on; without variances. Nothing
-// if too few points count in the end.
+// By iterated reweighting with Tukey's biweight, from a line near the right one on; without variances.
+// Nothing if too few points count in the end.
 std::optional<RobustFit> FitRobustly(std::span<const LinePoint> aPoints, const UncertainLine& tStart);
 
 // Fits the line anew with the weights that are there. False if too few points have one.

@@ -22,17 +22,21 @@ struct Side {
 };
 
 Side SideOf(const CameraReading& reading, std::size_t nSide) {
-    const Point tFrom = reading.aCorners[kSides[nSide].nFrom].tPlace, tTo = reading.aCorners[kSides[nSide].nTo].tPlace;
+    const Point tFrom = reading.aCorners[kSides[nSide].nFrom].tPlace,
+                tTo = reading.aCorners[kSides[nSide].nTo].tPlace;
     const double dX = tTo.dX - tFrom.dX, dY = tTo.dY - tFrom.dY, dLength = std::hypot(dX, dY);
     return {dLength, {dX / dLength, dY / dLength}};
 }
 
 // The tilt that makes one of two opposite sides look longer than the other. No corner belongs to both.
-UncertainNumber TiltOf(const CameraReading& reading, std::size_t nFirst, std::size_t nSecond, double dDistance, double dHalfSpan) {
+UncertainNumber TiltOf(const CameraReading& reading, std::size_t nFirst, std::size_t nSecond,
+                       double dDistance, double dHalfSpan) {
     const double a = reading.aSides[nFirst].dValue, b = reading.aSides[nSecond].dValue;
     const double q = dDistance / dHalfSpan * (a - b) / (a + b);
     const double dPerRatio = kDegrees / (1 + q * q) * dDistance / dHalfSpan * 2 / ((a + b) * (a + b));
-    return {std::atan(q) * kDegrees, dPerRatio * dPerRatio * (b * b * reading.aSides[nFirst].dVariance + a * a * reading.aSides[nSecond].dVariance)};
+    return {std::atan(q) * kDegrees,
+            dPerRatio * dPerRatio *
+                (b * b * reading.aSides[nFirst].dVariance + a * a * reading.aSides[nSecond].dVariance)};
 }
 
 } // namespace
@@ -45,13 +49,17 @@ UncertainPoint CrossingOf(const UncertainLine& tHorizontal, const UncertainLine&
     // (e, m e) / divisor.
     const double dAcrossRows = tHorizontal.VarianceAt(dX) / (dDivisor * dDivisor);
     const double dAcrossColumns = tVertical.VarianceAt(dY) / (dDivisor * dDivisor);
-    return {{dX, dY}, n * n * dAcrossRows + dAcrossColumns, n * dAcrossRows + m * dAcrossColumns, dAcrossRows + m * m * dAcrossColumns};
+    return {{dX, dY},
+            n * n * dAcrossRows + dAcrossColumns,
+            n * dAcrossRows + m * dAcrossColumns,
+            dAcrossRows + m * m * dAcrossColumns};
 }
 
 void DeriveAngles(const ChartMeasures& tMeasures, CameraReading& reading) {
     for (std::size_t n = 0; n < 4; ++n) {
         const Side t = SideOf(reading, n);
-        reading.aSides[n] = {t.dLength, VarianceAlong(t.tEnd, reading.aCorners[kSides[n].nFrom]) + VarianceAlong(t.tEnd, reading.aCorners[kSides[n].nTo])};
+        reading.aSides[n] = {t.dLength, VarianceAlong(t.tEnd, reading.aCorners[kSides[n].nFrom]) +
+                                            VarianceAlong(t.tEnd, reading.aCorners[kSides[n].nTo])};
     }
     reading.tTiltX = TiltOf(reading, 1, 3, tMeasures.dDistance, tMeasures.dHalfSpanY);
     reading.tTiltX.dValue = -reading.tTiltX.dValue;
