@@ -9,7 +9,7 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr int kRounds = 3;       // a line's place tells the error, and without it the line's place changes
 constexpr int kSweeps = 20;      // until the amplitudes stand
 constexpr double kCertainty = 1; // centres' worth of belief that there is no error
-constexpr double kShapeShare = 0.05; // of the error, that its three waves do not hold
+constexpr double kShapeShare = 0.04; // of the error, by which its shape differs from three waves
 
 // With one, two and three periods to a px: of the error at an edge, or how they show in a centre.
 using Waves = std::array<double, 3>;
@@ -50,8 +50,7 @@ struct WaveSums {
 };
 
 struct PhaseError {
-    Waves adAmplitudes = {};
-    double dUncertainShare = 0; // of it
+    Waves adAmplitudes = {}, adUncertainties = {};
 };
 
 PhaseError Solved(const WaveSums& t) {
@@ -62,8 +61,10 @@ PhaseError Solved(const WaveSums& t) {
             const double dOwn = t.aadProducts[n][n];
             ad[n] = (t.adDifferences[n] - Product(t.aadProducts[n], ad) + dOwn * ad[n]) / (dOwn + kCertainty);
         }
-    const double dUncertainty = std::sqrt(t.dSquares / t.dWeights / (t.aadProducts[0][0] + kCertainty));
-    error.dUncertainShare = std::hypot(kShapeShare, dUncertainty / ad[0]);
+    const double dShape = kShapeShare * std::sqrt(Product(ad, ad));
+    for (std::size_t n = 0; n < 3; ++n)
+        error.adUncertainties[n] =
+            std::hypot(dShape, std::sqrt(t.dSquares / t.dWeights / (t.aadProducts[n][n] + kCertainty)));
     return error;
 }
 
@@ -83,19 +84,22 @@ std::vector<LinePoint> Freed(const LineCentres& t, std::span<const Waves> aWaves
     return a;
 }
 
-// What the error has moved the line by is known to a share.
-void AddVariances(const UncertainLine& tBefore, double dShare, UncertainLine& line) {
-    const double dOffset = dShare * (line.dOffset - tBefore.At(line.dMiddle)),
-                 dSlope = dShare * (line.dSlope - tBefore.dSlope);
-    line.dOffsetVariance += dOffset * dOffset;
-    line.dCovariance += dOffset * dSlope;
-    line.dSlopeVariance += dSlope * dSlope;
+// The line moves with each wave's amplitude as if the wave were its points.
+void AddVariances(std::vector<LinePoint> aPoints, std::span<const Waves> aWaves, const Waves& adUncertainties,
+                  RobustFit& fit) {
+    for (std::size_t n = 0; n < 3; ++n) {
+        for (std::size_t i = 0; i < aPoints.size(); ++i)
+            aPoints[i].dAcross = adUncertainties[n] * aWaves[i][n];
+        RobustFit tMoved = fit;
+        FitOnce(aPoints, tMoved);
+        const double dOffset = tMoved.tLine.At(fit.tLine.dMiddle), dSlope = tMoved.tLine.dSlope;
+        fit.tLine.dOffsetVariance += dOffset * dOffset;
+        fit.tLine.dCovariance += dOffset * dSlope;
+        fit.tLine.dSlopeVariance += dSlope * dSlope;
+    }
 }
 
-LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, RobustFit tFit,
-                      double dUncertainShare) {
-    AddVariances(aFreed, tFit);
-    AddVariances(t.tFit.tLine, dUncertainShare, tFit.tLine);
+LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, const RobustFit& tFit) {
     LineReading reading = {.tLine = tFit.tLine,
                            .tAlong = t.tAlong,
                            .dScatter = tFit.dScatter,
@@ -115,24 +119,28 @@ LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, R
 } // namespace
 
 std::vector<LineReading> ReadingsOf(std::span<const LineCentres> aLines) {
+    const std::size_t nLines = aLines.size();
     std::vector<RobustFit> aFits;
     for (const LineCentres& t : aLines)
         aFits.push_back(t.tFit);
-    std::vector<std::vector<LinePoint>> aaFreed(aLines.size());
+    std::vector<std::vector<LinePoint>> aaFreed(nLines);
+    std::vector<std::vector<Waves>> aaWaves(nLines);
     PhaseError tError;
     for (int nRound = 0; nRound < kRounds; ++nRound) {
-        std::vector<std::vector<Waves>> aaWaves;
-        for (std::size_t n = 0; n < aLines.size(); ++n)
-            aaWaves.push_back(WavesOf(aLines[n], aFits[n].tLine));
+        for (std::size_t n = 0; n < nLines; ++n)
+            aaWaves[n] = WavesOf(aLines[n], aFits[n].tLine);
         tError = ErrorOf(aLines, aaWaves);
-        for (std::size_t n = 0; n < aLines.size(); ++n) {
+        for (std::size_t n = 0; n < nLines; ++n) {
             aaFreed[n] = Freed(aLines[n], aaWaves[n], tError);
             FitOnce(aaFreed[n], aFits[n]);
         }
     }
     std::vector<LineReading> a;
-    for (std::size_t n = 0; n < aLines.size(); ++n)
-        a.push_back(ReadingOf(aLines[n], aaFreed[n], std::move(aFits[n]), tError.dUncertainShare));
+    for (std::size_t n = 0; n < nLines; ++n) {
+        AddVariances(aaFreed[n], aFits[n]);
+        AddVariances(aaFreed[n], aaWaves[n], tError.adUncertainties, aFits[n]);
+        a.push_back(ReadingOf(aLines[n], aaFreed[n], aFits[n]));
+    }
     return a;
 }
 

@@ -2,6 +2,7 @@
 
 #include "tools/reading/pairs.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <map>
