@@ -6,14 +6,23 @@
 
 namespace tools {
 
-// A picture as a walk along one of its axes sees it: its lines across are numbered along the walk, the
-// samples on each of them across it. Rows and columns are one case that way.
+// The samples on a line across.
+struct LineAcross {
+    const unsigned char* pGrey;
+    std::ptrdiff_t nStep;
+
+    int operator[](int n) const { return pGrey[n * nStep]; }
+};
+
+// A picture as a walk along one of its axes sees it: its lines across are numbered along the walk. Rows and
+// columns are one case that way.
 struct AxisView {
     const unsigned char* pGrey;
     int nAlong, nAcross; // sizes
     std::ptrdiff_t nAlongStep, nAcrossStep;
 
-    double At(int nLine, int nSample) const { return pGrey[nLine * nAlongStep + nSample * nAcrossStep]; }
+    bool HasLine(int n) const { return n >= 0 && n < nAlong; }
+    LineAcross Line(int n) const { return {pGrey + n * nAlongStep, nAcrossStep}; }
 };
 
 // Along the rows for a line that runs from left to right, else along the columns. Looks at the picture.

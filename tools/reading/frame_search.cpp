@@ -43,9 +43,10 @@ std::vector<LinePoint> DarkPlaces(const AxisView& tView, double dThreshold) {
     const double dWidest = kWidestLine * std::max(tView.nAlong, tView.nAcross);
     for (int i = 0; i < kScans; ++i) {
         const int nLine = static_cast<int>((i + 0.5) * tView.nAlong / kScans);
+        const LineAcross tLine = tView.Line(nLine);
         int nLastPaper = 0;
         for (int n = 1; n + 1 < tView.nAcross; ++n) {
-            if ((tView.At(nLine, n - 1) + tView.At(nLine, n) + tView.At(nLine, n + 1)) / 3 <= dThreshold)
+            if ((tLine[n - 1] + tLine[n] + tLine[n + 1]) / 3.0 <= dThreshold)
                 continue;
             const int nDark = n - nLastPaper - 1;
             if (nDark >= 2 && nDark <= dWidest && nLastPaper > 0)

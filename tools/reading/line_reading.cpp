@@ -15,7 +15,7 @@ struct Ink {
     InkAcross tAcross;
 };
 
-std::vector<double> Collected(const std::vector<Ink>& a, double InkAcross::*pMember) {
+std::vector<double> Collected(std::span<const Ink> a, double InkAcross::*pMember) {
     std::vector<double> ad;
     ad.reserve(a.size());
     for (const Ink& t : a)
@@ -58,19 +58,17 @@ struct BlockLight {
     double dBefore, dAfter;
 };
 
-double LightStepOf(const std::vector<Ink>& a) {
+double LightStepOf(std::span<const Ink> a) {
     double dStep = 0;
     std::optional<BlockLight> oLast;
+    const std::size_t nSize = a.size() / kLightBlocks;
     for (std::size_t i = 0; i < kLightBlocks; ++i) {
-        const std::vector<Ink> aBlock(
-            a.begin() + std::ssize(a) * static_cast<std::ptrdiff_t>(i) / std::ptrdiff_t{kLightBlocks},
-            a.begin() + std::ssize(a) * static_cast<std::ptrdiff_t>(i + 1) / std::ptrdiff_t{kLightBlocks});
+        const std::span<const Ink> aBlock = a.subspan(i * nSize, nSize);
         const BlockLight t = {Median(Collected(aBlock, &InkAcross::dPaperBefore)),
                               Median(Collected(aBlock, &InkAcross::dPaperAfter))};
-        dStep = std::max(dStep, std::fabs(t.dBefore - t.dAfter));
-        if (oLast)
-            dStep =
-                std::max({dStep, std::fabs(t.dBefore - oLast->dBefore), std::fabs(t.dAfter - oLast->dAfter)});
+        const BlockLight tLast = oLast.value_or(t);
+        dStep = std::max({dStep, std::fabs(t.dBefore - t.dAfter), std::fabs(t.dBefore - tLast.dBefore),
+                          std::fabs(t.dAfter - tLast.dAfter)});
         oLast = t;
     }
     return dStep;
@@ -81,6 +79,15 @@ double ContrastOf(const std::vector<Ink>& a) {
     for (const auto& [nLine, t] : a)
         dSum += (t.dPaperBefore + t.dPaperAfter) / 2 - t.dDark;
     return dSum / static_cast<double>(a.size());
+}
+
+double WidthByLight(const std::vector<Ink>& a, const RobustFit& tFit) {
+    double dSum = 0, dWeights = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        dSum += tFit.adWeights[i] * a[i].tAcross.dWidthByLight;
+        dWeights += tFit.adWeights[i];
+    }
+    return dSum / dWeights;
 }
 
 } // namespace
@@ -117,7 +124,7 @@ std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, co
                        Collected(aInk, &InkAcross::dCentreByLight),
                        *oFit,
                        dWidth,
-                       Median(Collected(aInk, &InkAcross::dWidthByLight)),
+                       WidthByLight(aInk, *oFit),
                        ContrastOf(aInk),
                        LightStepOf(aInk)};
 }

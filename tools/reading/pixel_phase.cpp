@@ -6,10 +6,10 @@ namespace tools {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr int kRounds = 3;       // a line's place tells the error, and without it the line's place changes
+constexpr int kRounds = 2;       // a line's place tells the error, and without it the line's place changes
 constexpr int kSweeps = 20;      // until the amplitudes stand
 constexpr double kCertainty = 1; // centres' worth of belief that there is no error
-constexpr double kShapeShare = 0.04; // of the error, by which its shape differs from three waves
+constexpr double kShapeShare = 0.08; // of the error, by which its shape differs from three waves
 
 // With one, two and three periods to a px: of the error at an edge, or how they show in a centre.
 using Waves = std::array<double, 3>;

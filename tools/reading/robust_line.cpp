@@ -14,7 +14,7 @@ constexpr double kLeastScatter = 1e-3;
 
 constexpr int kScatterRounds = 2; // after them the scatter stays, so that the weights settle
 constexpr int kRounds = 30;
-constexpr double kSettled = 1e-5; // px
+constexpr double kSettled = 1e-4; // px
 
 std::vector<double> ResidualsOf(std::span<const LinePoint> aPoints, const UncertainLine& tLine) {
     std::vector<double> ad;

@@ -35,8 +35,8 @@ double WidthSpread(const CameraReading& reading, std::size_t nSide) {
     double dLeast = 1, dMost = 0;
     for (const std::size_t n : {nSide, nSide + 2})
         for (const LineReading& t : reading.aaHalves[n]) {
-            dLeast = std::min(dLeast, t.dWidth / reading.aSides[n].dValue);
-            dMost = std::max(dMost, t.dWidth / reading.aSides[n].dValue);
+            dLeast = std::min(dLeast, t.dWidth / std::pow(reading.aSides[n].dValue, 2));
+            dMost = std::max(dMost, t.dWidth / std::pow(reading.aSides[n].dValue, 2));
         }
     return 200 * (dMost - dLeast) / (dMost + dLeast);
 }
