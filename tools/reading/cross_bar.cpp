@@ -6,7 +6,7 @@
 namespace tools {
 namespace {
 
-constexpr int kProbes = 32;    // from the middle towards the frame
+constexpr int kProbes = 24;    // from the middle towards the frame
 constexpr double kAway = 1.5;  // widths of the line from the expected place: beyond it is no bar
 constexpr double kOther = 1.5; // widths of the line: so far from the middle the other bar is in the way
 

@@ -6,7 +6,7 @@
 namespace tools {
 namespace {
 
-constexpr int kRoughLines = 24;
+constexpr int kRoughLines = 16;
 constexpr std::size_t kLeastRough = kRoughLines / 3;
 constexpr std::size_t kLightBlocks = 8; // of a line, each with a level of its own
 

@@ -12,6 +12,8 @@ constexpr double kBiweightReach = 4.685;
 // px. Noise-free pictures of a line along the pixels have no scatter at all.
 constexpr double kLeastScatter = 1e-3;
 
+constexpr std::size_t kEnoughForScatter = 128; // of many points: it only scales weights
+
 constexpr int kScatterRounds = 2; // after them the scatter stays, so that the weights settle
 constexpr int kRounds = 30;
 constexpr double kSettled = 1e-4; // px
@@ -100,10 +102,11 @@ double Median(std::vector<double> ad) {
 }
 
 double RobustScatter(std::span<const double> ad, double dMiddle) {
+    const std::size_t nStep = 1 + ad.size() / kEnoughForScatter;
     std::vector<double> adDistances;
-    adDistances.reserve(ad.size());
-    for (const double d : ad)
-        adDistances.push_back(std::fabs(d - dMiddle));
+    adDistances.reserve(kEnoughForScatter);
+    for (std::size_t i = 0; i < ad.size(); i += nStep)
+        adDistances.push_back(std::fabs(ad[i] - dMiddle));
     return 1.4826 * Median(std::move(adDistances));
 }
 
