@@ -13,7 +13,7 @@ CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
 MAKEFLAGS += --no-print-directory
 .NOTPARALLEL: # two targets may build in one folder; each uses all cores
 .PHONY: all build help setup demo test test-clang test-asan test-browser fuzz test-arm64 compare-arm64 lint valgrind \
-  coverage install aar bench digests mutants clean
+  coverage install aar bench digests study mutants clean
 
 all: build
 build: build-release ## all that there is, optimised, into build/release
@@ -44,6 +44,11 @@ digests: ## writes the kept bits of all measurements and steps anew; their diffe
 	@build/release/tests/digest_tests --write >build/release/digests.txt
 	@mv build/release/digests.txt tests/data/digests.txt
 	@git --no-pager diff --stat tests/data/digests.txt
+
+study: ## the second reading of 2,000 clean and 1,000 dirty pairs against the truth, from pair FIRST (0) on
+	@$(MAKE) build-release TARGET=reading_tests
+	@build/release/tests/reading_tests --clean $(or $(FIRST),0) 2000
+	@build/release/tests/reading_tests --dirt $(or $(FIRST),0) 1000
 
 mutants: ## plants COUNT (100) faults in a copy of src/, drawn by SEED (1); lists what no test catches; fails below 95 %
 	@$(NEED) $(PACKAGES) python3

@@ -1,0 +1,48 @@
+#include "reading/cross_bar.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tools {
+namespace {
+
+constexpr int kProbes = 24;    // from the middle towards the frame
+constexpr double kAway = 1.5;  // widths of the line from the expected place: beyond it is no bar
+constexpr double kOther = 1.5; // widths of the line: so far from the middle the other bar is in the way
+
+// How far the bar reaches from the middle, px: to where the most probes before it show ink and the fewest
+// behind it.
+double ReachOf(const AxisView& tView, const RoughLine& t, double dWay) {
+    const double dFirst = kOther * t.dWidth;
+    int nInk = 0, nMost = 0;
+    double dReach = 0;
+    for (int i = 0; i < kProbes; ++i) {
+        const double dFromMiddle = dFirst + (std::fabs(dWay) - dFirst) * (i + 0.5) / kProbes;
+        const double dAlong = t.tLine.dMiddle + std::copysign(dFromMiddle, dWay);
+        const auto o = FindInk(tView, static_cast<int>(dAlong), t.tLine.At(dAlong), 3 * t.dWidth);
+        nInk += o && std::fabs(o->dCentre - t.tLine.At(dAlong)) < kAway * t.dWidth ? 1 : -1;
+        if (nInk > nMost) {
+            nMost = nInk;
+            dReach = dFromMiddle;
+        }
+    }
+    return dReach;
+}
+
+} // namespace
+
+std::optional<LineCentres> ReadBar(const AxisView& tView, const RoughLine& tExpected, double dHalf) {
+    const double dMiddle = tExpected.tLine.dMiddle, dWay = dHalf - 2 * tExpected.dWidth;
+    const Stretch tAlong = {dMiddle - ReachOf(tView, tExpected, -dWay) + tExpected.dWidth,
+                            dMiddle + ReachOf(tView, tExpected, dWay) - tExpected.dWidth};
+    if (tAlong.Length() < 0.3 * dHalf)
+        return std::nullopt;
+    const auto oRough =
+        ReadRoughly(tView, tAlong, tExpected.tLine, kAway * tExpected.dWidth + tExpected.dWidth);
+    if (!oRough)
+        return std::nullopt;
+    return ReadCentres(tView, tAlong, {oRough->tLine, tExpected.dWidth},
+                       Stretch{dMiddle - kOther * tExpected.dWidth, dMiddle + kOther * tExpected.dWidth});
+}
+
+} // namespace tools
