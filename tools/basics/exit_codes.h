@@ -8,6 +8,7 @@ enum class ExitCode {
     kOutOfRange = 1,
     kNotMeasured = 2, // also: a record refused
     kUnfitFile = 3,
+    kDoubtful = 4,    // within range, but something speaks against it
     kWrongUsage = 64, // as sysexits.h has it, clear of the answers
     kSignal = 128,    // plus the number of the signal that stopped the program, as shells have it
 };

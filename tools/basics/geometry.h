@@ -18,6 +18,15 @@ struct Angles {
     double dRz = 0;
 };
 
+// The three axes in their order everywhere.
+struct AxisName {
+    const char* szKey;
+    const char* szLabel;
+    double Angles::*pAngle;
+};
+constexpr std::array<AxisName, 3> kAxes = {
+    {{"rx", "Rx", &Angles::dRx}, {"ry", "Ry", &Angles::dRy}, {"rz", "Rz", &Angles::dRz}}};
+
 constexpr Angles operator+(const Angles& a, const Angles& b) {
     return {a.dRx + b.dRx, a.dRy + b.dRy, a.dRz + b.dRz};
 }
@@ -36,9 +45,10 @@ constexpr std::array<CornerName, 4> kCorners = {{{"left_top", "left top"},
 struct SideName {
     const char* szKey;
     std::size_t nFrom, nTo; // places of its corners
+    bool bAlongRows;
 };
 constexpr std::array<SideName, 4> kSides = {
-    {{"left", 0, 2}, {"top", 0, 1}, {"right", 1, 3}, {"bottom", 2, 3}}};
+    {{"left", 0, 2, false}, {"top", 0, 1, true}, {"right", 1, 3, false}, {"bottom", 2, 3, true}}};
 
 // What a measurement of one picture should find.
 struct CameraTruth {

@@ -1,6 +1,8 @@
 #include "measuring/measurement.h"
 
 #include "Orvex_Alignment.h"
+#include "entry/angle_range.h"
+#include "measuring/calibration.h"
 #include "measuring/captured_output.h"
 #include "measuring/parameters.h"
 #include "measuring/record_reading.h"
@@ -15,22 +17,6 @@
 
 namespace tools {
 namespace {
-
-// The library frees the pictures that it measures.
-unsigned char* MallocCopy(const std::vector<unsigned char>& aBytes) {
-    auto* const p = static_cast<unsigned char*>(std::malloc(aBytes.size()));
-    if (p == nullptr)
-        throw std::bad_alloc();
-    std::ranges::copy(aBytes, p);
-    return p;
-}
-
-void SetSizes(const Picture& tMaster, const Picture& tSlave) {
-    ::nWidth = tMaster.nColumns;
-    ::nHeight = tMaster.nRows;
-    ::nWidth_Slave = tSlave.nColumns;
-    ::nHeight_Slave = tSlave.nRows;
-}
 
 // The status does not tell the cameras apart; the line that goes with it does.
 std::optional<Camera> CameraNamedIn(const std::vector<std::string>& aLines) {
@@ -52,56 +38,41 @@ Stage StageReached(Camera tCamera, const PairResult& pair) {
     return bMasterWasPassed ? Stage::kAngles : Stage::kEntry;
 }
 
-// Tag, time, process and thread of a log line say nothing about the measurement.
-std::string WithoutLogHead(const std::string& strLine) {
-    int nHead = 0; // stays 0 for a line without head
-    std::sscanf(strLine.c_str(), "Test %*c %*d-%*d %*d:%*d:%*d %*d %*d %n", &nHead);
-    return strLine.substr(static_cast<std::size_t>(nHead));
+unsigned char* Bytes(std::string& str) {
+    return reinterpret_cast<unsigned char*>(str.data());
 }
 
-// The record file on the card of a phone. Most PCs have no such place, so that its absence is no failure.
-bool IsMissingCard(const std::string& strLine) {
-    return strLine.find("/sdcard/") != strLine.npos;
-}
-
-void SortLog(const std::vector<std::string>& aLines, PairResult& pair) {
-    for (const std::string& strLine : aLines) {
-        const std::string str = WithoutLogHead(strLine);
-        if (IsMissingCard(str))
-            pair.aNotes.push_back(str +
-                                  "; the measurement does not need it, and a PC usually has no such folder");
-        else if (!str.empty())
-            pair.aLog.push_back(str);
-    }
-}
-
-// The library tells only by the bytes whether it could encrypt the record.
-std::string RecordIn(const std::string& strBytes) {
-    return IsRecordFile(strBytes) ? strBytes : std::string();
-}
-
-PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {
-    std::string strCalibrationCopy = strCalibration;
+PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave) {
+    std::vector<unsigned char> aMaster = tMaster.aGrey, aSlave = tSlave.aGrey;
+    std::string strCalibration(kCalibrationBytes, '\0'); // no angle depends on it
     PairResult pair = {};
-    Angles tRescaled;
-    std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aunRecord = {};
-    SetSizes(tMaster, tSlave);
-    {
-        CapturedOutput tOutput(STDOUT_FILENO), tLog(STDERR_FILENO);
-        pair.nStatus = getAlign(
-            MallocCopy(tMaster.aGrey), MallocCopy(tSlave.aGrey), &tRescaled.dRx, &tRescaled.dRy,
-            &tRescaled.dRz, reinterpret_cast<unsigned char*>(strCalibrationCopy.data()), aunRecord.data());
-        pair.aDiagnostics = tOutput.Lines();
-        SortLog(tLog.Lines(), pair);
-    }
-    pair.strRecord = RecordIn({reinterpret_cast<const char*>(aunRecord.data()), kRecordFileBytes});
-    if (pair.nStatus != ORVEX_OK && pair.nStatus != ORVEX_ANGLE_OUT_OF_RANGE) {
+    Angles tRaw;
+    _AFPROTECT tRecord = {};
+    CapturedOutput tOutput(STDOUT_FILENO);
+    pair.nStatus = Orvex_Alignment_ForAndroid(aMaster.data(), aSlave.data(), tMaster.nColumns, tMaster.nRows,
+                                              tSlave.nColumns, tSlave.nRows, &tRaw.dRx, &tRaw.dRy, &tRaw.dRz,
+                                              Bytes(strCalibration), &tRecord);
+    pair.aDiagnostics = tOutput.Lines();
+    if (pair.nStatus != ORVEX_OK) {
         pair.oFailedCamera = CameraNamedIn(pair.aDiagnostics);
-    } else {
-        pair.oRaw = RecordedAngles();
-        pair.oRescaled = tRescaled;
+        return pair;
     }
+    pair.oRaw = tRaw;
+    pair.oRescaled = {orvex::RescaledAngle(tRaw.dRx), orvex::RescaledAngle(tRaw.dRy),
+                      orvex::RescaledAngle(tRaw.dRz)};
+    const auto& [dRx, dRy, dRz] = *pair.oRescaled;
+    if (orvex::IsOutOfRange(dRx) || orvex::IsOutOfRange(dRy) || orvex::IsOutOfRange(dRz))
+        pair.nStatus = ORVEX_ANGLE_OUT_OF_RANGE;
     return pair;
+}
+
+// The library frees the pictures that it measures.
+unsigned char* MallocCopy(const std::vector<unsigned char>& aBytes) {
+    auto* const p = static_cast<unsigned char*>(std::malloc(aBytes.size()));
+    if (p == nullptr)
+        throw std::bad_alloc();
+    std::ranges::copy(aBytes, p);
+    return p;
 }
 
 CameraMeasurement MeasuredBy(Camera tCamera, PairResult& pair) {
@@ -112,6 +83,19 @@ CameraMeasurement MeasuredBy(Camera tCamera, PairResult& pair) {
 }
 
 } // namespace
+
+std::optional<std::array<Point, 4>> KnownCorners(const CameraResult& tResult) {
+    const auto& [tMeasured, tView, tReading] = tResult;
+    std::array<Point, 4> aCorners = {};
+    for (std::size_t i = 0; i < aCorners.size(); ++i)
+        if (tMeasured.aoCorners[i])
+            aCorners[i] = *tMeasured.aoCorners[i];
+        else if (tView.oFrameEdge)
+            aCorners[i] = tView.oFrameEdge->Corners()[i];
+        else
+            return std::nullopt;
+    return aCorners;
+}
 
 const CornerName* MissingCorner(const CameraMeasurement& measured) {
     for (std::size_t i = 0; i < kCorners.size(); ++i)
@@ -126,17 +110,38 @@ PictureSize LeastSizeOf(Camera tCamera) {
     return {2 * (tSearch.nOffsetX + kBorder), 2 * (tSearch.nOffsetY + kBorder)};
 }
 
-Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {
-    Measurement measurement = {CallLibrary(tMaster, tSlave, strCalibration), {}, {}};
+std::string RecordOf(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration) {
+    std::string strCopy = strCalibration;
+    Angles tIgnored;
+    std::array<unsigned short, ORVEX_OUT_FILE_CAPACITY / 2> aunRecord = {};
+    ::nWidth = tMaster.nColumns;
+    ::nHeight = tMaster.nRows;
+    ::nWidth_Slave = tSlave.nColumns;
+    ::nHeight_Slave = tSlave.nRows;
+    const CapturedOutput tOutput(STDOUT_FILENO), tLog(STDERR_FILENO);
+    getAlign(MallocCopy(tMaster.aGrey), MallocCopy(tSlave.aGrey), &tIgnored.dRx, &tIgnored.dRy, &tIgnored.dRz,
+             Bytes(strCopy), aunRecord.data());
+    // The library tells only by the bytes whether it could encrypt the record.
+    const std::string strRecord(reinterpret_cast<const char*>(aunRecord.data()), kRecordFileBytes);
+    return IsRecordFile(strRecord) ? strRecord : "";
+}
+
+Measurement Measure(const Picture& tMaster, const Picture& tSlave) {
+    Measurement t = {CallLibrary(tMaster, tSlave), {}, {}, {}};
     // All of the working block is copied before the views' stages write to it.
-    measurement.tMaster.tMeasured = MeasuredBy(Camera::kMaster, measurement.tPair);
-    measurement.tSlave.tMeasured = MeasuredBy(Camera::kSlave, measurement.tPair);
+    t.tMaster.tMeasured = MeasuredBy(Camera::kMaster, t.tPair);
+    t.tSlave.tMeasured = MeasuredBy(Camera::kSlave, t.tPair);
     const DualCamAlignParam tParameters = m_tDualCamAlignParam;
-    const StageViews tViews = ViewsOf({tMaster, measurement.tMaster.tMeasured},
-                                      {tSlave, measurement.tSlave.tMeasured}, tParameters);
-    measurement.tMaster.tView = tViews.tMaster;
-    measurement.tSlave.tView = tViews.tSlave;
-    return measurement;
+    const StageViews tViews =
+        ViewsOf({tMaster, t.tMaster.tMeasured}, {tSlave, t.tSlave.tMeasured}, tParameters);
+    t.tMaster.tView = tViews.tMaster;
+    t.tSlave.tView = tViews.tSlave;
+    const ChartMeasures tChart = ChartMeasuresOf(tParameters);
+    t.tMaster.tReading = ReadCamera(tMaster, tChart, KnownCorners(t.tMaster));
+    t.tSlave.tReading = ReadCamera(tSlave, tChart, KnownCorners(t.tSlave));
+    if (t.tMaster.tReading.oReading && t.tSlave.tReading.oReading)
+        t.oSecondAngles = AnglesOf(*t.tMaster.tReading.oReading, *t.tSlave.tReading.oReading, tChart);
+    return t;
 }
 
 } // namespace tools

@@ -3,6 +3,7 @@
 #include "measuring/camera_measurement.h"
 #include "measuring/stage_view.h"
 #include "pictures/picture.h"
+#include "reading/angles.h"
 
 #include <string>
 #include <vector>
@@ -15,23 +16,22 @@ struct PairResult {
     std::optional<Camera> oFailedCamera;
     const CornerName* pFailedCorner = nullptr; // where it failed at one
     std::optional<Angles> oRaw;
-    std::optional<Angles> oRescaled;
-    std::string strRecord;                 // the record file's bytes; empty if it could not be encrypted
+    std::optional<Angles> oRescaled;       // as getAlign returns them
     std::vector<std::string> aDiagnostics; // lines on standard output
-    std::vector<std::string> aLog;         // lines of the log
-    std::vector<std::string> aNotes;       // worth knowing, but no failure
 };
 
-// What it measured in one picture, and where it looked.
+// What was found in one picture, and where it was looked for.
 struct CameraResult {
     CameraMeasurement tMeasured;
     StageView tView;
+    ReadingOutcome tReading; // the tool's own
 };
 
 // A copy of all that one call of the library tells, so that it outlasts the next call.
 struct Measurement {
     PairResult tPair;
     CameraResult tMaster, tSlave;
+    std::optional<UncertainAngles> oSecondAngles; // by the second reading, if both pictures could be read
 };
 
 // A smaller picture cannot hold the frame around a cross in its middle, wherever the frame is. Both cameras'
@@ -41,7 +41,14 @@ PictureSize LeastSizeOf(Camera tCamera);
 // The first corner without a position; none if all have one.
 const CornerName* MissingCorner(const CameraMeasurement& measured);
 
-// Measures a pair. strCalibration holds at least ORVEX_CALIBRATION_SIZE bytes.
-Measurement Measure(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration);
+// Of the frame, as far as the stages know them: measured, or about where they met its edge.
+std::optional<std::array<Point, 4>> KnownCorners(const CameraResult& tResult);
+
+// Measures a pair as getAlign does, but leaves the phone's record file alone.
+Measurement Measure(const Picture& tMaster, const Picture& tSlave);
+
+// The bytes of the record file of that pair, empty if it could not be encrypted. strCalibration holds at
+// least ORVEX_CALIBRATION_SIZE bytes. getAlign also writes the phone's record file where its folder is there.
+std::string RecordOf(const Picture& tMaster, const Picture& tSlave, const std::string& strCalibration);
 
 } // namespace tools

@@ -10,6 +10,11 @@ DualCamAlignParam DefaultParameters() {
     return std::exchange(m_tDualCamAlignParam, tBefore);
 }
 
+ChartMeasures ChartMeasuresOf(const DualCamAlignParam& tParameters) {
+    return {static_cast<double>(tParameters.nChartDistance), tParameters.dChartHalfSpanX,
+            tParameters.dChartHalfSpanY};
+}
+
 FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters) {
     return tCamera == Camera::kMaster
                ? FrameSearch{tParameters.nFrameMargin_Master, tParameters.nFrameOffsetX_Master,

@@ -2,6 +2,7 @@
 
 #include "Orvex_Alignment_Stages.h"
 #include "measuring/camera_measurement.h"
+#include "reading/camera_reading.h"
 
 namespace tools {
 
@@ -13,6 +14,9 @@ struct FrameSearch {
     int nMargin;            // taken to both sides of the edges that are met
     int nOffsetX, nOffsetY; // from the cross's centre to the search's start
 };
+
+// The chart and its distance, for a second reading by the library's own formulas.
+ChartMeasures ChartMeasuresOf(const DualCamAlignParam& tParameters);
 
 FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters);
 

@@ -42,11 +42,26 @@ void AddPoint(Quantities& a, const std::string& strKey, const std::string& strLa
 }
 
 Quantities QuantitiesOf(const std::optional<Angles>& oAngles) {
-    const auto ValueOf = [&](double Angles::*pAngle) {
-        return oAngles ? Value((*oAngles).*pAngle) : Value();
-    };
-    return {Angle("rx", "Rx", ValueOf(&Angles::dRx)), Angle("ry", "Ry", ValueOf(&Angles::dRy)),
-            Angle("rz", "Rz", ValueOf(&Angles::dRz))};
+    Quantities a;
+    for (const AxisName& t : kAxes)
+        a.push_back(Angle(t.szKey, t.szLabel, oAngles ? Value((*oAngles).*t.pAngle) : Value()));
+    return a;
+}
+
+Quantities QuantitiesOf(const std::optional<UncertainAngles>& oAngles) {
+    Quantities a;
+    for (const bool bUncertainty : {false, true})
+        for (std::size_t i = 0; i < kAxes.size(); ++i) {
+            const UncertainNumber t = oAngles ? oAngles->aRaw[i] : UncertainNumber{};
+            const double dValue = bUncertainty ? std::sqrt(t.dVariance) : t.dValue;
+            a.push_back(
+                Angle((bUncertainty ? "second_reading_standard_uncertainty_deg/" : "second_reading_deg/") +
+                          std::string(kAxes[i].szKey),
+                      kAxes[i].szLabel + std::string(bUncertainty ? " second reading, standard uncertainty"
+                                                                  : " second reading"),
+                      oAngles ? Value(dValue) : Value()));
+        }
+    return a;
 }
 
 Quantities QuantitiesOf(const CameraMeasurement& measured) {

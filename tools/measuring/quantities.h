@@ -2,6 +2,7 @@
 
 #include "basics/json.h"
 #include "measuring/camera_measurement.h"
+#include "reading/angles.h"
 
 #include <string>
 #include <vector>
@@ -15,11 +16,15 @@ struct Quantity {
     const char* szUnit;
     int nDecimals;
     std::optional<double> oValue;
+    std::string strLimit = {}; // for people: "at most 0.3"
+    bool bBeyond = false;      // it is not within the limit
 };
 
 using Quantities = std::vector<Quantity>;
 
 Quantities QuantitiesOf(const std::optional<Angles>& oAngles);
+// The second reading's angles and their standard uncertainties.
+Quantities QuantitiesOf(const std::optional<UncertainAngles>& oAngles);
 Quantities QuantitiesOf(const CameraMeasurement& measured);
 
 // The relative rotation and both cameras in one list, told apart by keys and labels.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "basics/geometry.h"
+
 #include <optional>
 
 namespace tools {
@@ -7,6 +9,10 @@ namespace tools {
 // Corners in picture pixels.
 struct Rectangle {
     double dLeft, dTop, dRight, dBottom;
+
+    std::array<Point, 4> Corners() const { // as kCorners
+        return {{{dLeft, dTop}, {dRight, dTop}, {dLeft, dBottom}, {dRight, dBottom}}};
+    }
 };
 
 // Where the library's stages looked in one camera's picture; nothing for a stage that was not reached.

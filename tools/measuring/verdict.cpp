@@ -5,6 +5,7 @@
 #include "measuring/quantities.h"
 
 #include <cmath>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -47,7 +48,7 @@ std::string PlaceOfFailure(const PairResult& pair) {
                                          : strCamera + ", " + pair.pFailedCorner->szLabel + " corner";
 }
 
-Verdict VerdictOf(const PairResult& pair) {
+Verdict VerdictOf(const PairResult& pair, const std::vector<std::string>& aDoubts) {
     const StatusWords& tStatus = DescribeStatus(pair.nStatus);
     if (!pair.oRaw)
         return NotMeasured(tStatus, PlaceOfFailure(pair));
@@ -57,6 +58,12 @@ Verdict VerdictOf(const PairResult& pair) {
         return {DescribeVerdict(VerdictKind::kOutOfRange),
                 "OUT OF RANGE: " + AnglesBeyondLimit(*pair.oRescaled) + " degrees rescaled, allowed are " +
                     AllowedRange(kRescaledLimit) + ".",
+                tStatus};
+    if (!aDoubts.empty())
+        return {DescribeVerdict(VerdictKind::kDoubtful),
+                fmt::format("DOUBTFUL: within range, but {} against it. Do not rely on these angles.",
+                            aDoubts.size() == 1 ? "one reason speaks"
+                                                : fmt::format("{} reasons speak", aDoubts.size())),
                 tStatus};
     return {DescribeVerdict(VerdictKind::kWithinRange),
             "WITHIN RANGE: all three rescaled angles lie within " + AllowedRange(kRescaledLimit) +

@@ -12,9 +12,9 @@ constexpr double kRawLimit = 2.5;
 // "-2.0 to 2.0"
 std::string AllowedRange(double dLimit);
 
-enum class VerdictKind { kWithinRange, kOutOfRange, kNotMeasured, kNoAnswer, kUnfitInput };
+enum class VerdictKind { kWithinRange, kDoubtful, kOutOfRange, kNotMeasured, kNoAnswer, kUnfitInput };
 
-// A verdict wherever it is told; how it looks on a page.
+// A verdict wherever it is told; how it looks on a page. Each is graver than the one before.
 struct VerdictWords {
     VerdictKind tKind;
     const char* szKey; // in JSON and rows
@@ -23,9 +23,11 @@ struct VerdictWords {
     const char* szMeaning; // of its exit code
     const char* szLook;    // class of the page's banner
 };
-constexpr std::array<VerdictWords, 5> kVerdicts = {{
-    {VerdictKind::kWithinRange, "within_range", ExitCode::kDone, "within range",
-     "measured, all angles within range", "pass"},
+constexpr std::array<VerdictWords, 6> kVerdicts = {{
+    {VerdictKind::kWithinRange, "within_range", ExitCode::kDone, "within range, no doubt",
+     "measured, all angles within range, and nothing speaks against them", "pass"},
+    {VerdictKind::kDoubtful, "doubtful", ExitCode::kDoubtful, "doubtful",
+     "measured, all angles within range, but a reason is told that speaks against them", "doubt"},
     {VerdictKind::kOutOfRange, "out_of_range", ExitCode::kOutOfRange, "out of range",
      "measured, an angle out of range", "fail"},
     {VerdictKind::kNotMeasured, "not_measured", ExitCode::kNotMeasured, "not measured",
@@ -51,6 +53,7 @@ struct Verdict {
 // none did.
 std::string PlaceOfFailure(const PairResult& pair);
 
-Verdict VerdictOf(const PairResult& pair);
+// aDoubts: what speaks against a measurement within range, each in a sentence.
+Verdict VerdictOf(const PairResult& pair, const std::vector<std::string>& aDoubts);
 
 } // namespace tools

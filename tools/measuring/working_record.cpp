@@ -48,8 +48,4 @@ CameraMeasurement RecordedCamera(Camera tCamera, Stage tReached) {
     return measured;
 }
 
-Angles RecordedAngles() {
-    return {m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz};
-}
-
 } // namespace tools

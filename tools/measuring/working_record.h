@@ -8,7 +8,4 @@ namespace tools {
 // library's record holds zeros for what was not measured; here such values are absent.
 CameraMeasurement RecordedCamera(Camera tCamera, Stage tReached);
 
-// The latest run's angles before rescaling.
-Angles RecordedAngles();
-
 } // namespace tools

@@ -29,6 +29,9 @@ enum class NoReading {
     kNoCross      // there is no cross in its middle, or too little of it
 };
 
+// Behind "no second reading: ".
+const char* DescribeNoReading(NoReading tReason);
+
 // One camera's picture as the tool reads it by itself. Lengths in px, angles in degrees.
 struct CameraReading {
     std::array<UncertainPoint, 4> aCorners; // as kCorners

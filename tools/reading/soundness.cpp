@@ -49,16 +49,9 @@ double LargestLightStep(const CameraReading& reading) {
 
 } // namespace
 
-std::array<SoundnessNumber, 4> SoundnessOf(const CameraReading& reading) {
-    return {{
-        {"used_lines_percent", "lines across that show the chart's lines straight", "%", LeastUsed(reading),
-         60, true},
-        {"half_side_gap_px", "gap between the halves of a side", "px", LargestGap(reading), 0.1, false},
-        {"width_spread_percent", "spread of the frame line's width", "%",
-         std::max(WidthSpread(reading, 0), WidthSpread(reading, 1)), 2, false},
-        {"light_step_percent", "step of the paper's light, of the contrast", "%", LargestLightStep(reading),
-         15, false},
-    }};
+Soundness SoundnessOf(const CameraReading& reading) {
+    return {LeastUsed(reading), LargestGap(reading),
+            std::max(WidthSpread(reading, 0), WidthSpread(reading, 1)), LargestLightStep(reading)};
 }
 
 } // namespace tools
