@@ -25,7 +25,7 @@ Value SideContrast(const CameraTrust& trust, std::size_t nSide) {
 }
 
 Value CornerDistance(const CameraTrust& trust, std::size_t nSide) {
-    return trust.aoCornerDistances[nSide];
+    return trust.aoCornersOff[nSide] ? Value(trust.aoCornersOff[nSide]->dDistance) : std::nullopt;
 }
 
 Value Border(const CameraTrust& trust, std::size_t) {
@@ -48,6 +48,15 @@ Value OfCross(const CameraTrust& trust, std::size_t) {
 
 Value CrossContrast(const CameraTrust& trust, std::size_t) {
     return trust.oCross ? Value(trust.oCross->dBright - trust.oCross->dDark) : std::nullopt;
+}
+
+Value Noise(const CameraTrust& trust, std::size_t) {
+    return trust.oNoise;
+}
+
+template <double Soundness::*pMember>
+Value OfReading(const CameraTrust& trust, std::size_t) {
+    return trust.oSoundness ? Value((*trust.oSoundness).*pMember) : std::nullopt;
 }
 
 Value CrossThreshold(const CameraTrust& trust, std::size_t) {
@@ -75,11 +84,11 @@ const TrustNumber kNumbers[] = {
          "large residual, {value} px RMS from the fitted line, more than {limit} px. Check that the chart is "
          "flat and sharp and that nothing touches its frame."}},
     {Of::kSide, "side_corner_distance_px", "measured corner to the fitted line", "px", 3, CornerDistance,
-     TrustLimit{
-         "corner_off_line", Warned::kAbove, kLargeCornerDistance, 4, "side_corner_distance_px",
-         "a corner more than {limit} px from the line",
-         "a measured corner lies {value} px beside the fitted line, more than {limit} px. Check the corner "
-         "in the report for dirt, shadow or a bent chart."}},
+     TrustLimit{"corner_off_line", Warned::kAbove, kLargeCornerDistance, 4, "side_corner_distance_px",
+                "a corner more than {limit} px from the line",
+                "its {corner} corner lies {value} px beside the fitted line, more than {limit} px. Check "
+                "that corner "
+                "in the report for dirt, shadow or a bent chart."}},
     {Of::kSide, "side_lines_read_percent", "lines read", "%", 1, ReadShare,
      TrustLimit{
          "few_lines", Warned::kBelow, kLeastRead, 1, "side_lines_read_percent",
@@ -88,10 +97,11 @@ const TrustNumber kNumbers[] = {
          "Check that the picture is unscaled with the whole frame in view, the chart at its distance "
          "and not rolled by more than 3 degrees, the light even and the frame uncovered."}},
     {Of::kSide, nullptr, nullptr, nullptr, 0, SideContrast,
-     TrustLimit{"low_contrast", Warned::kBelow, kLowContrast, 2, "contrast_grey",
+     TrustLimit{"low_contrast", Warned::kBelow, kLowestContrast, 2, "contrast_grey",
                 "dark and bright less than {limit} grey levels apart",
                 "low contrast, dark {dark} and bright {bright} differ by less than {limit} grey levels. "
-                "Check light and exposure."}},
+                "Check light and exposure.",
+                kLowContrast}},
     {Of::kSide, "side_dark_grey", "dark level", "grey levels", 1, OfSide<&SideReading::oDark>},
     {Of::kSide, "side_bright_grey", "bright level", "grey levels", 1, OfSide<&SideReading::oBright>},
     {Of::kPicture, "border_distance_px", "frame to picture's border", "px", 1, Border},
@@ -104,13 +114,47 @@ const TrustNumber kNumbers[] = {
                 ": the frame is only {value} px from the picture's border, less than {limit} px. Aim at the "
                 "chart's middle or move it away."}},
     {Of::kPicture, nullptr, nullptr, nullptr, 0, CrossContrast,
-     TrustLimit{"low_cross_contrast", Warned::kBelow, kLowContrast, 6, nullptr, nullptr,
+     TrustLimit{"low_cross_contrast", Warned::kBelow, kLowestContrast, 6, nullptr, nullptr,
                 ", cross: low contrast, dark {dark} and bright {bright} differ by less than {limit} grey "
-                "levels. Check light and exposure, and that the cross is in view."}},
+                "levels. Check light and exposure, and that the cross is in view.",
+                kLowContrast}},
     {Of::kPicture, nullptr, nullptr, nullptr, 0, CrossPaleness,
      TrustLimit{"pale_cross", Warned::kAbove, 0, 6, nullptr, nullptr,
                 ", cross: too pale, its dark level {dark} is above {threshold}, up to which its search takes "
                 "pixels as ink. Check for reflections and overexposure."}},
+    {Of::kPicture, "noise_grey", "noise of the paper", "grey levels", 2, Noise,
+     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 2, "noise_grey", "noise above {limit} grey levels",
+                ": noise of {value} grey levels, more than {limit}. Give the picture more light or a longer "
+                "exposure "
+                "at a lower gain."}},
+    {Of::kPicture, "used_lines_percent", "lines across that show the chart straight", "%", 1,
+     OfReading<&Soundness::dLeastUsed>,
+     TrustLimit{
+         "covered_line", Warned::kBelow, kLeastUsed, 4, "used_lines_percent",
+         "less than {limit} % of the lines across that show a half side straight",
+         ": only {value} % of the lines across show one of the chart's lines straight, less than {limit} %. "
+         "Look for what covers it: the report shows what was left out."}},
+    {Of::kPicture, "half_side_gap_px", "gap between the halves of a side", "px", 3,
+     OfReading<&Soundness::dLargestGap>,
+     TrustLimit{"broken_side", Warned::kAbove, kLargeGap, 4, "half_side_gap_px",
+                "the halves of a side more than {limit} px apart",
+                ": the halves of a side meet {value} px apart, more than {limit} px. Check that the chart is "
+                "flat and "
+                "that nothing lies on its frame."}},
+    {Of::kPicture, "width_spread_percent", "spread of the frame line's width", "%", 2,
+     OfReading<&Soundness::dWidthSpread>,
+     TrustLimit{"uneven_line", Warned::kAbove, kWidthSpread, 4, "width_spread_percent",
+                "the frame line's width uneven by more than {limit} %",
+                ": the frame line's width is uneven by {value} %, more than {limit} %. Check for dirt along "
+                "it and for "
+                "uneven light."}},
+    {Of::kPicture, "light_step_percent", "step of the paper's light, of the contrast", "%", 1,
+     OfReading<&Soundness::dLightStep>,
+     TrustLimit{"light_step", Warned::kAbove, kLightStep, 4, "light_step_percent",
+                "a step of the paper's light above {limit} % of the contrast",
+                ": the paper's light steps by {value} % of the contrast along the chart's lines, more than "
+                "{limit} %. "
+                "Look for the edge of a shadow, or for glare."}},
     {Of::kPicture, "cross_dark_grey", "cross, dark level", "grey levels", 1, OfCross<&CrossLevels::dDark>},
     {Of::kPicture, "cross_bright_grey", "cross, bright level", "grey levels", 1,
      OfCross<&CrossLevels::dBright>},
@@ -124,7 +168,29 @@ std::optional<Point> LineEnd(const CameraTrust& trust, std::size_t nSide, std::s
     return o && o->oEnds ? std::optional((*o->oEnds)[nEnd]) : std::nullopt;
 }
 
+// Whichever row has it; nullptr if none has.
+const TrustLimit* LimitOf(std::string_view strKey) {
+    for (const TrustNumber& t : kNumbers)
+        if (t.oLimit && t.oLimit->szJsonKey != nullptr && t.oLimit->szJsonKey == strKey)
+            return &*t.oLimit;
+    return nullptr;
+}
+
+std::string InWords(const TrustLimit* pLimit) {
+    if (pLimit == nullptr)
+        return "";
+    return fmt::format("{} {:g}", pLimit->tWarned == Warned::kAbove ? "at most" : "at least", pLimit->dLimit);
+}
+
 } // namespace
+
+std::optional<double> Excess(const TrustLimit& tLimit, double dLimit, std::optional<double> oValue) {
+    if (!oValue)
+        return std::nullopt;
+    const double dExcess = tLimit.tWarned == Warned::kAbove ? *oValue - dLimit : dLimit - *oValue;
+    const bool bWorse = tLimit.tWarned == Warned::kAtMost ? dExcess >= 0 : dExcess > 0;
+    return bWorse ? std::optional(dExcess) : std::nullopt;
+}
 
 std::span<const TrustNumber> TrustNumbers() {
     return kNumbers;
@@ -135,9 +201,11 @@ Quantities QuantitiesOf(const CameraTrust& trust) {
     for (const TrustNumber& t : kNumbers)
         for (std::size_t i = 0; i < (t.tOf == Of::kSide ? kSides.size() : 1) && t.szKey != nullptr; ++i) {
             const bool bSide = t.tOf == Of::kSide;
+            const TrustLimit* const pLimit = LimitOf(t.szKey);
             a.push_back({bSide ? fmt::format("{}/{}", t.szKey, kSides[i].szKey) : t.szKey,
                          bSide ? fmt::format("{} side, {}", kSides[i].szKey, t.szWords) : t.szWords, t.szUnit,
-                         t.nDecimals, t.ValueOf(trust, i)});
+                         t.nDecimals, t.ValueOf(trust, i), InWords(pLimit),
+                         pLimit != nullptr && Excess(*pLimit, pLimit->dLimit, t.ValueOf(trust, i))});
         }
     return a;
 }

@@ -24,6 +24,7 @@ struct TrustLimit {
     const char* szJsonKey; // of the limit in JSON; nullptr where another number's says it
     const char* szHelp;    // with {limit}: "a residual above {limit} px"; nullptr likewise
     const char* szWarning; // what, how much and what to do, with {limit}, {value} and other measured numbers
+    double dOfFailure = dLimit; // the limit where it may be the cause of a failure
 };
 
 // What a number is told of: each side, or the picture, whatever the side.
@@ -42,6 +43,9 @@ struct TrustNumber {
 };
 
 std::span<const TrustNumber> TrustNumbers();
+
+// By how much the number is worse than allowed; nothing if it is not.
+std::optional<double> Excess(const TrustLimit& tLimit, double dLimit, std::optional<double> oValue);
 
 Quantities QuantitiesOf(const CameraTrust& trust);
 

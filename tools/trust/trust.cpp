@@ -1,5 +1,7 @@
 #include "trust/trust.h"
 
+#include "trust/noise.h"
+
 #include <algorithm>
 
 namespace tools {
@@ -11,17 +13,12 @@ Ends EndsOf(const SideName& n, const std::array<Point, 4>& aCorners) {
     return {aCorners[n.nFrom], aCorners[n.nTo]};
 }
 
-// As kCorners.
-std::array<Point, 4> CornersOf(const Rectangle& t) {
-    return {{{t.dLeft, t.dTop}, {t.dRight, t.dTop}, {t.dLeft, t.dBottom}, {t.dRight, t.dBottom}}};
-}
-
 // Where a side's line must lie, as far as that is known.
 std::optional<Ends> KnownEnds(const SideName& n, const CameraMeasurement& tMeasured, const StageView& tView) {
     std::array<std::optional<Point>, 4> aoCorners = tMeasured.aoCorners;
     for (std::size_t i = 0; i < aoCorners.size(); ++i)
         if (!aoCorners[i] && tView.oFrameEdge)
-            aoCorners[i] = CornersOf(*tView.oFrameEdge)[i];
+            aoCorners[i] = tView.oFrameEdge->Corners()[i];
     if (!aoCorners[n.nFrom] || !aoCorners[n.nTo])
         return std::nullopt;
     return Ends{*aoCorners[n.nFrom], *aoCorners[n.nTo]};
@@ -35,7 +32,7 @@ double BorderBeyond(std::size_t nSide, const Picture& tPicture, Point t) {
 
 // From where the stages began to search for it to the border.
 SideReading SearchedSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tStart) {
-    const auto [tFrom, tTo] = EndsOf(kSides[nSide], CornersOf(tStart));
+    const auto [tFrom, tTo] = EndsOf(kSides[nSide], tStart.Corners());
     const double dReach = BorderBeyond(nSide, tPicture, tFrom);
     const bool bOutwardIsRight = nSide == 0 || nSide == 3;
     if (bOutwardIsRight)
@@ -67,9 +64,12 @@ void SearchSide(std::size_t nSide, const Picture& tPicture, const Rectangle& tSt
 void ReadSide(std::size_t nSide, const Picture& tPicture, const Ends& tEnds, bool bMeasured,
               CameraTrust& trust) {
     const SideReading& tReading = trust.aoSides[nSide].emplace(ReadSide(tPicture, tEnds[0], tEnds[1]));
-    if (tReading.oEnds && bMeasured)
-        trust.aoCornerDistances[nSide] =
-            std::max(Distance(tEnds[0], (*tReading.oEnds)[0]), Distance(tEnds[1], (*tReading.oEnds)[1]));
+    if (tReading.oEnds && bMeasured) {
+        const double dFrom = Distance(tEnds[0], (*tReading.oEnds)[0]),
+                     dTo = Distance(tEnds[1], (*tReading.oEnds)[1]);
+        trust.aoCornersOff[nSide] = {std::max(dFrom, dTo),
+                                     dTo > dFrom ? kSides[nSide].nTo : kSides[nSide].nFrom};
+    }
     AddBorder(nSide, tPicture, tReading.oEnds.value_or(tEnds), trust);
 }
 
@@ -106,11 +106,14 @@ void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& trust) {
 } // namespace
 
 CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult) {
-    const auto& [tMeasured, tView] = tResult;
+    const auto& [tMeasured, tView, tReading] = tResult;
     CameraTrust trust;
     for (std::size_t i = 0; i < kSides.size(); ++i)
         AddSide(i, tPicture, tMeasured, tView, trust);
     FinishBorder(tMeasured, trust);
+    trust.oNoise = ReadNoise(tPicture);
+    if (tReading.oReading)
+        trust.oSoundness = SoundnessOf(*tReading.oReading);
     trust.oCrossSpan = tMeasured.oBarSpan;
     if (tView.oFirstWindow)
         trust.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);

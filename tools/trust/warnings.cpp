@@ -2,61 +2,58 @@
 
 #include "basics/text_table.h"
 #include "trust/numbers.h"
+#include "trust/pair_warnings.h"
 
 #include <fmt/format.h>
 
 namespace tools {
 namespace {
 
-constexpr char kSizeKind[] = "different_sizes";
-constexpr char kSizeText[] =
-    "the pictures differ in size: master {} x {} px, slave {} x {} px. The angles allow for it; the record's "
-    "shift mixes pixels of both. Check that each picture is as its camera took it.";
-
 // What a warning may tell beside its limit; what does not apply stands in no such text.
 struct Told {
-    std::string strValue, strRead, strLines, strDark, strBright, strThreshold;
+    std::string strValue, strRead, strLines, strDark, strBright, strThreshold, strCorner;
 };
 
-std::string Filled(const TrustLimit& tLimit, const Told& t) {
-    return fmt::format(fmt::runtime(tLimit.szWarning), fmt::arg("limit", tLimit.dLimit),
+std::string Filled(const TrustLimit& tLimit, double dLimit, const Told& t) {
+    return fmt::format(fmt::runtime(tLimit.szWarning), fmt::arg("limit", dLimit),
                        fmt::arg("value", t.strValue), fmt::arg("read", t.strRead),
                        fmt::arg("lines", t.strLines), fmt::arg("dark", t.strDark),
-                       fmt::arg("bright", t.strBright), fmt::arg("threshold", t.strThreshold));
+                       fmt::arg("bright", t.strBright), fmt::arg("threshold", t.strThreshold),
+                       fmt::arg("corner", t.strCorner));
 }
 
 std::string Whole(std::optional<double> o) {
     return Fixed(o.value_or(0), 0);
 }
 
-Told ToldOfSide(const std::string& strValue, const SideReading& tSide) {
-    return {strValue, Whole(tSide.nRead), Whole(tSide.nLines), Whole(tSide.oDark), Whole(tSide.oBright), ""};
+Told ToldOfSide(const std::string& strValue, const CameraTrust& trust, std::size_t nSide) {
+    const SideReading& tSide = *trust.aoSides[nSide];
+    const auto& oCorner = trust.aoCornersOff[nSide];
+    return {strValue,
+            Whole(tSide.nRead),
+            Whole(tSide.nLines),
+            Whole(tSide.oDark),
+            Whole(tSide.oBright),
+            "",
+            oCorner ? kCorners[oCorner->nCorner].szLabel : ""};
 }
 
 Told ToldOfPicture(const std::string& strValue, const CameraTrust& trust) {
     const CrossLevels tCross = trust.oCross.value_or(CrossLevels{});
-    return {strValue, "", "", Whole(tCross.dDark), Whole(tCross.dBright), Whole(trust.oCrossThreshold)};
-}
-
-// By how much the number is worse than allowed; nothing if it is not.
-std::optional<double> Excess(const TrustLimit& tLimit, std::optional<double> oValue) {
-    if (!oValue)
-        return std::nullopt;
-    const double dExcess =
-        tLimit.tWarned == Warned::kAbove ? *oValue - tLimit.dLimit : tLimit.dLimit - *oValue;
-    const bool bWorse = tLimit.tWarned == Warned::kAtMost ? dExcess >= 0 : dExcess > 0;
-    return bWorse ? std::optional(dExcess) : std::nullopt;
+    return {strValue, "", "", Whole(tCross.dDark), Whole(tCross.dBright), Whole(trust.oCrossThreshold), ""};
 }
 
 // One warning of all sides that exceed the limit, with the worst one's numbers; or of the picture.
-std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, const CameraTrust& trust) {
+std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, const CameraTrust& trust,
+                                 bool bMeasured) {
     const bool bSides = tNumber.tOf == Of::kSide;
     const TrustLimit& tLimit = *tNumber.oLimit;
+    const double dLimit = bMeasured ? tLimit.dLimit : tLimit.dOfFailure;
     std::vector<const char*> aSides;
     std::size_t nWorst = 0;
     double dWorst = 0;
     for (std::size_t i = 0; i < (bSides ? kSides.size() : 1); ++i)
-        if (const std::optional<double> oExcess = Excess(tLimit, tNumber.ValueOf(trust, i))) {
+        if (const std::optional<double> oExcess = Excess(tLimit, dLimit, tNumber.ValueOf(trust, i))) {
             if (aSides.empty() || *oExcess > dWorst) {
                 nWorst = i;
                 dWorst = *oExcess;
@@ -67,47 +64,40 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
         return std::nullopt;
     const double dValue = *tNumber.ValueOf(trust, nWorst);
     const std::string strValue = Fixed(dValue, tNumber.nDecimals);
-    if (!bSides)
-        return Warning{
-            tLimit.szKind,
-            tCamera,
-            {},
-            dValue,
-            tLimit.dLimit,
-            fmt::format("{} camera{}", NameOf(tCamera), Filled(tLimit, ToldOfPicture(strValue, trust)))};
-    return Warning{tLimit.szKind,
-                   tCamera,
-                   aSides,
-                   dValue,
-                   tLimit.dLimit,
-                   fmt::format("{} camera, {} {}{}", NameOf(tCamera), fmt::join(aSides, ", "),
-                               aSides.size() == 1 ? "side: " : "sides: at worst ",
-                               Filled(tLimit, ToldOfSide(strValue, *trust.aoSides[nWorst])))};
+    const std::string strText = bSides
+                                    ? fmt::format(" camera, {} {}{}", fmt::join(aSides, ", "),
+                                                  aSides.size() == 1 ? "side: " : "sides: at worst ",
+                                                  Filled(tLimit, dLimit, ToldOfSide(strValue, trust, nWorst)))
+                                    : " camera" + Filled(tLimit, dLimit, ToldOfPicture(strValue, trust));
+    return Warning{.szKind = tLimit.szKind,
+                   .oCamera = tCamera,
+                   .aSides = bSides ? aSides : std::vector<const char*>(),
+                   .oValue = dValue,
+                   .oLimit = dLimit,
+                   .strText = NameOf(tCamera) + strText};
 }
 
 } // namespace
 
-std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust) {
+std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust, bool bMeasured) {
     std::vector<Warning> a;
     for (int nRank = 1; nRank <= kLastRank; ++nRank)
         for (const TrustNumber& tNumber : TrustNumbers())
             if (tNumber.oLimit && tNumber.oLimit->nRank == nRank)
-                if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust))
+                if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust, bMeasured))
                     a.push_back(std::move(*o));
     return a;
 }
 
-Warning SizeWarning(PictureSize tMaster, PictureSize tSlave) {
-    return {
-        kSizeKind, {},
-        {},        {},
-        {},        fmt::format(kSizeText, tMaster.nColumns, tMaster.nRows, tSlave.nColumns, tSlave.nRows)};
+bool Warning::IsDoubt() const {
+    return oLimit.has_value() || oCamera.has_value();
 }
 
 Json JsonOf(const Warning& warning) {
     return {{"kind", warning.szKind},
             {"camera", warning.oCamera ? Json(NameOf(*warning.oCamera)) : Json()},
             {"sides", warning.aSides},
+            {"axis", warning.szAxis != nullptr ? Json(warning.szAxis) : Json()},
             {"value", warning.oValue ? Json(*warning.oValue) : Json()},
             {"limit", warning.oLimit ? Json(*warning.oLimit) : Json()}};
 }
@@ -119,14 +109,15 @@ std::string KeyOf(const Json& tWarning) {
 }
 
 std::optional<std::string> GeneralText(const std::string& strKey) {
-    if (strKey == kSizeKind)
-        return fmt::format(fmt::runtime(kSizeText), "N", "N", "N", "N");
     for (const TrustNumber& t : TrustNumbers())
         for (const Camera tCamera : {Camera::kMaster, Camera::kSlave})
             if (t.oLimit && strKey == fmt::format("{}:{}", NameOf(tCamera), t.oLimit->szKind))
-                return fmt::format("{} camera{}{}", NameOf(tCamera), t.tOf == Of::kSide ? ": " : "",
-                                   Filled(*t.oLimit, {"N", "N", "N", "N", "N", "N"}));
-    return std::nullopt;
+                return fmt::format(
+                    "{} camera{}{}", NameOf(tCamera), t.tOf == Of::kSide ? ": " : "",
+                    Filled(*t.oLimit, t.oLimit->dLimit, {"N", "N", "N", "N", "N", "N", "measured"}));
+    const std::size_t nColon = strKey.find(':');
+    std::optional<std::string> o = GeneralPairText(strKey.substr(nColon + 1));
+    return o && nColon != strKey.npos ? strKey.substr(0, nColon) + " camera: " + *o : o;
 }
 
 } // namespace tools

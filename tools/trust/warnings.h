@@ -11,19 +11,20 @@ namespace tools {
 
 // Something that speaks against the numbers.
 struct Warning {
-    const char* szKind;              // as in the limits of trust numbers, or "different_sizes"
-    std::optional<Camera> oCamera;   // none: of the pair
-    std::vector<const char*> aSides; // of the frame, where it is about them
-    std::optional<double> oValue;    // the worst one
-    std::optional<double> oLimit;
+    const char* szKind; // as in the limits of trust numbers and the kinds of a pair's warnings
+    std::optional<Camera> oCamera = {};   // none: of the pair
+    std::vector<const char*> aSides = {}; // of the frame, where it is about them
+    const char* szAxis = nullptr;         // where it is about an angle
+    std::optional<double> oValue = {};    // the worst one
+    std::optional<double> oLimit = {};
     std::string strText; // value, limit and what to do
+
+    // Whether a measurement that has it is not to be relied on.
+    bool IsDoubt() const;
 };
 
-// Of one camera's picture, the gravest first.
-std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust);
-
-// Of pictures that differ in size.
-Warning SizeWarning(PictureSize tMaster, PictureSize tSlave);
+// Of one camera's picture, the gravest first. bMeasured: the pair was; else they are looked for as causes.
+std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust, bool bMeasured);
 
 // All but the text.
 Json JsonOf(const Warning& warning);

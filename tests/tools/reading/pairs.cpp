@@ -3,7 +3,7 @@
 #include "chart/blur.h"
 #include "chart/noise.h"
 #include "measuring/parameters.h"
-#include "reading/soundness.h"
+#include "report/report.h"
 #include "support/dirt.h"
 
 #include <ctime>
@@ -12,8 +12,6 @@ using namespace tools;
 
 namespace reading {
 namespace {
-
-constexpr double kMostDifference = 0.05; // degrees
 
 struct View {
     chart::Camera tCamera;
@@ -60,16 +58,6 @@ double ProcessorSeconds() {
     return static_cast<double>(t.tv_sec) + 1e-9 * static_cast<double>(t.tv_nsec);
 }
 
-std::optional<std::array<Point, 4>> CornersOf(const CameraResult& t) {
-    std::array<Point, 4> a;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (!t.tMeasured.aoCorners[i])
-            return std::nullopt;
-        a[i] = *t.tMeasured.aoCorners[i];
-    }
-    return a;
-}
-
 std::array<double, 3> Listed(const Angles& t) {
     return {t.dRx, t.dRy, t.dRz};
 }
@@ -105,37 +93,16 @@ StudyPair PairOf(unsigned int nPair, bool bDirt) {
 }
 
 StudyResult ResultOf(const StudyPair& tPair) {
-    const DualCamAlignParam t = DefaultParameters();
-    const ChartMeasures tMeasures = {static_cast<double>(t.nChartDistance), t.dChartHalfSpanX,
-                                     t.dChartHalfSpanY};
-    StudyResult result = {
-        Measure(tPair.tMaster, tPair.tSlave, std::string(ORVEX_CALIBRATION_SIZE, '\1')), {}, {}, 0};
+    StudyResult result = {Measure(tPair.tMaster, tPair.tSlave), {}, 0};
+    const ChartMeasures tMeasures = ChartMeasuresOf(DefaultParameters());
     const double dStart = ProcessorSeconds();
-    result.aReadings = {ReadCamera(tPair.tMaster, tMeasures, CornersOf(result.tFirst.tMaster)),
-                        ReadCamera(tPair.tSlave, tMeasures, CornersOf(result.tFirst.tSlave))};
-    if (result.aReadings[0].oReading && result.aReadings[1].oReading)
-        result.oSecond = AnglesOf(*result.aReadings[0].oReading, *result.aReadings[1].oReading, tMeasures);
+    ReadCamera(tPair.tMaster, tMeasures, KnownCorners(result.tFirst.tMaster));
+    ReadCamera(tPair.tSlave, tMeasures, KnownCorners(result.tFirst.tSlave));
     result.dMilliseconds = 1e3 * (ProcessorSeconds() - dStart);
+    for (const Warning& t : ReportOf(tPair.tMaster, tPair.tSlave, result.tFirst, kMaxDifference).aWarnings)
+        if (t.IsDoubt())
+            result.aDoubts.emplace_back(t.szKind);
     return result;
-}
-
-std::vector<std::string> DoubtsOf(const StudyResult& tResult) {
-    if (!tResult.oSecond)
-        return {"no reading"};
-    std::vector<std::string> a;
-    for (std::size_t n = 0; n < 3; ++n) {
-        const UncertainNumber t = tResult.oSecond->aRaw[n];
-        if (std::sqrt(t.dVariance) > kLargeUncertainty)
-            a.emplace_back("uncertain");
-        if (std::fabs(Listed(*tResult.tFirst.tPair.oRaw)[n] - t.dValue) + 2 * std::sqrt(t.dVariance) >
-            kMostDifference)
-            a.emplace_back("different");
-    }
-    for (const ReadingOutcome& tOutcome : tResult.aReadings)
-        for (const SoundnessNumber& t : SoundnessOf(*tOutcome.oReading))
-            if (!t.IsSound())
-                a.emplace_back(t.szKey);
-    return a;
 }
 
 std::optional<double> ErrorOfFirst(const StudyResult& tResult, const Angles& tTrue) {

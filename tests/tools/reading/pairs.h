@@ -20,18 +20,14 @@ struct StudyPair {
 // The same number is the same pair. With dirt: one or two pieces on one of the pictures.
 StudyPair PairOf(unsigned int nPair, bool bDirt);
 
-// Both results of a pair.
+// What is measured of a pair, and what speaks against it.
 struct StudyResult {
     tools::Measurement tFirst;
-    std::optional<tools::UncertainAngles> oSecond;
-    std::array<tools::ReadingOutcome, 2> aReadings;
-    double dMilliseconds; // of processor time for the second
+    std::vector<std::string> aDoubts; // kinds of warnings
+    double dMilliseconds;             // of processor time for the second reading
 };
 
 StudyResult ResultOf(const StudyPair& tPair);
-
-// What speaks against the first result's angles; empty for nothing.
-std::vector<std::string> DoubtsOf(const StudyResult& tResult);
 
 // By what the first result misses the truth, on the axis where it is largest. Nothing if it was not measured.
 std::optional<double> ErrorOfFirst(const StudyResult& tResult, const tools::Angles& tTrue);

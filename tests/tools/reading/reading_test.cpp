@@ -88,11 +88,11 @@ TEST(SecondReading, HoldsTheTruthAndTheLibrarysFormulas) {
         SCOPED_TRACE(n);
         const reading::StudyPair tPair = reading::PairOf(n, false);
         const reading::StudyResult t = reading::ResultOf(tPair);
-        ASSERT_TRUE(t.oSecond);
+        ASSERT_TRUE(t.tFirst.oSecondAngles);
         const std::array adTrue = {tPair.tTrue.dRx, tPair.tTrue.dRy, tPair.tTrue.dRz};
         for (std::size_t i = 0; i < 3; ++i, ++nAngles) {
-            const double d =
-                (t.oSecond->aRaw[i].dValue - adTrue[i]) / std::sqrt(t.oSecond->aRaw[i].dVariance);
+            const double d = (t.tFirst.oSecondAngles->aRaw[i].dValue - adTrue[i]) /
+                             std::sqrt(t.tFirst.oSecondAngles->aRaw[i].dVariance);
             dScaled += d * d;
             nCovered += std::fabs(d) < 1.96 ? 1 : 0;
         }
@@ -107,7 +107,7 @@ TEST(SecondReading, HoldsTheTruthAndTheLibrarysFormulas) {
         EXPECT_NEAR(reading.tTiltX.dValue, *t.tFirst.tMaster.tMeasured.oTiltX, 1e-4)
             << "single precision in between";
         EXPECT_NEAR(reading.tTiltY.dValue, *t.tFirst.tMaster.tMeasured.oTiltY, 1e-4);
-        EXPECT_TRUE(reading::ErrorOfFirst(t, tPair.tTrue) > 0.02 || reading::DoubtsOf(t).empty());
+        EXPECT_TRUE(reading::ErrorOfFirst(t, tPair.tTrue) > 0.02 || t.aDoubts.empty());
     }
     EXPECT_NEAR(std::sqrt(dScaled / nAngles), 1, 0.25);
     EXPECT_GE(nCovered, 0.88 * nAngles);
@@ -119,7 +119,7 @@ TEST(SecondReading, DoubtsWhatDirtMisled) {
         const reading::StudyPair tPair = reading::PairOf(n, true);
         const reading::StudyResult t = reading::ResultOf(tPair);
         nWrong += reading::ErrorOfFirst(t, tPair.tTrue) > 0.05 ? 1 : 0;
-        EXPECT_FALSE(reading::DoubtsOf(t).empty()) << n;
+        EXPECT_FALSE(t.aDoubts.empty()) << n;
     }
     EXPECT_EQ(nWrong, 8) << "the pairs are chosen for it";
 }

@@ -67,16 +67,16 @@ int StudyClean(unsigned int nFirst, unsigned int nPairs) {
         const StudyPair tPair = PairOf(n, false);
         const StudyResult tResult = ResultOf(tPair);
         dMilliseconds += tResult.dMilliseconds;
-        if (!tResult.oSecond) {
+        if (!tResult.tFirst.oSecondAngles) {
             ++nUnread;
             continue;
         }
-        Add(*tResult.oSecond, tPair.tTrue, aCells[{tPair.dNoise, tPair.dBlur}]);
-        Add(*tResult.oSecond, tPair.tTrue, aAll);
+        Add(*tResult.tFirst.oSecondAngles, tPair.tTrue, aCells[{tPair.dNoise, tPair.dBlur}]);
+        Add(*tResult.tFirst.oSecondAngles, tPair.tTrue, aAll);
         if (ErrorOfFirst(tResult, tPair.tTrue).value_or(1) > 0.02)
             continue;
         ++nRight;
-        const std::vector<std::string> aDoubts = DoubtsOf(tResult);
+        const std::vector<std::string> aDoubts = tResult.aDoubts;
         nDoubted += aDoubts.empty() ? 0 : 1;
         if (!aDoubts.empty())
             fmt::print("pair {} is doubted:{}\n", n, Joined(aDoubts));
@@ -117,7 +117,7 @@ int StudyDirt(unsigned int nFirst, unsigned int nPairs) {
         if (!oError)
             continue;
         ++nMeasured;
-        const std::vector<std::string> aDoubts = DoubtsOf(tResult);
+        const std::vector<std::string> aDoubts = tResult.aDoubts;
         const bool bWrong = *oError > 0.05;
         (bWrong ? nWrong : nRight) += 1;
         if (!bWrong) {
