@@ -50,7 +50,7 @@ std::string JsonTextOf(const Report& report) {
     Json tJson = {
         {"verdict", tVerdict.szKey},
         {"headline", report.tVerdict.strHeadline},
-        {"exit_code", static_cast<int>(tVerdict.tExit)},
+        {"exit_code", static_cast<int>(report.tExit)},
         {"exit_meaning", tVerdict.szMeaning},
         {"status", StatusJson(pair, report.tVerdict.tStatus)},
         {"raw_deg", JsonOf(QuantitiesOf(pair.oRaw))},
@@ -64,6 +64,7 @@ std::string JsonTextOf(const Report& report) {
         {"warnings", Json::array()},
         {"warning_details", Json::array()},
         {"calibration_file", report.strCalibrationFile}};
+    tJson.update(JsonOf(QuantitiesOf(report.oSecondAngles)));
     for (const Warning& tWarning : report.aWarnings) {
         tJson["warnings"].push_back(tWarning.strText);
         tJson["warning_details"].push_back(JsonOf(tWarning));
@@ -73,8 +74,6 @@ std::string JsonTextOf(const Report& report) {
     if (report.oTruth)
         tJson["truth"] = ComparisonJson(report);
     tJson["diagnostics"] = pair.aDiagnostics;
-    tJson["log"] = pair.aLog;
-    tJson["notes"] = pair.aNotes;
     tJson["library_version"] = LibraryVersion();
     tJson["tool_version"] = kToolVersion;
     return TextOf(tJson);

@@ -8,6 +8,9 @@ namespace tools {
 // The report for people.
 std::string TextOf(const Report& report);
 
+// The same in at most 20 lines: verdict, angles, warnings.
+std::string BriefTextOf(const Report& report);
+
 // The report for programs: one object.
 std::string JsonTextOf(const Report& report);
 

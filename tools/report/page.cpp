@@ -4,9 +4,13 @@
 #include "measuring/versions.h"
 #include "report/html_text.h"
 #include "report/page_parts.h"
+#include "report/reading_shapes.h"
 #include "report/shapes.h"
 #include "report/tables.h"
 
+#include <algorithm>
+#include <chrono>
+#include <fmt/chrono.h>
 #include <fmt/format.h>
 
 namespace tools {
@@ -16,8 +20,8 @@ std::string Element(const std::string& strTag, const std::string& strText) {
     return fmt::format("<{}>{}</{}>", strTag, Escaped(strText), strTag.substr(0, strTag.find(' ')));
 }
 
-std::string Section(const std::string& strHeading, const std::string& strBody, const char* szClass = "") {
-    return fmt::format("<section class=\"{}\">{}{}</section>\n", szClass, Element("h2", strHeading), strBody);
+std::string Section(const std::string& strHeading, const std::string& strBody) {
+    return fmt::format("<section>{}{}</section>\n", Element("h2", strHeading), strBody);
 }
 
 std::string HtmlOf(const std::vector<Fact>& aFacts) {
@@ -30,7 +34,7 @@ std::string HtmlOf(const std::vector<Fact>& aFacts) {
 std::string Row(const std::vector<std::string>& aCells, const char* szTag) {
     std::string str = "<tr>" + Element("th", aCells.front());
     for (std::size_t i = 1; i < aCells.size(); ++i)
-        str += Element(szTag, aCells[i]);
+        str += Element(aCells[i].ends_with(kBeyond) ? "td class=\"beyond\"" : szTag, aCells[i]);
     return str + "</tr>\n";
 }
 
@@ -41,11 +45,11 @@ std::string HtmlOf(const ReportTable& table) {
     return Section(table.strHeading, str + "</tbody></table>");
 }
 
-std::string HtmlOf(const ReportList& list, const char* szClass) {
+std::string HtmlOf(const ReportList& list) {
     std::string str = "<ul>";
     for (const std::string& strLine : list.aLines)
         str += Element("li", strLine);
-    return Section(list.szHeading, str + "</ul>", szClass);
+    return Section(list.szHeading, str + "</ul>");
 }
 
 std::string Legend() {
@@ -59,13 +63,30 @@ std::string Legend() {
 }
 
 std::string Buttons(const CameraMeasurement& measured) {
-    std::string str = "<div class=\"tools\"><button data-zoom=\"0.5\" title=\"zoom in; the mouse wheel does "
-                      "so too\">+</button><button data-zoom=\"2\" title=\"zoom out\">\u2212</button>"
+    std::string str = "<div class=\"tools\"><button data-zoom=\"0.5\" title=\"zoom in; so does the mouse "
+                      "wheel with Ctrl, or after a click into the picture\">+</button><button "
+                      "data-zoom=\"2\" title=\"zoom out\">\u2212</button>"
                       "<button>whole picture</button>";
     for (const Mark& mark : MarksOf(measured))
         str += fmt::format(R"(<button data-x="{}" data-y="{}" title="zoom to it">{}</button>)",
                            Fixed(mark.tPoint.dX, 4), Fixed(mark.tPoint.dY, 4), Escaped(mark.strLabel));
     return str + "</div>\n";
+}
+
+// "Rx 0.6191 (second reading ...)", each apart from the next.
+std::string Angles(const ReportTable& tRotation) {
+    std::string str;
+    for (std::size_t i = 1; i < tRotation.aRows.size(); ++i)
+        str += Element(tRotation.aRows[i][2].ends_with(kBeyond) ? "span class=\"beyond\"" : "span",
+                       tRotation.aRows[i][0] + " " + tRotation.aRows[i][1]);
+    return str;
+}
+
+std::string Reasons(const Report& report) {
+    std::string str;
+    for (const Warning& t : report.aWarnings)
+        str += Element("li", t.strText);
+    return str.empty() ? "" : "<ul>" + str + "</ul>";
 }
 
 // How far the measurement came in this picture.
@@ -78,19 +99,43 @@ std::string StateOf(const CameraReport& tCamera, const Report& report) {
     return Escaped(tCamera.tMeasured.WasBegun() ? "measured" : "not begun");
 }
 
+// The one to look at first: it failed, or more of what makes the verdict doubtful is in it.
+bool IsInQuestion(const CameraReport& tCamera, const Report& report) {
+    const auto DoubtsIn = [&](Camera t) {
+        return std::ranges::count_if(report.aWarnings,
+                                     [=](const Warning& tWarning) { return tWarning.oCamera == t; });
+    };
+    if (report.tPair.oFailedCamera)
+        return report.tPair.oFailedCamera == tCamera.tCamera;
+    return tCamera.tCamera == Camera::kSlave ? DoubtsIn(Camera::kSlave) > DoubtsIn(Camera::kMaster)
+                                             : DoubtsIn(Camera::kMaster) > DoubtsIn(Camera::kSlave);
+}
+
+// Verdict, angles and what speaks against them, or what to do.
+std::string Banner(const Report& report) {
+    std::string str = Element("h1", report.tVerdict.strHeadline);
+    for (const ReportTable& tTable : TablesOf(report))
+        if (tTable.bBrief && report.tPair.oRaw)
+            return str + "<p>" + Angles(tTable) + "</p>" + Reasons(report);
+    return str + Element("p", report.tVerdict.tStatus.szTry) + Reasons(report);
+}
+
 std::string Figure(const CameraReport& camera, const Report& report) {
-    return fmt::format("<figure><figcaption>{} {}, {}</figcaption>\n{}{}</figure>\n",
-                       Element("b", NameOf(camera.tCamera)), Escaped(camera.tPicture.strFile),
-                       StateOf(camera, report), SvgOf(camera), Buttons(camera.tMeasured));
+    return fmt::format("<figure class=\"{}\"><figcaption>{} {}, {}</figcaption>\n{}"
+                       "<output>&#160;</output>{}</figure>\n",
+                       IsInQuestion(camera, report) ? "first" : "", Element("b", NameOf(camera.tCamera)),
+                       Escaped(camera.tPicture.strFile), StateOf(camera, report),
+                       SvgOf(camera, PlaceOfFailure(camera, report.tPair, report.tVerdict.tStatus)),
+                       Buttons(camera.tMeasured));
 }
 
 std::string Numbers(const Report& report) {
-    std::string strWarnings, strTables, strLists;
+    std::string strTables, strLists;
     for (const ReportTable& tTable : TablesOf(report))
         strTables += HtmlOf(tTable);
     for (const ReportList& tList : ListsOf(report))
-        (tList.bWarning ? strWarnings : strLists) += HtmlOf(tList, tList.bWarning ? "warnings" : "");
-    return strWarnings + Section("Result", HtmlOf(FactsOf(report))) + strTables + strLists;
+        strLists += tList.bWarning ? "" : HtmlOf(tList);
+    return Section("Result", HtmlOf(FactsOf(report))) + strTables + strLists;
 }
 
 // The policy lets a browser load nothing from anywhere.
@@ -105,14 +150,14 @@ std::string Head(const Report& report) {
 } // namespace
 
 std::string HtmlOf(const Report& report) {
-    return fmt::format("{}<body>\n<header class=\"{}\">{}</header>\n<main>\n<div class=\"column pictures\">\n"
-                       "{}{}{}</div>\n<div class=\"column\">\n{}</div>\n</main>\n"
-                       "<footer>orvex-align {}, libOrvex_Alignment {}</footer>\n"
+    return fmt::format("{}<body>\n<header class=\"{}\">{}</header>\n<main>\n{}<div class=\"pictures\">\n"
+                       "{}{}</div>\n<div class=\"numbers\">\n{}</div>\n</main>\n"
+                       "<footer>{:%Y-%m-%d %H:%M:%S} UTC, orvex-align {}, libOrvex_Alignment {}</footer>\n"
                        "<script>{}</script>\n</body>\n</html>\n",
-                       Head(report), report.tVerdict.tVerdict.szLook,
-                       Element("h1", report.tVerdict.strHeadline), Legend(), Figure(report.tMaster, report),
-                       Figure(report.tSlave, report), Numbers(report), kToolVersion,
-                       Escaped(LibraryVersion()), kReportScript);
+                       Head(report), report.tVerdict.tVerdict.szLook, Banner(report), Legend(),
+                       Figure(report.tMaster, report), Figure(report.tSlave, report), Numbers(report),
+                       fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())),
+                       kToolVersion, Escaped(LibraryVersion()), kReportScript);
 }
 
 } // namespace tools

@@ -6,21 +6,37 @@ namespace tools {
 const char kReportStyle[] = R"css(
 :root { color-scheme: light dark;
   --page: #f5f6f8; --card: #fff; --ink: #16191d; --soft: #59616b; --line: #d5d9df;
-  --pass: #17663a; --warn: #8a5a00; --fail: #a61b1b; --warn-card: #fff6e0; }
+  --pass: #17663a; --doubt: #8f5c00; --fail: #a61b1b; }
 @media (prefers-color-scheme: dark) { :root {
   --page: #14171a; --card: #1e2226; --ink: #e8eaed; --soft: #a3abb5; --line: #3a4047;
-  --pass: #2a7d4f; --warn: #f0b94a; --fail: #c23b3b; --warn-card: #33290f; } }
+  --pass: #2a7d4f; --doubt: #9a6a10; --fail: #c23b3b; } }
 * { box-sizing: border-box; }
 body { margin: 0; background: var(--page); color: var(--ink); font: 15px/1.45 system-ui, sans-serif; }
 header { padding: 14px 20px; color: #fff; background: var(--fail); }
 header.pass { background: var(--pass); }
+header.doubt { background: var(--doubt); }
 h1 { margin: 0; font-size: 20px; line-height: 1.3; overflow-wrap: anywhere; }
 h2 { margin: 0 0 8px; font-size: 16px; overflow-wrap: anywhere; }
-main { display: grid; gap: 14px; padding: 14px 20px; grid-template-columns: minmax(0, 1fr); }
-@media (min-width: 1100px) {
-  main { grid-template-columns: minmax(0, 3fr) minmax(440px, 2fr); align-items: start; } }
-@media (min-width: 1100px) and (min-height: 1200px) { .pictures { position: sticky; top: 14px; } }
-.column { display: grid; gap: 14px; grid-template-columns: minmax(0, 1fr); }
+header p, header ul { margin: 6px 0 0; font-size: 15px; }
+header span { display: inline-block; margin-right: 22px; font-variant-numeric: tabular-nums; }
+main { padding: 10px 20px; }
+.pictures, .numbers { display: grid; gap: 10px; grid-template-columns: minmax(0, 1fr); margin-top: 10px; }
+@media (min-width: 900px) {
+  .pictures { grid-template-columns: minmax(0, 1fr) minmax(0, 1fr); align-items: start; }
+  .numbers { display: block; columns: 2; column-gap: 10px; }
+  .numbers section { break-inside: avoid; margin-bottom: 10px; } }
+@media (max-width: 899px) { .first { order: -1; } }
+section, figure { margin: 0; padding: 12px 14px; background: var(--card); border: 1px solid var(--line);
+  border-radius: 6px; overflow-x: auto; }
+ul { margin: 6px 0 0; font-size: 15px; }
+header span { display: inline-block; margin-right: 22px; font-variant-numeric: tabular-nums; }
+main { padding: 10px 20px; }
+.pictures, .numbers { display: grid; gap: 10px; grid-template-columns: minmax(0, 1fr); margin-top: 10px; }
+@media (min-width: 900px) {
+  .pictures { grid-template-columns: minmax(0, 1fr) minmax(0, 1fr); align-items: start; }
+  .numbers { display: block; columns: 2; column-gap: 10px; }
+  .numbers section { break-inside: avoid; margin-bottom: 10px; } }
+@media (max-width: 899px) { .first { order: -1; } }
 section, figure { margin: 0; padding: 12px 14px; background: var(--card); border: 1px solid var(--line);
   border-radius: 6px; overflow-x: auto; }
 section.warnings { border-color: var(--warn); background: var(--warn-card); }
@@ -34,6 +50,10 @@ th, td { padding: 2px 0 2px 14px; text-align: right; border-top: 1px solid var(-
 thead th { border-top: 0; color: var(--soft); white-space: nowrap; }
 th:first-child { padding-left: 0; text-align: left; }
 td { white-space: nowrap; }
+@media (max-width: 500px) { td, th { white-space: normal; overflow-wrap: anywhere; padding-left: 6px; } }
+.beyond { color: var(--fail); font-weight: 700; }
+header .beyond { color: #fff; text-decoration: underline; }
+output { display: block; color: var(--soft); font-size: 13px; font-variant-numeric: tabular-nums; }
 figcaption { margin-bottom: 8px; overflow-wrap: anywhere; }
 figcaption b { text-transform: capitalize; }
 figcaption .stopped { color: #fff; background: var(--fail); border-radius: 4px; padding: 1px 6px;
@@ -49,12 +69,15 @@ button:hover { border-color: var(--soft); }
 .legend { display: flex; flex-wrap: wrap; gap: 4px 18px; font-size: 14px; }
 .legend label { white-space: nowrap; }
 .legend i { display: inline-block; width: 18px; height: 4px; margin: 0 4px 3px; border-radius: 2px; }
-rect, line, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scaling-stroke; }
+rect, line, .second path, .screen * { fill: none; stroke-width: 1.6px; vector-effect: non-scaling-stroke; }
+.second path { stroke: var(--c); }
+.second .out { stroke: #ff2d2d; stroke-width: 5px; stroke-linecap: round; }
+.failure circle { stroke-width: 4px; }
 .screen { transform: scale(var(--u, 2)); }
 .screen { filter: drop-shadow(0 0 0.8px #fff) drop-shadow(0 0 0.8px #fff); }
 .screen text { font: 600 13px system-ui, sans-serif; text-rendering: geometricPrecision; }
 .window { --c: #0a58ca; } .frame { --c: #c2410c; } .cross { --c: #d6007f; } .side { --c: #0a8f3c; }
-.fitted { --c: #9a5cf5; }
+.fitted { --c: #9a5cf5; } .second { --c: #00a6b8; } .failure { --c: #e00000; }
 rect, line, .screen path, .screen circle { stroke: var(--c); }
 .screen text { fill: var(--c); stroke: #fff; stroke-width: 3px; stroke-linejoin: round; paint-order: stroke; }
 .legend i { background: var(--c); }
@@ -66,7 +89,8 @@ line { stroke-width: 2px; }
 .fitted line { stroke-dasharray: 10 8; }
 .screen circle { stroke-width: 2px; }
 footer { padding: 0 20px 20px; color: var(--soft); font-size: 14px; }
-@media print { .tools, .legend input { display: none; } }
+@media print { figure, section { break-inside: avoid; } .tools, .legend input, output { display: none; }
+  header { -webkit-print-color-adjust: exact; print-color-adjust: exact; } }
 )css";
 
 } // namespace tools

@@ -1,5 +1,7 @@
 #include "report/report.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tools {
@@ -7,31 +9,37 @@ namespace {
 
 CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult& tResult) {
     const CameraTrust tTrust = TrustOf(tPicture, tResult);
-    return {tCamera, std::move(tPicture), tResult.tMeasured, tResult.tView, tTrust};
+    return {tCamera, std::move(tPicture), tResult.tMeasured, tResult.tView, tResult.tReading, tTrust};
 }
 
-std::vector<Warning> WarningsOf(const CameraReport& tMaster, const CameraReport& tSlave) {
-    std::vector<Warning> a = WarningsOf(tMaster.tCamera, tMaster.tTrust);
-    for (Warning& tWarning : WarningsOf(tSlave.tCamera, tSlave.tTrust))
-        a.push_back(std::move(tWarning));
-    if (tMaster.tPicture.Size() != tSlave.tPicture.Size())
-        a.push_back(SizeWarning(tMaster.tPicture.Size(), tSlave.tPicture.Size()));
+std::vector<std::string> DoubtsIn(const std::vector<Warning>& aWarnings) {
+    std::vector<std::string> a;
+    for (const Warning& t : aWarnings)
+        if (t.IsDoubt())
+            a.push_back(t.strText);
     return a;
 }
 
 } // namespace
 
-Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement) {
-    Report report = {CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster),
-                     CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave),
-                     measurement.tPair,
-                     VerdictOf(measurement.tPair),
-                     {},
-                     {},
-                     {},
-                     {}};
-    report.aWarnings = WarningsOf(report.tMaster, report.tSlave);
-    return report;
+Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, double dMaxDifference) {
+    std::vector<Warning> aWarnings = WarningsOf({measurement, tMaster, tSlave, dMaxDifference});
+    CameraReport tOfMaster = CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster),
+                 tOfSlave = CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave);
+    for (const CameraReport* const p : {&tOfMaster, &tOfSlave})
+        std::ranges::move(WarningsOf(p->tCamera, p->tTrust, measurement.tPair.oRaw.has_value()),
+                          std::back_inserter(aWarnings));
+    const Verdict tVerdict = VerdictOf(measurement.tPair, DoubtsIn(aWarnings));
+    return {std::move(tOfMaster),
+            std::move(tOfSlave),
+            measurement.tPair,
+            measurement.oSecondAngles,
+            tVerdict,
+            tVerdict.tVerdict.tExit,
+            std::move(aWarnings),
+            {},
+            {},
+            {}};
 }
 
 std::vector<Comparison> ComparisonsOf(const Report& report) {

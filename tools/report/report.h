@@ -2,7 +2,7 @@
 
 #include "measuring/truth.h"
 #include "measuring/verdict.h"
-#include "trust/warnings.h"
+#include "trust/pair_warnings.h"
 
 namespace tools {
 
@@ -12,6 +12,7 @@ struct CameraReport {
     Picture tPicture;
     CameraMeasurement tMeasured;
     StageView tView;
+    ReadingOutcome tReading;
     CameraTrust tTrust;
 };
 
@@ -19,15 +20,18 @@ struct CameraReport {
 struct Report {
     CameraReport tMaster, tSlave;
     PairResult tPair;
+    std::optional<UncertainAngles> oSecondAngles;
     Verdict tVerdict;
+    ExitCode tExit;                 // the verdict's, unless the caller takes another
     std::vector<Warning> aWarnings; // of both cameras and the pair
     std::string strCalibrationFile;
     std::string strRecordFile; // empty unless it was written
     std::optional<Truth> oTruth;
 };
 
-// What was measured, with verdict, trust and warnings. The rest is the caller's to add.
-Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement);
+// What was measured, with verdict, trust and warnings. The rest is the caller's to add. dMaxDifference: that
+// both readings may have before the verdict is doubtful, degrees.
+Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, double dMaxDifference);
 
 // The measurement against the report's truth; nothing without one.
 std::vector<Comparison> ComparisonsOf(const Report& report);

@@ -3,6 +3,7 @@
 #include "basics/text_table.h"
 #include "pictures/formats.h"
 #include "report/html_text.h"
+#include "report/reading_shapes.h"
 
 #include <cmath>
 #include <fmt/format.h>
@@ -56,6 +57,14 @@ std::string MarkShape(const std::string& strCamera, const Mark& mark, Point tCen
                        bCentre ? nInward : -nInward, bLower ? nBelow : nAbove, nInward,
                        bLower ? nAbove : nBelow, bRight ? "end" : "start", Escaped(mark.strLabel),
                        Escaped(mark.strLabel), Fixed(mark.tPoint.dX, 3), Fixed(mark.tPoint.dY, 3));
+}
+
+std::string FailureShape(const std::string& strCamera, Point t) {
+    return fmt::format(
+        R"x(<g class="failure" transform="translate({} {})" id="{}-failure"><g class="screen">)x"
+        R"x(<circle r="22"/><text x="0" y="-28" data-x="0" data-y="44" text-anchor="middle">failed here</text></g></g>)x"
+        "\n",
+        Number(t.dX), Number(t.dY), strCamera);
 }
 
 std::string Layer(const ShapeKind& kind, const std::string& strShapes) {
@@ -116,7 +125,7 @@ std::vector<Mark> MarksOf(const CameraMeasurement& measured) {
     return a;
 }
 
-std::string SvgOf(const CameraReport& tCamera) {
+std::string SvgOf(const CameraReport& tCamera, std::optional<Point> oFailure) {
     const std::string strCamera = NameOf(tCamera.tCamera);
     const Picture& tPicture = tCamera.tPicture;
     const StageView& tView = tCamera.tView;
@@ -139,7 +148,11 @@ std::string SvgOf(const CameraReport& tCamera) {
            Layer(kShapeKinds[2], Cross(strCamera, tCamera.tMeasured) + strCentre) +
            // Fitted lines and sides mostly coincide; the marks stay above both.
            Layer(kShapeKinds[3], Sides(strCamera, tCamera.tMeasured)) +
-           Layer(kShapeKinds[4], FittedLines(strCamera, tCamera.tTrust)) + Layer(kShapeKinds[3], strCorners) +
+           Layer(kShapeKinds[4], FittedLines(strCamera, tCamera.tTrust)) +
+           (tCamera.tReading.oReading
+                ? Layer(kShapeKinds[5], ReadingShapes(strCamera, *tCamera.tReading.oReading))
+                : "") +
+           Layer(kShapeKinds[3], strCorners) + (oFailure ? FailureShape(strCamera, *oFailure) : "") +
            "</svg>\n";
 }
 

@@ -9,11 +9,12 @@ struct ShapeKind {
     const char* szKey;
     const char* szWords;
 };
-constexpr std::array<ShapeKind, 5> kShapeKinds = {{{"window", "search window of the cross"},
+constexpr std::array<ShapeKind, 6> kShapeKinds = {{{"window", "search window of the cross"},
                                                    {"frame", "outer and inner frame rectangle"},
                                                    {"cross", "centre and bars' directions"},
                                                    {"side", "corners and lines between them"},
-                                                   {"fitted", "lines fitted along the sides"}}};
+                                                   {"fitted", "lines fitted along the sides"},
+                                                   {"second", "second reading, centres left out"}}};
 
 // A place worth a close look.
 struct Mark {
@@ -27,6 +28,7 @@ std::vector<Mark> MarksOf(const CameraMeasurement& measured);
 
 // The picture and all that was found in it, in picture pixels: (0, 0) is the centre of the first one, so the
 // picture begins half a pixel before. Ids begin with the camera's name.
-std::string SvgOf(const CameraReport& tCamera);
+// oFailure: where the measurement failed in it.
+std::string SvgOf(const CameraReport& tCamera, std::optional<Point> oFailure);
 
 } // namespace tools

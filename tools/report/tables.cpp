@@ -1,6 +1,11 @@
 #include "report/tables.h"
 
+#include "basics/text_table.h"
 #include "trust/numbers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -11,35 +16,50 @@ std::string WithSize(const Picture& tPicture) {
     return tPicture.strFile + ", " + SizeText(tPicture.Size());
 }
 
-Cells AngleRow(const char* szName, const std::optional<Angles>& oAngles, double dLimit) {
-    Cells aCells = {szName};
-    for (const Quantity& t : QuantitiesOf(oAngles))
-        aCells.push_back(Shown(t));
-    aCells.push_back(AllowedRange(dLimit));
-    return aCells;
+// "0.6191 (second reading 0.6198 +- 0.0007)"
+std::string WithSecond(const Quantity& tRaw, const std::optional<UncertainAngles>& oSecond,
+                       std::size_t nAxis) {
+    const Quantities aSecond = QuantitiesOf(oSecond);
+    return oSecond ? fmt::format("{} (second reading {} +- {})", Shown(tRaw), Shown(aSecond[nAxis]),
+                                 Shown(aSecond[nAxis + kAxes.size()]))
+                   : Shown(tRaw);
 }
 
-ReportTable Rotation(const PairResult& pair) {
-    ReportTable tTable = {"Rotation of the slave against the master, degrees",
-                          {{"", "Rx", "Ry", "Rz", "allowed"}}};
-    if (pair.oRaw) {
-        tTable.aRows.push_back(AngleRow("raw (measured)", pair.oRaw, kRawLimit));
-        tTable.aRows.push_back(AngleRow("rescaled (returned by getAlign)", pair.oRescaled, kRescaledLimit));
-    }
+ReportTable Rotation(const Report& report) {
+    ReportTable tTable = {
+        "Rotation of the slave against the master, degrees (rescaled: as getAlign returns it)",
+        {{"", "raw", "rescaled", "allowed"}},
+        true};
+    const Quantities aRaw = QuantitiesOf(report.tPair.oRaw), aRescaled = QuantitiesOf(report.tPair.oRescaled);
+    for (std::size_t i = 0; i < kAxes.size() && report.tPair.oRaw; ++i)
+        tTable.aRows.push_back(
+            {kAxes[i].szLabel, WithSecond(aRaw[i], report.oSecondAngles, i),
+             Shown(aRescaled[i]) + (std::fabs(*aRescaled[i].oValue) > kRescaledLimit ? kBeyond : ""),
+             AllowedRange(kRescaledLimit)});
     return tTable;
+}
+
+std::string Marked(const Quantity& t) {
+    return Shown(t) + (t.bBeyond ? kBeyond : "");
 }
 
 ReportTable SideBySide(const std::string& strHeading, const Quantities& aMaster, const Quantities& aSlave) {
     ReportTable tTable = {strHeading, {{"", "master", "slave"}}};
+    const bool bLimits = std::ranges::any_of(aMaster, [](const Quantity& t) { return !t.strLimit.empty(); });
+    if (bLimits)
+        tTable.aRows[0].emplace_back("limit");
     for (std::size_t i = 0; i < aMaster.size(); ++i)
-        if (aMaster[i].oValue || aSlave[i].oValue)
-            tTable.aRows.push_back({LabelWithUnit(aMaster[i]), Shown(aMaster[i]), Shown(aSlave[i])});
+        if (aMaster[i].oValue || aSlave[i].oValue) {
+            tTable.aRows.push_back({LabelWithUnit(aMaster[i]), Marked(aMaster[i]), Marked(aSlave[i])});
+            if (bLimits)
+                tTable.aRows.back().push_back(aMaster[i].strLimit);
+        }
     return tTable;
 }
 
 ReportTable AgainstTruth(const Report& report) {
-    ReportTable tTable = {"Against the truth in " + report.oTruth->strFile,
-                          {{"", "measured", "true", "difference"}}};
+    ReportTable tTable = {
+        "Against the truth in " + report.oTruth->strFile, {{"", "measured", "true", "difference"}}, true};
     for (const Comparison& t : ComparisonsOf(report))
         if (t.tMeasured.oValue)
             tTable.aRows.push_back(
@@ -47,18 +67,30 @@ ReportTable AgainstTruth(const Report& report) {
     return tTable;
 }
 
+// What the tool's own reading saw, where the library did not come to an end.
+std::string SecondReadingOf(const CameraReport& tCamera) {
+    if (!tCamera.tReading.oReading)
+        return DescribeNoReading(tCamera.tReading.tReason);
+    const CameraReading& t = *tCamera.tReading.oReading;
+    return fmt::format("the whole chart, its frame {:.0f} x {:.0f} px, rolled by {} degrees",
+                       t.aSides[1].dValue, t.aSides[0].dValue, Fixed(t.tRoll.dValue, 1));
+}
+
 } // namespace
 
 std::vector<Fact> FactsOf(const Report& report) {
     const StatusWords& tStatus = report.tVerdict.tStatus;
     const StageWords& tStage = DescribeStage(tStatus.tStage);
+    const bool bMeasured = report.tPair.oRaw.has_value();
     std::vector<Fact> a = {
         {"Status", HexOf(report.tPair.nStatus) + " " + tStatus.szName, false},
         {"Where", PlaceOfFailure(report.tPair), false},
         {"Stage", tStatus.tStage == Stage::kComplete ? "" : tStage.szName, false},
-        {"Looked for", tStage.szLookedFor, false},
+        {"Looked for", tStage.szLookedFor, false, !bMeasured},
         {"Found", tStatus.szFound, false},
-        {"Try", tStatus.szTry, false},
+        {"Try", tStatus.szTry, false, true},
+        {"Master seen", bMeasured ? "" : SecondReadingOf(report.tMaster), false, true},
+        {"Slave seen", bMeasured ? "" : SecondReadingOf(report.tSlave), false, true},
         {"Master", WithSize(report.tMaster.tPicture), true},
         {"Slave", WithSize(report.tSlave.tPicture), true},
         {"Calibration", report.strCalibrationFile, true},
@@ -71,7 +103,7 @@ std::vector<Fact> FactsOf(const Report& report) {
 std::vector<ReportTable> TablesOf(const Report& report) {
     const std::string strRest = report.tPair.oRaw ? "" : ", as far as the measurement came";
     const CameraReport &tMaster = report.tMaster, &tSlave = report.tSlave;
-    std::vector<ReportTable> a = {Rotation(report.tPair),
+    std::vector<ReportTable> a = {Rotation(report),
                                   SideBySide("Trust: the tool's own reading of each picture" + strRest,
                                              QuantitiesOf(tMaster.tTrust), QuantitiesOf(tSlave.tTrust))};
     if (report.oTruth)
@@ -87,9 +119,7 @@ std::vector<ReportList> ListsOf(const Report& report) {
     for (const Warning& tWarning : report.aWarnings)
         aWarnings.push_back(tWarning.strText);
     std::vector<ReportList> a = {{"Warnings", aWarnings, true},
-                                 {"The library's diagnostics", report.tPair.aDiagnostics},
-                                 {"The library's log", report.tPair.aLog},
-                                 {"Notes", report.tPair.aNotes}};
+                                 {"The library's diagnostics", report.tPair.aDiagnostics}};
     std::erase_if(a, [](const ReportList& tList) { return tList.aLines.empty(); });
     return a;
 }

@@ -6,15 +6,20 @@ namespace tools {
 
 // What a report for people holds, whether it is shown as text or as a page.
 
+// Behind a number that is not within its limit.
+constexpr char kBeyond[] = " !";
+
 struct Fact {
     const char* szLabel;
     std::string strText;
-    bool bFile; // a name to be copied, not to be broken into lines
+    bool bFile;          // a name to be copied, not to be broken into lines
+    bool bBrief = false; // also told where there is little room
 };
 
 struct ReportTable {
     std::string strHeading;
     std::vector<std::vector<std::string>> aRows; // the first one heads the columns
+    bool bBrief = false;                         // its first rows are also shown where there is little room
 };
 
 struct ReportList {

@@ -4,10 +4,14 @@
 #include "basics/text_table.h"
 #include "report/tables.h"
 
+#include <algorithm>
+#include <fmt/format.h>
+
 namespace tools {
 namespace {
 
 constexpr std::size_t kLabelColumns = 13;
+constexpr std::size_t kBriefLines = 20; // with the last one, which tells how to see the rest
 
 std::string TextOf(const Fact& t) {
     std::string strLabel = t.szLabel;
@@ -31,11 +35,43 @@ std::string TextOfAll(const Parts& aParts) {
     return str;
 }
 
+std::size_t LinesIn(const std::string& str) {
+    return static_cast<std::size_t>(std::ranges::count(str, '\n'));
+}
+
+// A list of them in so many lines, with the number of those that are left out.
+std::string AsManyAsFit(std::vector<std::string> aLines, std::size_t nLines) {
+    const std::size_t nAll = aLines.size();
+    std::string str = List("Warnings", aLines);
+    while (LinesIn(str) >= nLines && !aLines.empty()) {
+        aLines.pop_back();
+        str = List("Warnings", aLines) + fmt::format("  and {} more\n", nAll - aLines.size());
+    }
+    return str;
+}
+
 } // namespace
 
 std::string TextOf(const Report& report) {
     return report.tVerdict.strHeadline + "\n\n" + TextOfAll(FactsOf(report)) + TextOfAll(TablesOf(report)) +
            TextOfAll(ListsOf(report));
+}
+
+std::string BriefTextOf(const Report& report) {
+    std::string strFacts;
+    for (const Fact& t : FactsOf(report))
+        strFacts += t.bBrief ? TextOf(t) : "";
+    std::string str = Wrapped(report.tVerdict.strHeadline, 0) + (strFacts.empty() ? "\n" : "\n\n") + strFacts;
+    for (ReportTable& t : TablesOf(report))
+        if (t.bBrief) {
+            t.aRows.resize(std::min(t.aRows.size(), 1 + kAxes.size()));
+            str += TextOf(t);
+        }
+    std::vector<std::string> aWarnings;
+    for (const Warning& t : report.aWarnings)
+        aWarnings.push_back(t.strText);
+    return str + AsManyAsFit(aWarnings, kBriefLines - 1 - LinesIn(str)) +
+           "\nAll numbers: --verbose. The pictures with what was found: --report FILE.html\n";
 }
 
 } // namespace tools
