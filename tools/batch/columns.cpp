@@ -106,6 +106,7 @@ const std::vector<NumberColumn>& NumberColumns() {
         };
         Add("raw_deg/", QuantitiesOf(std::optional<Angles>()));
         Add("rescaled_deg/", QuantitiesOf(std::optional<Angles>()));
+        Add("", QuantitiesOf(std::optional<UncertainAngles>()));
         Add("master/", QuantitiesOf(CameraMeasurement()));
         Add("slave/", QuantitiesOf(CameraMeasurement()));
         Add("trust/master/", QuantitiesOf(CameraTrust()));

@@ -16,8 +16,9 @@ namespace {
 
 constexpr std::size_t kLimit = std::size_t{1} << 28;
 
-constexpr char kForm[] = "The first line names the columns, apart by commas: master, slave, calibration and, "
-                         "if wanted, id";
+constexpr char kForm[] =
+    "The first line names the columns, apart by commas: master, slave and, if wanted, id "
+    "and calibration";
 
 // The place of each column in the records; none if the list lacks it.
 class Columns {
@@ -50,6 +51,11 @@ private:
     std::vector<std::string> m_aNames;
 };
 
+// No angle depends on the calibration memory.
+bool IsRequired(const char* szPairColumn) {
+    return szPairColumn == kPairColumns[1] || szPairColumn == kPairColumns[2];
+}
+
 bool IsText(const std::string& str) {
     return std::ranges::none_of(str, [](char c) {
         return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\r' && c != '\n';
@@ -70,7 +76,7 @@ std::string FaultOf(const Columns& tColumns, const CsvRecord& tRecord) {
         return "it has " + std::to_string(n) + (n == 1 ? " column" : " columns") +
                ", but the first line names " + std::to_string(tColumns.Count());
     for (const char* const szName : kPairColumns)
-        if (tColumns.Has(szName) && tColumns.In(tRecord, szName).empty())
+        if (tColumns.Has(szName) && szName != kPairColumns.back() && tColumns.In(tRecord, szName).empty())
             return std::string("the column \"") + szName + "\" is empty";
     for (const char* const szName : kTruthColumns)
         if (const std::string str = tColumns.In(tRecord, szName); !str.empty() && !ParsedNumber(str))
@@ -104,7 +110,7 @@ BatchList ReadBatchList(const std::string& strFile) {
         throw ToolError(strFile, "is empty", kForm);
     const Columns tColumns(strFile, aRecords.front());
     for (const char* const szName : kPairColumns)
-        tColumns.Check(szName, szName != kPairColumns.front());
+        tColumns.Check(szName, IsRequired(szName));
     for (const char* const szName : kTruthColumns)
         tColumns.Check(szName, false);
     // Such a quote takes in all that follows: how many rows are meant cannot be told.

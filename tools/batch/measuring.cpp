@@ -39,7 +39,9 @@ private:
 std::unique_ptr<Child> StartMeasuring(const BatchWork& tWork, const PairNames& tNames) {
     std::vector<std::string> a = {"measure", "--json"};
     a.insert(a.end(), tWork.aOptions.begin(), tWork.aOptions.end());
-    a.insert(a.end(), {"--calibration=" + tNames.strCalibration, "--", tNames.strMaster, tNames.strSlave});
+    if (!tNames.strCalibration.empty())
+        a.push_back("--calibration=" + tNames.strCalibration);
+    a.insert(a.end(), {"--", tNames.strMaster, tNames.strSlave});
     return std::make_unique<Child>(a, tWork.tList.strFolder);
 }
 

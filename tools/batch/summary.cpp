@@ -23,14 +23,6 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-// The raw angles as the rows and people have them; the rows' numbers begin with them.
-struct AxisName {
-    const char* szLabel;
-    double Angles::*pAngle;
-};
-constexpr std::array<AxisName, 3> kAxes = {
-    {{"Rx", &Angles::dRx}, {"Ry", &Angles::dRy}, {"Rz", &Angles::dRz}}};
-
 constexpr int kDecimals = 4;
 
 // More are looked up in the rows.
@@ -57,8 +49,8 @@ std::string ReasonOf(const BatchItem& tItem, const std::string& strWords) {
     return strWords;
 }
 
-bool IsMeasured(ExitCode tExit) {
-    return tExit < ExitCode::kNotMeasured;
+bool IsMeasured(VerdictKind tVerdict) {
+    return tVerdict < VerdictKind::kNotMeasured;
 }
 
 std::string Number(double d) {
@@ -83,12 +75,12 @@ std::string Reasons(const std::string& strHeading, const std::map<std::string, s
 
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
     const ExitCode tExit = tRow.pVerdict->tExit;
-    ++m_tCounts[tExit];
+    ++m_tCounts[tRow.pVerdict->tKind];
     if (tExit == ExitCode::kNotMeasured)
         ++m_tFailures[FailureOf(tRow)];
     if (tExit == ExitCode::kUnfitFile)
         ++m_tUnfit[ReasonOf(tItem, tRow.strWords)];
-    if (!tRow.aWarningKinds.empty() && IsMeasured(tExit)) {
+    if (!tRow.aWarningKinds.empty() && IsMeasured(tRow.pVerdict->tKind)) {
         m_tWarned[tItem.nLine] = tItem.strId;
         for (const std::string& strKey : tRow.aWarningKinds)
             ++m_tWarnings[GeneralText(strKey).value_or(strKey)];
@@ -116,15 +108,16 @@ std::string BatchSummary::WarningsText() const {
 }
 
 std::string BatchSummary::Text() const {
+    std::map<ExitCode, std::size_t> tCounts;
     std::size_t nRows = 0;
-    for (const auto& [tExit, nCount] : m_tCounts)
+    for (const auto& [tVerdict, nCount] : m_tCounts) {
+        tCounts[DescribeVerdict(tVerdict).tExit] += nCount;
         nRows += nCount;
+    }
     std::vector<Cells> aCounts = {{"rows", std::to_string(nRows)}};
     for (const VerdictWords& tVerdict : kVerdicts)
-        if (tVerdict.szLabel != nullptr) {
-            const auto p = m_tCounts.find(tVerdict.tExit);
-            aCounts.push_back({tVerdict.szLabel, std::to_string(p == m_tCounts.end() ? 0 : p->second)});
-        }
+        if (tVerdict.szLabel != nullptr)
+            aCounts.push_back({tVerdict.szLabel, std::to_string(tCounts[tVerdict.tExit])});
     const Cells aHead = {"", "n", "mean", "std. dev.", "minimum", "maximum"};
     std::vector<Cells> aRaw = {aHead}, aDeviations = {aHead};
     for (std::size_t i = 0; i < m_aAxes.size(); ++i) {

@@ -18,7 +18,9 @@ public:
     void Add(const BatchItem& tItem, const BatchRow& tRow);
 
     // The gravest of all rows.
-    ExitCode Exit() const { return m_tCounts.empty() ? ExitCode::kDone : m_tCounts.rbegin()->first; }
+    ExitCode Exit() const {
+        return m_tCounts.empty() ? ExitCode::kDone : DescribeVerdict(m_tCounts.rbegin()->first).tExit;
+    }
 
     // Counts, failures by status or reason, warnings by kind, spread of the raw angles and of their
     // deviations from a known truth.
@@ -35,7 +37,7 @@ private:
 
     std::string WarningsText() const;
 
-    std::map<ExitCode, std::size_t> m_tCounts;
+    std::map<VerdictKind, std::size_t> m_tCounts;   // the gravest one last
     std::map<std::string, std::size_t> m_tFailures; // by status, place and words
     std::map<std::string, std::size_t> m_tUnfit;    // by reason
     std::map<std::size_t, std::string> m_tWarned;   // ids of rows measured with warnings, by line in the list

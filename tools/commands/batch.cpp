@@ -25,6 +25,7 @@ constexpr std::size_t kDefaultTimeout = 60;
 struct Options {
     std::string strList, strOut, strFormat = "csv";
     RawOptions tRaw;
+    DoubtOptions tDoubt;
     std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
     std::size_t nTimeout = kDefaultTimeout;
     bool bResume = false, bOverwrite = false, bRepeatability = false;
@@ -114,23 +115,26 @@ ExitCode Run(const Options& tOptions) {
     tSink.KeepOnly(tEarlier.nBytes);
     if (tEarlier.nBytes == 0)
         tSink.Write(HeadOf(tOptions.Format()));
+    std::vector<std::string> aPassedOn = tOptions.tRaw.Arguments();
+    std::ranges::move(tOptions.tDoubt.Arguments(), std::back_inserter(aPassedOn));
     const bool bProgress = !tOptions.strOut.empty() || isatty(STDOUT_FILENO) == 0;
-    const MeasuredRows tMeasured =
-        MeasureRows({tList, nFirst, tOptions.tRaw.Arguments(), tOptions.Format(), tOptions.nJobs,
-                     std::chrono::seconds(tOptions.nTimeout), bProgress},
-                    tSink, tSummary);
+    const MeasuredRows tMeasured = MeasureRows({tList, nFirst, aPassedOn, tOptions.Format(), tOptions.nJobs,
+                                                std::chrono::seconds(tOptions.nTimeout), bProgress},
+                                               tSink, tSummary);
     if (tMeasured.nSignal != 0) {
         TellStop(tOptions, tMeasured.nWritten, nTotal);
         return StoppedBy(tMeasured.nSignal);
     }
     TellSummary(tOptions, tSummary);
-    return tSummary.Exit();
+    return tOptions.tDoubt.Answer(tSummary.Exit());
 }
 
 constexpr char kDescription[] =
     "measures all pairs of a list, several at once, and writes a row for each\n"
-    "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master, slave "
-    "and calibration are the files of a pair, relative to the list's folder; id names the module (the row's "
+    "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master "
+    "and slave are the files of a pair, relative to the list's folder, calibration is its calibration "
+    "memory, "
+    "which is only told in the rows; id names the module (the row's "
     "number where there is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation "
     "of rendered pairs, against which the summary then compares. Other columns are ignored.\n"
     "Every pair is measured in a process of its own. A pair that cannot be read or measured, whose line in "
@@ -157,7 +161,7 @@ std::string Exits() {
         if (tAnswer.tExit == ExitCode::kUnfitFile)
             tAnswer.strMeaning += "; or list or results are unusable";
     }
-    return ExitCodesHelp(aAnswers, "--resume goes on") + "The highest of the rows' answers wins.\n";
+    return ExitCodesHelp(aAnswers, "--resume goes on") + "The gravest of the rows' answers wins.\n";
 }
 
 } // namespace
@@ -169,6 +173,7 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     AddCount(tCommand, "--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024", 1, 1024)
         .default_str(fmt::format("one per core, here {}", pOptions->nJobs));
     pOptions->tRaw.AddTo(tCommand);
+    pOptions->tDoubt.AddTo(tCommand);
     AddCount(
         tCommand, "--timeout", pOptions->nTimeout,
         "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its row says so",

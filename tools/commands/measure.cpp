@@ -20,14 +20,17 @@ namespace {
 struct Options {
     std::string strMaster, strSlave, strCalibration, strTruth, strRecord, strReport;
     RawOptions tRaw;
-    bool bJson = false;
+    DoubtOptions tDoubt;
+    bool bJson = false, bVerbose = false;
 };
 
-NewFile RecordFile(const std::string& strFile, const std::string& strRecord) {
+NewFile RecordFile(const Options& tOptions, const Picture& tMaster, const Picture& tSlave,
+                   const std::string& strCalibration) {
+    const std::string strRecord = RecordOf(tMaster, tSlave, strCalibration);
     if (strRecord.empty())
-        throw ToolError(strFile, "is not written, because the record could not be encrypted",
+        throw ToolError(tOptions.strRecord, "is not written, because the record could not be encrypted",
                         "Measure again, and tell the maker if it stays so");
-    return {strFile, strRecord};
+    return {tOptions.strRecord, strRecord};
 }
 
 void RefuseTooSmall(Camera tCamera, const Picture& tPicture) {
@@ -61,18 +64,21 @@ Report Run(const Options& tOptions) {
             tSlave = ReadPicture(tOptions.strSlave, oSlaveRaw);
     RefuseTooSmall(Camera::kMaster, tMaster);
     RefuseTooSmall(Camera::kSlave, tSlave);
-    const std::string strCalibration = ReadCalibration(tOptions.strCalibration);
+    const std::string strCalibration =
+        tOptions.strCalibration.empty() ? "" : ReadCalibration(tOptions.strCalibration);
     std::optional<Truth> oTruth;
     if (!tOptions.strTruth.empty())
         oTruth = ReadTruth(tOptions.strTruth);
-    const Measurement measurement = Measure(tMaster, tSlave, strCalibration);
-    Report report = ReportOf(std::move(tMaster), std::move(tSlave), measurement);
+    const Measurement measurement = Measure(tMaster, tSlave);
+    std::vector<NewFile> aOutputs;
+    if (!tOptions.strRecord.empty())
+        aOutputs.push_back(RecordFile(tOptions, tMaster, tSlave, strCalibration));
+    Report report =
+        ReportOf(std::move(tMaster), std::move(tSlave), measurement, tOptions.tDoubt.MaxDifference());
+    report.tExit = tOptions.tDoubt.Answer(report.tVerdict.tVerdict.tExit);
     report.strCalibrationFile = tOptions.strCalibration;
     report.strRecordFile = tOptions.strRecord;
     report.oTruth = oTruth;
-    std::vector<NewFile> aOutputs;
-    if (!tOptions.strRecord.empty())
-        aOutputs.push_back(RecordFile(tOptions.strRecord, report.tPair.strRecord));
     if (!tOptions.strReport.empty())
         aOutputs.push_back({tOptions.strReport, HtmlOf(report)});
     WriteFiles(aOutputs);
@@ -82,8 +88,8 @@ Report Run(const Options& tOptions) {
 ExitCode Show(const Options& options) {
     try {
         const Report report = Run(options);
-        Print(options.bJson ? JsonTextOf(report) : TextOf(report));
-        return report.tVerdict.tVerdict.tExit;
+        Print(options.bJson ? JsonTextOf(report) : options.bVerbose ? TextOf(report) : BriefTextOf(report));
+        return report.tExit;
     } catch (const ToolError& tError) {
         if (options.bJson)
             Print(JsonTextOf(tError));
@@ -100,6 +106,12 @@ std::string Description() {
         "frame has at least {}.\n"
         "Angles come raw, as measured, and rescaled, as the station receives them. The rescaled ones decide: "
         "allowed are {} degrees, raw {} degrees.\n"
+        "A second reading of both pictures, the tool's own, tells each angle once more, with its standard "
+        "uncertainty. A pair within range is doubtful where something speaks against it: the two readings "
+        "differ, "
+        "an angle lies too near to its limit, a trust number is beyond its limit, both pictures are the "
+        "same, or "
+        "there is no second reading.\n"
         "Trust numbers: on lines across every side of the frame, {:g} px apart, the tool itself reads the "
         "dark line's centre, dark and bright level from the picture, and fits a straight line to the centres "
         "by least squares. The residual is the centres' RMS distance from that line; told apart from it is "
@@ -112,13 +124,11 @@ std::string Description() {
 }
 
 std::string Footer() {
-    return ExamplesHelp({"orvex-align measure master.png slave.png --calibration calibration.bin",
-                         "orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --calibration "
-                         "calibration.bin --json",
+    return ExamplesHelp({"orvex-align measure master.png slave.png",
+                         "orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --json",
                          "orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record "
                          "AFProtect.txt",
-                         "orvex-align measure master.png slave.png --calibration calibration.bin --report "
-                         "report.html"}) +
+                         "orvex-align measure master.png slave.png --report report.html"}) +
            ExitCodesHelp(VerdictExits());
 }
 
@@ -132,12 +142,18 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
         .required();
     AddFile(tCommand, "SLAVE", pOptions->strSlave, "The slave camera's picture: " + strFormats, "")
         .required();
-    AddCalibration(tCommand, pOptions->strCalibration);
+    CLI::Option& tCalibration =
+        AddCalibration(tCommand, pOptions->strCalibration,
+                       "only the record needs it, whose key is made from it; no angle does");
     pOptions->tRaw.AddTo(tCommand);
     AddJson(tCommand, pOptions->bJson);
+    tCommand.add_flag("--verbose", pOptions->bVerbose, "Print all numbers, and what the library printed");
+    pOptions->tDoubt.AddTo(tCommand);
     AddFile(tCommand, "--record", pOptions->strRecord,
             "Also write the autofocus record file, encrypted for this module; all zeros inside if the chart "
-            "could not be measured");
+            "could not be measured. The phone's own record file is then replaced too where its folder "
+            "/sdcard is there")
+        .needs(&tCalibration);
     AddFile(tCommand, "--report", pOptions->strReport,
             "Also write one HTML page with both pictures, what was found in them, and every number");
     AddFile(tCommand, "--truth", pOptions->strTruth,

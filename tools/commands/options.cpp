@@ -80,13 +80,10 @@ CLI::Option& AddCount(CLI::App& tCommand, const char* szName, std::size_t& n, co
                 ->type_name(szType);
 }
 
-CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile) {
-    return *AddFile(
-                tCommand, "--calibration", strFile,
-                fmt::format("The module's calibration memory, at least {} bytes; the record's key is made "
-                            "from it",
-                            kCalibrationBytes))
-                .required();
+CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile, const char* szFor) {
+    return AddFile(tCommand, "--calibration", strFile,
+                   fmt::format("The module's calibration memory as read out of it, at least {} bytes: {}",
+                               kCalibrationBytes, szFor));
 }
 
 CLI::Option& AddJson(CLI::App& tCommand, bool& bJson) {
@@ -122,6 +119,23 @@ std::vector<std::string> RawOptions::Arguments() const {
     if (!m_strSlaveRaw.empty())
         a.push_back(fmt::format("{}={}", kSlaveRaw, m_strSlaveRaw));
     return a;
+}
+
+void DoubtOptions::AddTo(CLI::App& tCommand) {
+    tCommand
+        .add_option(
+            "--max-difference", m_dMaxDifference,
+            "Degrees by which the library's angle and the tool's second reading may differ before the "
+            "verdict is doubtful")
+        ->check(Within(0, 90))
+        ->type_name("DEG")
+        ->capture_default_str();
+    tCommand.add_flag("--accept-doubtful", m_bAccept,
+                      "Return 0 for a doubtful verdict, which is told all the same");
+}
+
+std::vector<std::string> DoubtOptions::Arguments() const {
+    return {fmt::format("--max-difference={}", m_dMaxDifference)};
 }
 
 } // namespace tools

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "basics/exit_codes.h"
 #include "pictures/picture_size.h"
+#include "trust/pair_warnings.h"
 
 #include <CLI/CLI.hpp>
 #include <optional>
@@ -30,7 +32,8 @@ CLI::Option& AddFile(CLI::App& tCommand, const char* szName, std::string& strFil
 CLI::Option& AddCount(CLI::App& tCommand, const char* szName, std::size_t& n, const char* szHelp,
                       std::size_t nLowest, std::size_t nHighest, const char* szType = "N");
 
-CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile);
+// The calibration memory; a command that cannot do without it adds required().
+CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile, const char* szFor);
 
 CLI::Option& AddJson(CLI::App& tCommand, bool& bJson);
 
@@ -48,6 +51,22 @@ public:
 
 private:
     std::string m_strRaw, m_strSlaveRaw;
+};
+
+// What makes a verdict doubtful, and what becomes of it.
+class DoubtOptions {
+public:
+    void AddTo(CLI::App& tCommand);
+
+    double MaxDifference() const { return m_dMaxDifference; } // degrees
+    ExitCode Answer(ExitCode t) const { return m_bAccept && t == ExitCode::kDoubtful ? ExitCode::kDone : t; }
+
+    // As they are given to another command, without the acceptance.
+    std::vector<std::string> Arguments() const;
+
+private:
+    double m_dMaxDifference = kMaxDifference;
+    bool m_bAccept = false;
 };
 
 } // namespace tools

@@ -47,7 +47,7 @@ void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
     AddFile(tCommand, "FILE", pOptions->strFile,
             "The record file: AFProtect.txt of a phone, or measure --record's", "")
         .required();
-    AddCalibration(tCommand, pOptions->strCalibration);
+    AddCalibration(tCommand, pOptions->strCalibration, "the record's key is made from it").required();
     AddJson(tCommand, pOptions->bJson);
     tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });

@@ -131,7 +131,10 @@ TEST_F(BatchCommand, DoubtfulAngleIsWarnedOfInItsRow) {
     Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2");
     const Json tAnswer = MeasureAsJson("master.pgm slave.pgm");
     Write("L", "master,slave,calibration\nmaster.pgm,slave.pgm,calibration.bin\n");
-    const Row tRow = Rows(0, "L").at(0);
+    const Row tRow = Rows(4, "L").at(0);
+    EXPECT_EQ(tRow["verdict"], "doubtful");
+    EXPECT_EQ(Run("batch L --accept-doubtful").nExit, 0);
+    EXPECT_EQ(tRow["second_reading_rx_deg"], tAnswer["second_reading_deg"]["rx"]);
     const std::string strWarnings = tRow["warnings"], strFirst = tAnswer["warnings"].at(0);
     EXPECT_TRUE(strWarnings.starts_with(strFirst)) << strWarnings;
     EXPECT_TRUE(strWarnings.ends_with(std::string(tAnswer["warnings"].back()))) << strWarnings;

@@ -91,12 +91,14 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
     Write("-out", "");
     const Refusal aCases[] = {
         {"", {"name a command", "See orvex-align --help"}},
-        {"measure a b --calibration c --jsn", {"\"--jsn\" is not understood.\n  See"}},
+        {"measure a b --calibration c --jsn", {"\"--jsn\" is not understood; did you mean --json?\n  See"}},
         {"measure -dash.pgm b --calibration c", {"understood.\n  If it is a file, write ./-dash.pgm.\n"}},
         {"measure a -out --calibration c", {"write ./-out."}}, // such a file is there
         {"measure a '' --calibration c", {"SLAVE: the name is empty"}},
         {"measure a b --calibration c --record ''", {"--record: the name is empty"}},
-        {"measure a b", {"--calibration is required", "See orvex-align measure --help"}},
+        {"measre a b", {"did you mean measure?", "See orvex-align --help"}},
+        {"measure a b --record r", {"--record requires --calibration", "See orvex-align measure --help"}},
+        {"measure a b --max-difference -1", {"is not a number from 0 to 90"}},
         {"render --out x --rx 45.1", {"\"45.1\" is not a number from -45 to 45"}},
         {"render --out x --rz nan", {"\"nan\" is not a number"}},
         {"render --out x --ry 30 --master-ry 30", {"60.0000 deg, is beyond 45 deg"}},

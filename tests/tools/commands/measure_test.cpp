@@ -104,11 +104,53 @@ TEST_F(MeasureCommand, FailureTellsCameraStageAndWhatWasMissing) {
             EXPECT_EQ(tJson["trust"][strCamera]["border_distance_px"].is_null(), t.nNumbers < 5);
             EXPECT_EQ(bool(Holds(tJson["warnings"].dump(), {strCamera + " camera, cross: low contrast"})),
                       t.nNumbers == 2);
-            const Outcome tText = Measure(strPictures);
+            const Outcome tText = Measure(strPictures, "--verbose");
             EXPECT_EQ(tText.nExit, 2);
+            const std::string strBrief = Measure(strPictures).strOut;
+            EXPECT_LE(std::ranges::count(strBrief, '\n'), 20) << strBrief;
+            EXPECT_TRUE(Holds(strBrief, {"  Looked for ", "  Try ", "--verbose"}));
             EXPECT_TRUE(tText.strOut.starts_with("NOT MEASURED: " + strWhere + ", " + t.szStage + ": "));
             EXPECT_TRUE(Holds(tText.strOut, {t.szFound, "  Looked for ", "  Try ", "\n  Calculation of "}));
         }
+}
+
+TEST_F(MeasureCommand, DoubtIsAVerdictOfItsOwn) {
+    Render("--rx 0.8 --noise 2");
+    const std::string strSlave = Read("slave.pgm");
+    std::string strDirty = strSlave;
+    for (std::size_t y = 185; y < 215; ++y) // inside the frame, beside its top line
+        strDirty.replace(17 + y * 1728 + 850, 40, 40, '\x14');
+    Write("dirty.pgm", strDirty);
+    const struct {
+        std::string strPictures, strOptions;
+        const char* szVerdict;
+        int nExit;
+        std::vector<std::string> aKinds; // some of them
+    } aCases[] = {
+        {strPair, "", "within_range", 0, {}},
+        {"master.pgm master.pgm", "", "doubtful", 4, {"same_picture"}},
+        {"master.pgm master.pgm", "--accept-doubtful", "doubtful", 0, {"same_picture"}},
+        {strPair, "--max-difference 0", "doubtful", 4, {"readings_differ"}},
+        {"master.pgm dirty.pgm", "", "doubtful", 4, {"readings_differ", "corner_off_line"}},
+    };
+    for (const auto& t : aCases) {
+        SCOPED_TRACE(t.strPictures + t.strOptions);
+        const Outcome tJson = Run("measure " + t.strPictures + " --json " + t.strOptions);
+        const Json tAnswer = Json::parse(tJson.strOut);
+        EXPECT_EQ(tAnswer["verdict"], t.szVerdict);
+        EXPECT_EQ(tJson.nExit, t.nExit);
+        EXPECT_EQ(tAnswer["exit_code"], t.nExit);
+        for (const std::string& strKind : t.aKinds)
+            EXPECT_TRUE(Holds(tAnswer["warning_details"].dump(), {"\"" + strKind + "\""}));
+        for (const auto& [strAxis, dRaw] : tAnswer["raw_deg"].items()) {
+            const double dUncertainty = tAnswer["second_reading_standard_uncertainty_deg"][strAxis];
+            EXPECT_GT(dUncertainty, 0);
+            EXPECT_LT(dUncertainty, 0.01);
+        }
+        const Outcome tText = Run("measure " + t.strPictures + " " + t.strOptions);
+        EXPECT_LE(std::ranges::count(tText.strOut, '\n'), 20) << tText.strOut;
+        EXPECT_TRUE(Holds(tText.strOut, {" (second reading ", " +- 0.00"}));
+    }
 }
 
 TEST_F(MeasureCommand, FilesMayVaryInFormAndName) {
