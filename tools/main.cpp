@@ -6,13 +6,16 @@
 #include "commands/help.h"
 #include "measuring/versions.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <memory>
 #include <new>
+#include <numeric>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -32,11 +35,39 @@ std::string Commands(const CLI::App& tApp) {
     return Listed(a);
 }
 
+// How many letters must be put in, left out or changed to make one word of the other.
+std::size_t Distance(const std::string& strOne, const std::string& strOther) {
+    std::vector<std::size_t> an(strOther.size() + 1);
+    std::iota(an.begin(), an.end(), std::size_t{0});
+    for (std::size_t i = 0; i < strOne.size(); ++i) {
+        std::size_t nDiagonal = std::exchange(an[0], i + 1);
+        for (std::size_t j = 0; j < strOther.size(); ++j) {
+            const std::size_t nChanged = nDiagonal + (strOne[i] == strOther[j] ? 0 : 1);
+            nDiagonal = an[j + 1];
+            an[j + 1] = std::min({nChanged, an[j] + 1, nDiagonal + 1});
+        }
+    }
+    return an.back();
+}
+
+// "; did you mean measure?"
+std::string Suggestion(const CLI::App& tCommand, const std::string& strTyped) {
+    std::vector<std::string> a;
+    for (const CLI::App* const p : tCommand.get_subcommands({}))
+        a.push_back(p->get_name());
+    for (const CLI::Option* const p : tCommand.get_options())
+        if (!p->get_lnames().empty())
+            a.push_back("--" + p->get_lnames().front());
+    const auto p =
+        std::ranges::min_element(a, {}, [&](const std::string& str) { return Distance(str, strTyped); });
+    return p == a.end() || Distance(*p, strTyped) > 2 ? "" : "; did you mean " + *p + "?";
+}
+
 // What the parser could not place comes first: it is often the cause of what is then missing.
 std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
     const std::vector<std::string> aUnknown = tCommand.remaining();
     if (!aUnknown.empty())
-        return "\"" + aUnknown.front() + "\" is not understood";
+        return "\"" + aUnknown.front() + "\" is not understood" + Suggestion(tCommand, aUnknown.front());
     return tCommand.get_parent() == nullptr ? "name a command: " + Commands(tCommand) : tError.what();
 }
 
@@ -56,13 +87,17 @@ std::string Advice(const CLI::App& tCommand) {
     return "  If it is a file, write " + ShellWord("./" + aUnknown.front()) + ".\n";
 }
 
+std::string Sentence(const std::string& str) {
+    return str.ends_with('?') ? str : str + ".";
+}
+
 std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
     const std::vector<CLI::App*> aChosen = pApp->get_subcommands();
     const CLI::App& tCommand = aChosen.empty() ? *pApp : *aChosen.front();
     const std::string strName =
         aChosen.empty() ? pApp->get_name() : pApp->get_name() + " " + tCommand.get_name();
-    return strName + ": " + Harmless(Reason(tCommand, tError)) + ".\n" + Advice(tCommand) + "  See " +
-           strName + " --help.\n";
+    return strName + ": " + Sentence(Harmless(Reason(tCommand, tError))) + "\n" + Advice(tCommand) +
+           "  See " + strName + " --help.\n";
 }
 
 ExitCode Fail(const std::string& strMessage) {
@@ -71,12 +106,22 @@ ExitCode Fail(const std::string& strMessage) {
 }
 
 std::string Footer() {
-    return ExamplesHelp(
-               {"orvex-align render --out demo --rx 0.8",
-                "orvex-align measure demo/master.pgm demo/slave.pgm --calibration demo/calibration.bin"}) +
+    return ExamplesHelp({"orvex-align render --out demo --rx 0.8",
+                         "orvex-align measure demo/master.pgm demo/slave.pgm"}) +
            ExitCodesHelp(VerdictExits()) +
            "\nThese are measure's. Of the other commands 0 is done, or a record accepted, and 2 a record "
-           "refused;\neach command has its own --help.\n";
+           "refused;\neach command has its own: orvex-align help COMMAND.\n";
+}
+
+// As the parser takes them, the last one first. "help measure" is "measure --help".
+std::vector<std::string> Arguments(int nArguments, const char* const* aszArguments) {
+    std::vector<std::string> a(aszArguments + std::min(1, nArguments), aszArguments + nArguments);
+    if (!a.empty() && a.front() == "help") {
+        a.erase(a.begin());
+        a.emplace_back("--help");
+    }
+    std::ranges::reverse(a);
+    return a;
 }
 
 ExitCode Run(int nArguments, const char* const* aszArguments) {
@@ -98,7 +143,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     AddBatchCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
     try {
-        tApp.parse(nArguments, aszArguments);
+        tApp.parse(Arguments(nArguments, aszArguments));
     } catch (const CLI::ParseError& t) {
         return tApp.exit(t) == 0 ? ExitCode::kDone : ExitCode::kWrongUsage;
     } catch (const ToolError& t) {
