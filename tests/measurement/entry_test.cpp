@@ -56,6 +56,20 @@ TEST(Entry, RefusesNullPointersAndUnusableSizes) {
         EXPECT_EQ(dAngle, 5.0);
 }
 
+TEST(Entry, SpanStaysWhereNoBarIsFound) {
+    DualCamAlign_LoadParameters_ForAndroid();
+    Plane t = Paper();
+    unsigned short auwCentre[2] = {864, 486};
+    double dAngle = 0, dAux = 0;
+    float afCentre[2] = {};
+    int nSpan = 77;
+    EXPECT_EQ(DualCamAlign_CalculateIntersectionAndAngle(t.aPixels.data(), t.aPixels.data(), t.nColumns,
+                                                         t.nRows, &dAngle, afCentre, &nSpan, &dAux, &dAux,
+                                                         &dAux, 0.45, 0.45, true, auwCentre, true),
+              unsigned{ORVEX_CROSS_NO_COLUMN_RUN});
+    EXPECT_EQ(nSpan, 77);
+}
+
 TEST(Entry, WorkingBufferCanBeReadAfterTheRun) {
     const Picture tChart = UprightChart();
     Align(tChart, tChart);

@@ -25,9 +25,13 @@ Picture Rectangles(Random& t, int nColumns, int nRows) {
 
 } // namespace
 
-TEST(HostilePictures, EverySizeUpTo64) {
+TEST(HostilePictures, EverySizeUpTo64AndTheLongest) {
     Random t(1);
     testing::internal::CaptureStdout();
+    for (const auto& [nColumns, nRows] : {std::pair(3, 65535), {65535, 3}}) {
+        const Picture tPicture = Rectangles(t, nColumns, nRows);
+        EXPECT_TRUE(IsDocumented(Align(tPicture, tPicture).nStatus)) << nColumns << " x " << nRows;
+    }
     for (int nRows = 1; nRows <= 64; ++nRows)
         for (int nColumns = 1; nColumns <= 64; ++nColumns) {
             const Picture tPicture = Rectangles(t, nColumns, nRows);
