@@ -15,6 +15,8 @@ public:
         return *this;
     }
     ~Descriptor() { Close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
 
     int Number() const { return m_n; }
     bool IsOpen() const { return m_n != -1; }

@@ -98,6 +98,8 @@ public:
         if (!m_tDescriptor.IsOpen())
             throw NotStaged(m_strTarget);
     }
+    StagedFile(const StagedFile&) = delete;
+    StagedFile& operator=(const StagedFile&) = delete;
     ~StagedFile() {
         if (!m_bInPlace)
             std::remove(m_strTemporary.c_str());

@@ -23,6 +23,8 @@ class StopSignals {
 public:
     StopSignals();
     ~StopSignals();
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
 
     // Readable once a signal has come.
     int Number() const { return m_tDescriptor.Number(); }

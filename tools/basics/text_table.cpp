@@ -3,10 +3,20 @@
 #include "basics/harmless_text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <fmt/format.h>
 
 namespace tools {
+
+std::optional<double> ParsedNumber(const std::string& str) {
+    const char* const pEnd = str.data() + str.size();
+    double d = 0;
+    const auto [pRead, tError] = std::from_chars(str.data(), pEnd, d);
+    if (tError != std::errc() || pRead != pEnd || !std::isfinite(d))
+        return std::nullopt;
+    return d;
+}
 
 std::string Fixed(double d, int nDecimals) {
     const double dHalfStep = 0.5 * std::pow(10.0, -nDecimals);

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tools {
+
+// A finite number in decimal notation, in whatever language the machine is set to; none for anything else.
+std::optional<double> ParsedNumber(const std::string& str);
 
 // With a fixed number of decimals; a value that rounds to zero has no sign.
 std::string Fixed(double d, int nDecimals);

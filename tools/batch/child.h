@@ -22,6 +22,8 @@ public:
     // aArguments without the program's name; strFolder: where it runs.
     Child(const std::vector<std::string>& aArguments, const std::string& strFolder);
     ~Child();
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
 
     // To wait for; closed where nothing more will come.
     const std::array<Descriptor, 2>& Pipes() const { return m_aPipes; }

@@ -1,7 +1,7 @@
 #include "batch/columns.h"
 
 #include "basics/list_columns.h"
-#include "basics/numbers.h"
+#include "basics/text_table.h"
 #include "measuring/quantities.h"
 #include "trust/numbers.h"
 #include "trust/warnings.h"

@@ -3,7 +3,7 @@
 #include "basics/csv.h"
 #include "basics/files.h"
 #include "basics/list_columns.h"
-#include "basics/numbers.h"
+#include "basics/text_table.h"
 #include "basics/tool_error.h"
 
 #include <algorithm>

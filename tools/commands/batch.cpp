@@ -182,9 +182,10 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     AddFile(tCommand, "--out", pOptions->strOut,
             "File for the rows; without it they go to standard output. A file that exists is refused unless "
             "one of the next two is given");
-    auto* const pResume = tCommand.add_flag("--resume", pOptions->bResume,
-                                            "Go on behind the last whole row of --out; a torn one is cut "
-                                            "off. Results of another list are refused");
+    auto* const pResume =
+        tCommand.add_flag("--resume", pOptions->bResume,
+                          "Go on behind the last whole row of --out; a torn one is cut "
+                          "off. Results of another list are refused; give the same --max-difference");
     tCommand.add_flag("--overwrite", pOptions->bOverwrite, "Replace --out")->excludes(pResume);
     tCommand
         .add_option("--format", pOptions->strFormat,

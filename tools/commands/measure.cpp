@@ -109,16 +109,18 @@ std::string Description() {
         "A second reading of both pictures, the tool's own, tells each angle once more, with its standard "
         "uncertainty. A pair within range is doubtful where something speaks against it: the two readings "
         "differ, "
-        "an angle lies too near to its limit, a trust number is beyond its limit, both pictures are the "
-        "same, or "
-        "there is no second reading.\n"
+        "an angle is uncertain or too near to its limit, a trust number is beyond its limit, both pictures "
+        "are "
+        "the same, or there is no second reading.\n"
         "Trust numbers: on lines across every side of the frame, {:g} px apart, the tool itself reads the "
-        "dark line's centre, dark and bright level from the picture, and fits a straight line to the centres "
-        "by least squares. The residual is the centres' RMS distance from that line; told apart from it is "
-        "how far the farther of the side's two measured corners lies from the line. Of the cross it reads "
+        "dark "
+        "line's centre, dark and bright level from the picture, and fits a straight line to the centres by "
+        "least "
+        "squares. The residual is the centres' RMS distance from that line; told apart from it is how far "
         "the "
-        "grey levels in the search window. Warnings come with {}. A pair that fails has them as far as it "
-        "came.",
+        "farther of the side's two measured corners lies from the line. Of the cross it reads the grey "
+        "levels in "
+        "the search window. Warnings come with {}. A pair that fails has them as far as it came.",
         ListedFormats(&PictureFormat::szLimits, ", "), SizeText(LeastSizeOf(Camera::kMaster)),
         AllowedRange(kRescaledLimit), AllowedRange(kRawLimit), kLineStep, TrustLimitsHelp());
 }

@@ -1,6 +1,5 @@
 #include "commands/options.h"
 
-#include "basics/numbers.h"
 #include "basics/text_table.h"
 #include "measuring/calibration.h"
 

@@ -13,6 +13,8 @@ class CapturedOutput {
 public:
     explicit CapturedOutput(int nDescriptor);
     ~CapturedOutput();
+    CapturedOutput(const CapturedOutput&) = delete;
+    CapturedOutput& operator=(const CapturedOutput&) = delete;
 
     // Gives the stream back and returns what was written, without empty lines.
     std::vector<std::string> Lines();

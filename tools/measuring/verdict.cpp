@@ -34,6 +34,12 @@ constexpr StatusWords kNoAngle = {ORVEX_OK, "ORVEX_OK", Stage::kAngles,
                                   "an angle has no value, because a side of the frame has no length",
                                   "Bring the whole frame into view and check sharpness and light"};
 
+// In place of the library's words, which take the angles as they are.
+constexpr StatusWords kDoubtedRange = {
+    ORVEX_ANGLE_OUT_OF_RANGE, "ORVEX_ANGLE_OUT_OF_RANGE", Stage::kAngleRange,
+    "both cameras were measured, but an angle is out of range",
+    "Do what the warnings say and measure again before you judge the module"};
+
 } // namespace
 
 std::string AllowedRange(double dLimit) {
@@ -48,22 +54,28 @@ std::string PlaceOfFailure(const PairResult& pair) {
                                          : strCamera + ", " + pair.pFailedCorner->szLabel + " corner";
 }
 
-Verdict VerdictOf(const PairResult& pair, const std::vector<std::string>& aDoubts) {
+bool IsMeasured(const PairResult& pair) {
+    return pair.oRaw && !LacksAnAngle(*pair.oRaw);
+}
+
+Verdict VerdictOf(const PairResult& pair, std::size_t nDoubts) {
     const StatusWords& tStatus = DescribeStatus(pair.nStatus);
     if (!pair.oRaw)
         return NotMeasured(tStatus, PlaceOfFailure(pair));
     if (LacksAnAngle(*pair.oRaw))
         return NotMeasured(kNoAngle, "");
+    const std::string strAgainst =
+        nDoubts == 1 ? "one reason speaks" : fmt::format("{} reasons speak", nDoubts);
     if (pair.nStatus == ORVEX_ANGLE_OUT_OF_RANGE)
         return {DescribeVerdict(VerdictKind::kOutOfRange),
-                "OUT OF RANGE: " + AnglesBeyondLimit(*pair.oRescaled) + " degrees rescaled, allowed are " +
-                    AllowedRange(kRescaledLimit) + ".",
-                tStatus};
-    if (!aDoubts.empty())
+                fmt::format(
+                    "OUT OF RANGE: {} degrees rescaled, allowed are {}.{}",
+                    AnglesBeyondLimit(*pair.oRescaled), AllowedRange(kRescaledLimit),
+                    nDoubts == 0 ? "" : " But " + strAgainst + " against it: do not judge the module yet."),
+                nDoubts == 0 ? tStatus : kDoubtedRange};
+    if (nDoubts != 0)
         return {DescribeVerdict(VerdictKind::kDoubtful),
-                fmt::format("DOUBTFUL: within range, but {} against it. Do not rely on these angles.",
-                            aDoubts.size() == 1 ? "one reason speaks"
-                                                : fmt::format("{} reasons speak", aDoubts.size())),
+                "DOUBTFUL: within range, but " + strAgainst + " against it. Do not rely on these angles.",
                 tStatus};
     return {DescribeVerdict(VerdictKind::kWithinRange),
             "WITHIN RANGE: all three rescaled angles lie within " + AllowedRange(kRescaledLimit) +

@@ -49,11 +49,14 @@ struct Verdict {
     const StatusWords& tStatus; // stage in which the measurement ended, and why
 };
 
+// Whether all three angles have a value.
+bool IsMeasured(const PairResult& pair);
+
 // Which camera failed, and at which corner if it failed there: "slave camera, right top corner". Empty if
 // none did.
 std::string PlaceOfFailure(const PairResult& pair);
 
-// aDoubts: what speaks against a measurement within range, each in a sentence.
-Verdict VerdictOf(const PairResult& pair, const std::vector<std::string>& aDoubts);
+// nDoubts: how many reasons speak against the measurement.
+Verdict VerdictOf(const PairResult& pair, std::size_t nDoubts);
 
 } // namespace tools

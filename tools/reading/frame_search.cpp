@@ -6,6 +6,9 @@
 namespace tools {
 namespace {
 
+// px. A smaller frame shows too few lines across.
+constexpr double kLeastFrame = 100;
+
 constexpr int kGrid = 8;            // px between the pixels that tell ink from paper
 constexpr double kInkShare = 0.004; // of the pixels: darker ones are ink in any picture of the chart
 constexpr double kLeastContrast = 25;
@@ -123,23 +126,7 @@ double Length(const Corners& a, std::size_t nSide) {
     return std::hypot(tTo.dX - tFrom.dX, tTo.dY - tFrom.dY);
 }
 
-} // namespace
-
-bool AreLikeAFrame(const std::array<Point, 4>& aCorners, const ChartMeasures& tMeasures) {
-    const double dLeft = Length(aCorners, 0), dTop = Length(aCorners, 1), dRight = Length(aCorners, 2),
-                 dBottom = Length(aCorners, 3);
-    return aCorners[0].dX < aCorners[1].dX && aCorners[0].dY < aCorners[2].dY && AreAlike(dLeft, dRight) &&
-           AreAlike(dTop, dBottom) &&
-           AreAlike((dTop + dBottom) / tMeasures.dHalfSpanX, (dLeft + dRight) / tMeasures.dHalfSpanY);
-}
-
-FrameFound FindFrame(const Picture& tPicture, const ChartMeasures& tMeasures) {
-    const auto [dInk, dPaper, dGlare] = LevelsOf(tPicture);
-    if (dGlare - dPaper > std::max(kLeastContrast, 2 * (dPaper - dInk)))
-        return {{}, NoReading::kInverted};
-    if (dPaper - dInk < kLeastContrast)
-        return {{}, NoReading::kNoContrast};
-    const double dThreshold = (dInk + dPaper) / 2;
+FrameFound FindDarkerThan(double dThreshold, const Picture& tPicture, const ChartMeasures& tMeasures) {
     const std::vector<Voted> aHorizontal = LinesAlong(true, tPicture, dThreshold),
                              aVertical = LinesAlong(false, tPicture, dThreshold);
     FrameFound tFound = {{}, NoReading::kNoFrame};
@@ -156,6 +143,33 @@ FrameFound FindFrame(const Picture& tPicture, const ChartMeasures& tMeasures) {
     if (nMostOnSide > nMost)
         return {{}, NoReading::kFrameOnSide};
     return tFound;
+}
+
+} // namespace
+
+bool AreLikeAFrame(const std::array<Point, 4>& aCorners, const ChartMeasures& tMeasures) {
+    const double dLeft = Length(aCorners, 0), dTop = Length(aCorners, 1), dRight = Length(aCorners, 2),
+                 dBottom = Length(aCorners, 3);
+    return aCorners[0].dX < aCorners[1].dX && aCorners[2].dX < aCorners[3].dX &&
+           aCorners[0].dY < aCorners[2].dY && aCorners[1].dY < aCorners[3].dY && dTop > kLeastFrame &&
+           AreAlike(dLeft, dRight) && AreAlike(dTop, dBottom) &&
+           AreAlike((dTop + dBottom) / tMeasures.dHalfSpanX, (dLeft + dRight) / tMeasures.dHalfSpanY);
+}
+
+FrameFound FindFrame(const Picture& tPicture, const ChartMeasures& tMeasures) {
+    const auto [dInk, dPaper, dGlare] = LevelsOf(tPicture);
+    if (dGlare - dPaper > std::max(kLeastContrast, 2 * (dPaper - dInk))) {
+        // Bright lines on dark paper, or something else on a dark ground.
+        Picture tTurned = tPicture;
+        for (unsigned char& ub : tTurned.aGrey)
+            ub = static_cast<unsigned char>(255 - ub);
+        const bool bFound =
+            FindDarkerThan(255 - (dPaper + dGlare) / 2, tTurned, tMeasures).oCorners.has_value();
+        return {{}, bFound ? NoReading::kInverted : NoReading::kNoFrame};
+    }
+    if (dPaper - dInk < kLeastContrast)
+        return {{}, NoReading::kNoContrast};
+    return FindDarkerThan((dInk + dPaper) / 2, tPicture, tMeasures);
 }
 
 } // namespace tools

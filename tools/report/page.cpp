@@ -115,7 +115,7 @@ bool IsInQuestion(const CameraReport& tCamera, const Report& report) {
 std::string Banner(const Report& report) {
     std::string str = Element("h1", report.tVerdict.strHeadline);
     for (const ReportTable& tTable : TablesOf(report))
-        if (tTable.bBrief && report.tPair.oRaw)
+        if (tTable.bBrief && IsMeasured(report.tPair))
             return str + "<p>" + Angles(tTable) + "</p>" + Reasons(report);
     return str + Element("p", report.tVerdict.tStatus.szTry) + Reasons(report);
 }

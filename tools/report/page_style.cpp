@@ -28,19 +28,6 @@ main { padding: 10px 20px; }
 @media (max-width: 899px) { .first { order: -1; } }
 section, figure { margin: 0; padding: 12px 14px; background: var(--card); border: 1px solid var(--line);
   border-radius: 6px; overflow-x: auto; }
-ul { margin: 6px 0 0; font-size: 15px; }
-header span { display: inline-block; margin-right: 22px; font-variant-numeric: tabular-nums; }
-main { padding: 10px 20px; }
-.pictures, .numbers { display: grid; gap: 10px; grid-template-columns: minmax(0, 1fr); margin-top: 10px; }
-@media (min-width: 900px) {
-  .pictures { grid-template-columns: minmax(0, 1fr) minmax(0, 1fr); align-items: start; }
-  .numbers { display: block; columns: 2; column-gap: 10px; }
-  .numbers section { break-inside: avoid; margin-bottom: 10px; } }
-@media (max-width: 899px) { .first { order: -1; } }
-section, figure { margin: 0; padding: 12px 14px; background: var(--card); border: 1px solid var(--line);
-  border-radius: 6px; overflow-x: auto; }
-section.warnings { border-color: var(--warn); background: var(--warn-card); }
-section.warnings h2 { color: var(--warn); }
 ul { margin: 0; padding-left: 20px; overflow-wrap: anywhere; }
 dl { margin: 0; display: grid; gap: 2px 14px; grid-template-columns: max-content minmax(0, 1fr); }
 dt { color: var(--soft); }

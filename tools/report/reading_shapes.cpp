@@ -32,6 +32,7 @@ std::string ReadingShapes(const std::string& strCamera, const CameraReading& tRe
         for (const LineReading& tHalf : tReading.aaHalves[i])
             Add(tHalf, kSides[i].bAlongRows, tPaths);
     Add(tReading.tHorizontalBar, true, tPaths);
+    Add(tReading.tVerticalBar, false, tPaths);
     return fmt::format(
         "<path id=\"{0}-second\" d=\"{1}\"><title>second reading's lines</title></path>\n"
         "<path id=\"{0}-left-out\" class=\"out\" d=\"{2}\"><title>centres that the second reading "

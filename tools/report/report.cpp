@@ -12,14 +12,6 @@ CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult
     return {tCamera, std::move(tPicture), tResult.tMeasured, tResult.tView, tResult.tReading, tTrust};
 }
 
-std::vector<std::string> DoubtsIn(const std::vector<Warning>& aWarnings) {
-    std::vector<std::string> a;
-    for (const Warning& t : aWarnings)
-        if (t.IsDoubt())
-            a.push_back(t.strText);
-    return a;
-}
-
 } // namespace
 
 Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, double dMaxDifference) {
@@ -27,9 +19,11 @@ Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement,
     CameraReport tOfMaster = CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster),
                  tOfSlave = CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave);
     for (const CameraReport* const p : {&tOfMaster, &tOfSlave})
-        std::ranges::move(WarningsOf(p->tCamera, p->tTrust, measurement.tPair.oRaw.has_value()),
+        std::ranges::move(WarningsOf(p->tCamera, p->tTrust, IsMeasured(measurement.tPair)),
                           std::back_inserter(aWarnings));
-    const Verdict tVerdict = VerdictOf(measurement.tPair, DoubtsIn(aWarnings));
+    std::ranges::stable_sort(aWarnings, {}, &Warning::nRank);
+    const auto nDoubts = static_cast<std::size_t>(std::ranges::count(aWarnings, true, &Warning::bDoubt));
+    const Verdict tVerdict = VerdictOf(measurement.tPair, nDoubts);
     return {std::move(tOfMaster),
             std::move(tOfSlave),
             measurement.tPair,

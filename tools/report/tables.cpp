@@ -81,7 +81,7 @@ std::string SecondReadingOf(const CameraReport& tCamera) {
 std::vector<Fact> FactsOf(const Report& report) {
     const StatusWords& tStatus = report.tVerdict.tStatus;
     const StageWords& tStage = DescribeStage(tStatus.tStage);
-    const bool bMeasured = report.tPair.oRaw.has_value();
+    const bool bMeasured = IsMeasured(report.tPair);
     std::vector<Fact> a = {
         {"Status", HexOf(report.tPair.nStatus) + " " + tStatus.szName, false},
         {"Where", PlaceOfFailure(report.tPair), false},

@@ -123,22 +123,23 @@ const TrustNumber kNumbers[] = {
                 ", cross: too pale, its dark level {dark} is above {threshold}, up to which its search takes "
                 "pixels as ink. Check for reflections and overexposure."}},
     {Of::kPicture, "noise_grey", "noise of the paper", "grey levels", 2, Noise,
-     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 2, "noise_grey", "noise above {limit} grey levels",
+     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 0, "noise_grey", "noise above {limit} grey levels",
                 ": noise of {value} grey levels, more than {limit}. Give the picture more light or a longer "
                 "exposure "
                 "at a lower gain."}},
-    {Of::kPicture, "used_lines_percent", "lines across that show the chart straight", "%", 1,
+    {Of::kPicture, "used_lines_percent", "length of the chart's lines that can be read, worst", "%", 1,
      OfReading<&Soundness::dLeastUsed>,
      TrustLimit{
          "covered_line", Warned::kBelow, kLeastUsed, 4, "used_lines_percent",
          "less than {limit} % of the lines across that show a half side straight",
-         ": only {value} % of the lines across show one of the chart's lines straight, less than {limit} %. "
+         ": one of the chart's lines can be read on {value} % of its length only, less than {limit} %. "
          "Look for what covers it: the report shows what was left out."}},
     {Of::kPicture, "half_side_gap_px", "gap between the halves of a side", "px", 3,
      OfReading<&Soundness::dLargestGap>,
      TrustLimit{"broken_side", Warned::kAbove, kLargeGap, 4, "half_side_gap_px",
                 "the halves of a side more than {limit} px apart",
-                ": the halves of a side meet {value} px apart, more than {limit} px. Check that the chart is "
+                ": the two halves of a side do not line up, by {value} px, more than {limit} px. Check that "
+                "the chart is "
                 "flat and "
                 "that nothing lies on its frame."}},
     {Of::kPicture, "width_spread_percent", "spread of the frame line's width", "%", 2,
@@ -148,7 +149,7 @@ const TrustNumber kNumbers[] = {
                 ": the frame line's width is uneven by {value} %, more than {limit} %. Check for dirt along "
                 "it and for "
                 "uneven light."}},
-    {Of::kPicture, "light_step_percent", "step of the paper's light, of the contrast", "%", 1,
+    {Of::kPicture, "light_step_percent", "step in the light, part of the contrast", "%", 1,
      OfReading<&Soundness::dLightStep>,
      TrustLimit{"light_step", Warned::kAbove, kLightStep, 4, "light_step_percent",
                 "a step of the paper's light above {limit} % of the contrast",

@@ -12,9 +12,6 @@ namespace tools {
 // When a number is warned of.
 enum class Warned { kAbove, kBelow, kAtMost };
 
-// The last of the limits' ranks.
-constexpr int kLastRank = 6;
-
 // A trust number's limit.
 struct TrustLimit {
     const char* szKind; // of the warning

@@ -19,10 +19,10 @@ constexpr Kind kSamePicture = {"same_picture",
                                "both pictures are the same: only {value} of their pixels differ. Name the "
                                "master's own picture and the slave's.",
                                ""};
-constexpr Kind kNoReading = {"no_second_reading",
-                             "no second reading of this camera's picture: {what}. Look at the picture, and "
-                             "record it again.",
-                             "the reason stands in the row"};
+constexpr Kind kNoReading = {
+    "no_second_reading",
+    "no second reading of this camera's picture: {what}. Look at the picture, and take it again.",
+    "the reason stands in the row"};
 constexpr Kind kDifference = {
     "readings_differ",
     "{what}: the two readings differ by {value} degrees, more than {limit}. Look in "
@@ -93,9 +93,9 @@ void AddAxis(const MeasuredPair& tPair, std::size_t nAxis, std::vector<Warning>&
         a.push_back(WarningOf(kDifference, tAxis, dDifference, tPair.dMaxDifference));
     if (!(dUncertainty <= kMaxUncertainty))
         a.push_back(WarningOf(kUncertain, tAxis, dUncertainty, kMaxUncertainty));
-    const double dToLimit = kRawLimit - std::fabs(dRaw), dReach = 2 * dUncertainty + dDifference;
-    if (dToLimit >= 0 && !(dToLimit >= dReach))
-        a.push_back(WarningOf(kNearLimit, tAxis, dToLimit, dReach));
+    const double dDistance = kRawLimit - std::fabs(dRaw), dReach = 2 * dUncertainty + dDifference;
+    if (dDifference <= tPair.dMaxDifference && dDistance >= 0 && dDistance < dReach)
+        a.push_back(WarningOf(kNearLimit, tAxis, dDistance, dReach));
 }
 
 } // namespace
@@ -103,8 +103,8 @@ void AddAxis(const MeasuredPair& tPair, std::size_t nAxis, std::vector<Warning>&
 std::vector<Warning> WarningsOf(const MeasuredPair& tPair) {
     std::vector<Warning> a;
     const Measurement& t = tPair.tMeasurement;
-    if (t.tPair.oRaw) {
-        AddSamePicture(tPair, a);
+    AddSamePicture(tPair, a);
+    if (IsMeasured(t.tPair)) {
         AddMissingReading(Camera::kMaster, t.tMaster.tReading, a);
         AddMissingReading(Camera::kSlave, t.tSlave.tReading, a);
         for (std::size_t i = 0; i < kAxes.size() && t.oSecondAngles; ++i)
@@ -115,7 +115,9 @@ std::vector<Warning> WarningsOf(const MeasuredPair& tPair) {
         a.push_back(
             {.szKind = kSizes.szKey,
              .strText = Filled(
-                 kSizes, fmt::format("master {}, slave {}", SizeText(tMaster), SizeText(tSlave)), "", "")});
+                 kSizes, fmt::format("master {}, slave {}", SizeText(tMaster), SizeText(tSlave)), "", ""),
+             .nRank = 99,
+             .bDoubt = false});
     return a;
 }
 

@@ -18,7 +18,7 @@ struct MeasuredPair {
     double dMaxDifference; // degrees
 };
 
-// What speaks against it, the gravest first; nothing against a pair that was not measured.
+// What speaks against it, the gravest first; of a pair that was not measured what may be the cause.
 std::vector<Warning> WarningsOf(const MeasuredPair& tPair);
 
 // A warning's text with N in place of every number; nothing for another kind.

@@ -4,6 +4,7 @@
 #include "trust/numbers.h"
 #include "trust/pair_warnings.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace tools {
@@ -74,23 +75,20 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
                    .aSides = bSides ? aSides : std::vector<const char*>(),
                    .oValue = dValue,
                    .oLimit = dLimit,
-                   .strText = NameOf(tCamera) + strText};
+                   .strText = NameOf(tCamera) + strText,
+                   .nRank = tLimit.nRank};
 }
 
 } // namespace
 
 std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust, bool bMeasured) {
     std::vector<Warning> a;
-    for (int nRank = 1; nRank <= kLastRank; ++nRank)
-        for (const TrustNumber& tNumber : TrustNumbers())
-            if (tNumber.oLimit && tNumber.oLimit->nRank == nRank)
-                if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust, bMeasured))
-                    a.push_back(std::move(*o));
+    for (const TrustNumber& tNumber : TrustNumbers())
+        if (tNumber.oLimit)
+            if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust, bMeasured))
+                a.push_back(std::move(*o));
+    std::ranges::stable_sort(a, {}, &Warning::nRank);
     return a;
-}
-
-bool Warning::IsDoubt() const {
-    return oLimit.has_value() || oCamera.has_value();
 }
 
 Json JsonOf(const Warning& warning) {
@@ -99,7 +97,8 @@ Json JsonOf(const Warning& warning) {
             {"sides", warning.aSides},
             {"axis", warning.szAxis != nullptr ? Json(warning.szAxis) : Json()},
             {"value", warning.oValue ? Json(*warning.oValue) : Json()},
-            {"limit", warning.oLimit ? Json(*warning.oLimit) : Json()}};
+            {"limit", warning.oLimit ? Json(*warning.oLimit) : Json()},
+            {"doubt", warning.bDoubt}};
 }
 
 std::string KeyOf(const Json& tWarning) {

@@ -18,9 +18,8 @@ struct Warning {
     std::optional<double> oValue = {};    // the worst one
     std::optional<double> oLimit = {};
     std::string strText; // value, limit and what to do
-
-    // Whether a measurement that has it is not to be relied on.
-    bool IsDoubt() const;
+    int nRank = 0;       // the gravest first
+    bool bDoubt = true;  // a measurement that has it is not to be relied on
 };
 
 // Of one camera's picture, the gravest first. bMeasured: the pair was; else they are looked for as causes.

@@ -100,7 +100,7 @@ StudyResult ResultOf(const StudyPair& tPair) {
     ReadCamera(tPair.tSlave, tMeasures, KnownCorners(result.tFirst.tSlave));
     result.dMilliseconds = 1e3 * (ProcessorSeconds() - dStart);
     for (const Warning& t : ReportOf(tPair.tMaster, tPair.tSlave, result.tFirst, kMaxDifference).aWarnings)
-        if (t.IsDoubt())
+        if (t.bDoubt)
             result.aDoubts.emplace_back(t.szKind);
     return result;
 }
