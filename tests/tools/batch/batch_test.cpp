@@ -134,7 +134,8 @@ TEST_F(BatchCommand, DoubtfulAngleIsWarnedOfInItsRow) {
     const Row tRow = Rows(4, "L").at(0);
     EXPECT_EQ(tRow["verdict"], "doubtful");
     EXPECT_EQ(Run("batch L --accept-doubtful").nExit, 0);
-    EXPECT_EQ(tRow["second_reading_rx_deg"], tAnswer["second_reading_deg"]["rx"]);
+    const Row tSecond = tAnswer["second_reading_deg"];
+    EXPECT_EQ(tRow["second_reading_rx_deg"], tSecond["rx"]);
     const std::string strWarnings = tRow["warnings"], strFirst = tAnswer["warnings"].at(0);
     EXPECT_TRUE(strWarnings.starts_with(strFirst)) << strWarnings;
     EXPECT_TRUE(strWarnings.ends_with(std::string(tAnswer["warnings"].back()))) << strWarnings;
