@@ -123,8 +123,9 @@ struct DualCamAlignData {
 
 struct DualCamAlignView {
     std::uint32_t anViewOption[8]; // read by no stage
-    unsigned char* pGreenBuffer;   // working buffer of the latest run: grey plane, binary plane, spare plane,
-                                   // each of the larger picture's pixel count; freed when the next run begins
+    unsigned char* pGreenBuffer;   // working buffer of the latest run: grey, binary and spare plane, each of
+                                   // the larger picture's pixel count; valid until the next run begins; what
+                                   // a run that failed early did not write may be an earlier run's
     std::int32_t nWidth_Master;
     std::int32_t nHeight_Master;
     std::int32_t nWidth_Slave;

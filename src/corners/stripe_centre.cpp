@@ -44,17 +44,16 @@ bool MeasureStripeLineCentre(const unsigned char* pGray, int nImageWidth, int nI
     const Rect tStripe = {{nX1, nX2}, {nY1, nY2}};
     if (tStripe.IsEmpty() || !tGrey.tSize.Bounds().Contains(tStripe))
         return false;
-    const Range tOuter = bColumnLines ? tStripe.tColumns : tStripe.tRows;
-    const Range tInner = bColumnLines ? tStripe.tRows : tStripe.tColumns;
+    const GreyLines tLines = {tGrey, bColumnLines, bColumnLines ? tStripe.tColumns : tStripe.tRows,
+                              bColumnLines ? tStripe.tRows : tStripe.tColumns};
     CentreSum tSum;
     double dOuter = 0.0;
-    for (std::int64_t n = tOuter.nFirst; n <= tOuter.nLast; ++n) {
-        const GreyLine tLine = bColumnLines ? GreyColumn(tGrey, n) : GreyRow(tGrey, n);
-        if (!tSum.AddLine(DarkRunCentre(tLine, tInner, dThreshold)))
-            return false;
-        dOuter += static_cast<double>(n);
-    }
-    if (!tSum.oLatest)
+    const bool bMeasured =
+        ForEachDarkRunCentre(tLines, dThreshold, [&](std::int64_t n, std::optional<double> oCentre) {
+            dOuter += static_cast<double>(n);
+            return tSum.AddLine(oCentre);
+        });
+    if (!bMeasured || !tSum.oLatest)
         return false;
     const double dCentre = tSum.dSum / tSum.nLines, dAlong = dOuter / tSum.nLines;
     const double x = bColumnLines ? dAlong : dCentre, y = bColumnLines ? dCentre : dAlong;

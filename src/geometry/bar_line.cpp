@@ -18,27 +18,19 @@ EndLines EndLinesOf(double dRunEnd, double dCentre) {
     return {dNearCentre, dRunEnd + 0.5 * (dNearCentre - dRunEnd)};
 }
 
-struct Bar {
-    PlaneView tGrey;
-    bool bHorizontal;
-    Range tBand;
-    double dThreshold;
-};
-
 // False if a line has no dark pixel in the bar's band.
-bool MeasureEnd(const Bar& tBar, Range tLines, BarEnd* ptEnd) {
+bool MeasureEnd(const GreyLines& t, double dThreshold, BarEnd* ptEnd) {
     double dAlong = 0.0, dAcross = 0.0;
-    for (std::int64_t n = tLines.nFirst; n <= tLines.nLast; ++n) {
-        const GreyLine tLine = tBar.bHorizontal ? GreyColumn(tBar.tGrey, n) : GreyRow(tBar.tGrey, n);
-        const std::optional<double> oCentre = DarkRunCentre(tLine, tBar.tBand, tBar.dThreshold);
-        if (!oCentre)
-            return false;
-        dAlong += static_cast<double>(n);
-        dAcross += *oCentre;
-    }
-    const auto dLines = static_cast<double>(tLines.nLast - tLines.nFirst + 1);
-    *ptEnd = {dAlong / dLines, dAcross / dLines};
-    return true;
+    const bool bDark =
+        ForEachDarkRunCentre(t, dThreshold, [&](std::int64_t n, std::optional<double> oCentre) {
+            dAlong += static_cast<double>(n);
+            dAcross += oCentre.value_or(0.0);
+            return oCentre.has_value();
+        });
+    const auto dLines = static_cast<double>(t.tLines.nLast - t.tLines.nFirst + 1);
+    if (bDark)
+        *ptEnd = {dAlong / dLines, dAcross / dLines};
+    return bDark;
 }
 
 bool IsNegative(BarEnd t) {
@@ -63,10 +55,9 @@ unsigned int MeasureBarLine(PlaneView tGrey, bool bHorizontal, Range tRun, doubl
         return tStatuses.nOffCentre;
     const Range tFirstLines = {ToInt(tFirst.dNearEnd), ToInt(tFirst.dNearCentre)};
     const Range tSecondLines = {ToInt(tSecond.dNearCentre), ToInt(tSecond.dNearEnd)};
-    const Bar tBar = {tGrey, bHorizontal, tBand, dThreshold};
-    if (!MeasureEnd(tBar, tFirstLines, &ptLine->tFirst))
+    if (!MeasureEnd({tGrey, bHorizontal, tFirstLines, tBand}, dThreshold, &ptLine->tFirst))
         return tStatuses.nFirstSample;
-    if (!MeasureEnd(tBar, tSecondLines, &ptLine->tSecond))
+    if (!MeasureEnd({tGrey, bHorizontal, tSecondLines, tBand}, dThreshold, &ptLine->tSecond))
         return tStatuses.nSecondSample;
     return IsNegative(ptLine->tFirst) || IsNegative(ptLine->tSecond) ? tStatuses.nOutside : 0;
 }

@@ -1,33 +1,22 @@
 #include "geometry/coarse_centre.h"
 
-#include "Orvex_Alignment_Stages.h"
-
-#include <numeric>
+#include <algorithm>
 
 namespace orvex {
 
-bool FindCoarseCentre(const DarkHistograms& tHistograms, unsigned short* pCenter) {
-    const std::span<double> adColumns = tHistograms.Columns(), adRows = tHistograms.Rows();
-    const auto pColumnIndex = MakeScratch<unsigned short>(adColumns.size());
-    const auto pRowIndex = MakeScratch<unsigned short>(adRows.size());
-    if (!pColumnIndex || !pRowIndex)
-        return false;
-    std::iota(pColumnIndex.get(), pColumnIndex.get() + adColumns.size(), static_cast<unsigned short>(0));
-    // In a picture higher than wide the row indices beyond its width stay 0, on purpose.
-    const std::size_t nIndexedRows = std::min(adRows.size(), adColumns.size());
-    std::iota(pRowIndex.get(), pRowIndex.get() + nIndexedRows, static_cast<unsigned short>(0));
-
+void FindCoarseCentre(const DarkHistograms& tHistograms, unsigned short* pCenter) {
+    const std::span<const double> adColumns = tHistograms.Columns(), adRows = tHistograms.Rows();
     const Range tRun = {FirstOfDenseRun(adRows).value_or(0), LastOfDenseRun(adRows).value_or(0)};
-    bubblesort(adRows.data(), pRowIndex.get(), static_cast<int>(adRows.size()));
-    bubblesort(adColumns.data(), pColumnIndex.get(), static_cast<int>(adColumns.size()));
-    pCenter[0] = pColumnIndex[0];
-    const unsigned short* const pEnd = pRowIndex.get() + adRows.size();
-    const unsigned short* const pRow =
-        std::find_if(static_cast<const unsigned short*>(pRowIndex.get()), pEnd,
-                     [&](unsigned short uwRow) { return tRun.Contains(uwRow); });
-    if (pRow != pEnd)
-        pCenter[1] = *pRow;
-    return true;
+    pCenter[0] = static_cast<unsigned short>(std::ranges::max_element(adColumns) - adColumns.begin());
+    double dMost = -1.0;
+    for (std::size_t y = 0; y < adRows.size(); ++y) {
+        // In a picture higher than wide the rows beyond its width count as row 0, on purpose.
+        const auto uwRow = static_cast<unsigned short>(y < adColumns.size() ? y : 0);
+        if (adRows[y] > dMost && tRun.Contains(uwRow)) {
+            dMost = adRows[y];
+            pCenter[1] = uwRow;
+        }
+    }
 }
 
 } // namespace orvex

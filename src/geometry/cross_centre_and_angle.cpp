@@ -2,9 +2,38 @@
 
 #include "core/camera.h"
 #include "geometry/coarse_centre.h"
-#include "geometry/cross_measurement.h"
+#include "geometry/cross_search.h"
 
 #include <algorithm>
+
+namespace orvex {
+
+unsigned int SearchCross(const DarkBits& tDark, PlaneView tGrey, CentreWindow tWindow, bool bMaster,
+                         unsigned short* pCenter, const CrossOutputs* pOutputs) {
+    // The last column and row of the binarised window are left out here, on purpose.
+    const std::optional<DarkHistograms> oHistograms =
+        CountDark(tDark, tGrey.tSize, tWindow.HalfOpen().ClippedTo(tGrey.tSize.Bounds()));
+    if (!oHistograms)
+        return ORVEX_CROSS_NO_COLUMN_RUN;
+    if (pOutputs == nullptr) {
+        FindCoarseCentre(*oHistograms, pCenter);
+        return ORVEX_OK;
+    }
+    const CameraResults tResults = ResultsOf(bMaster);
+    CrossMeasurement tCross = {};
+    const unsigned int nStatus =
+        MeasureCross(tGrey, *oHistograms, tWindow, pCenter, tResults.dBinaryThreshold, &tCross);
+    if (tCross.nSpanX != 0)
+        *pOutputs->pSpan = tCross.nSpanX;
+    if (nStatus != ORVEX_OK)
+        return nStatus;
+    std::copy_n(tCross.afCentre, 2, pOutputs->pCenter);
+    std::copy_n(tCross.afCentre, 2, tResults.afCrossCenterCopy);
+    *pOutputs->pAngle = -tCross.fAngle; // positive with the right end higher
+    return ORVEX_OK;
+}
+
+} // namespace orvex
 
 using namespace orvex;
 
@@ -19,23 +48,10 @@ unsigned int DualCamAlign_CalculateIntersectionAndAngle(unsigned char* pBinary, 
         return ORVEX_CROSS_NO_COLUMN_RUN;
     const PictureSize tSize = {nImageWidth, nImageHeight};
     const CentreWindow tWindow = WindowOfPass(tSize, {dWidthRatio, dHeightRatio}, bMaster, pCenter, bRefine);
-    // The last column and row of the binarised window are left out here, on purpose.
-    const std::optional<DarkHistograms> oHistograms = CountDark({pBinary, tSize}, tWindow.HalfOpen());
-    if (!oHistograms)
+    std::optional<DarkBits> oDark = DarkBits::Bright(tWindow.HalfOpen().ClippedTo(tSize.Bounds()));
+    if (!oDark)
         return ORVEX_CROSS_NO_COLUMN_RUN;
-    if (!bRefine)
-        return FindCoarseCentre(*oHistograms, pCenter) ? ORVEX_OK : ORVEX_CROSS_NO_COLUMN_RUN;
-
-    const CameraResults tResults = ResultsOf(bMaster);
-    CrossMeasurement tCross = {};
-    const unsigned int nStatus =
-        MeasureCross({pImage, tSize}, *oHistograms, tWindow, pCenter, tResults.dBinaryThreshold, &tCross);
-    if (tCross.nSpanX != 0)
-        *pSpan = tCross.nSpanX;
-    if (nStatus != ORVEX_OK)
-        return nStatus;
-    std::copy_n(tCross.afCentre, 2, pCenterOut);
-    std::copy_n(tCross.afCentre, 2, tResults.afCrossCenterCopy);
-    *pAngle = -tCross.fAngle; // positive with the right end higher
-    return ORVEX_OK;
+    SetDark({pBinary, tSize}, ubDark + 1, &*oDark);
+    const CrossOutputs tOutputs = {pAngle, pCenterOut, pSpan};
+    return SearchCross(*oDark, {pImage, tSize}, tWindow, bMaster, pCenter, bRefine ? &tOutputs : nullptr);
 }

@@ -1,25 +1,26 @@
 #pragma once
 
-#include "core/plane.h"
-#include "core/scratch.h"
+#include "image/dark_bits.h"
 
 #include <optional>
 #include <span>
 
 namespace orvex {
 
-// Dark pixels per column and per row, as doubles.
+// Dark pixels per column and per row of a picture, as doubles.
 struct DarkHistograms {
-    Scratch<double> pColumns;
-    Scratch<double> pRows;
+    Scratch<double> pCounts; // the columns', then the rows'
     PictureSize tSize;
 
-    std::span<double> Columns() const { return {pColumns.get(), static_cast<std::size_t>(tSize.nWidth)}; }
-    std::span<double> Rows() const { return {pRows.get(), static_cast<std::size_t>(tSize.nHeight)}; }
+    std::span<double> Columns() const { return {pCounts.get(), static_cast<std::size_t>(tSize.nWidth)}; }
+    std::span<double> Rows() const {
+        return {pCounts.get() + tSize.nWidth, static_cast<std::size_t>(tSize.nHeight)};
+    }
 };
 
-// Counts the pixels of value 0 inside the rectangle; nothing without memory.
-std::optional<DarkHistograms> CountDark(PlaneView tBinary, Rect tRect);
+// Counts the dark pixels of the rectangle, which lies in that of the bits or is empty; nothing without
+// memory.
+std::optional<DarkHistograms> CountDark(const DarkBits& tDark, PictureSize tSize, Rect tRect);
 
 // The first entry that is not empty and has more than 89 of the 100 entries behind it not empty; entries
 // beyond the histogram count as empty.

@@ -1,5 +1,7 @@
 #include "image/binary_window.h"
 
+#include "image/speck_cleaning.h"
+
 namespace orvex {
 namespace {
 
@@ -12,22 +14,7 @@ int SumOfGrey(PlaneView tGrey, Rect tRect) {
     return nSum;
 }
 
-// The smallest grey value that reaches the threshold; 256 if none does.
-int FirstBrightValue(double dThreshold) {
-    int nGrey = 0;
-    while (nGrey < 256 && !(dThreshold <= nGrey))
-        ++nGrey;
-    return nGrey;
-}
-
-int DarkNeighbours(const unsigned char* p, std::ptrdiff_t nStride) {
-    const unsigned char *pAbove = p - nStride, *pBelow = p + nStride;
-    return (pAbove[-1] == ubDark) + (pAbove[0] == ubDark) + (pAbove[1] == ubDark) + (p[-1] == ubDark) +
-           (p[1] == ubDark) + (pBelow[-1] == ubDark) + (pBelow[0] == ubDark) + (pBelow[1] == ubDark);
-}
-
-} // namespace
-
+// From the window's four corner patches, which show the chart's white: dRatio times their mean.
 double CornerPatchThreshold(PlaneView tGrey, CentreWindow t, double dRatio) {
     const int nPatchX = tGrey.tSize.nWidth > 640 ? 100 : 50;
     const int nPatchY = tGrey.tSize.nHeight > 480 ? 100 : 50;
@@ -43,28 +30,25 @@ double CornerPatchThreshold(PlaneView tGrey, CentreWindow t, double dRatio) {
     return nMean * dRatio;
 }
 
-void BinariseWindow(PlaneView tGrey, CentreWindow tWindow, double dThreshold, unsigned char* pBinary) {
-    const int nBright = FirstBrightValue(dThreshold);
-    const Rect t = tWindow.Closed().ClippedTo(tGrey.tSize.Bounds());
-    for (std::int64_t y = t.tRows.nFirst; y <= t.tRows.nLast; ++y) {
-        const unsigned char* pGrey = tGrey.Row(y).pFirst;
-        unsigned char* pRow = pBinary + y * tGrey.tSize.nWidth;
-        for (std::int64_t x = t.tColumns.nFirst; x <= t.tColumns.nLast; ++x)
-            pRow[x] = pGrey[x] >= nBright ? ubBright : ubDark;
-    }
+// The smallest grey value that reaches the threshold; 256 if none does.
+int FirstBrightValue(double dThreshold) {
+    int nGrey = 0;
+    while (nGrey < 256 && !(dThreshold <= nGrey))
+        ++nGrey;
+    return nGrey;
 }
 
-void CleanSpecks(PictureSize tSize, CentreWindow tWindow, unsigned char* pBinary) {
-    const Rect t = tWindow.Closed().ClippedTo(tSize.Bounds());
-    for (std::int64_t y = t.tRows.nFirst; y <= t.tRows.nLast; ++y)
-        for (std::int64_t x = t.tColumns.nFirst; x <= t.tColumns.nLast; ++x) {
-            unsigned char* p = pBinary + y * tSize.nWidth + x;
-            const int nDark = DarkNeighbours(p, tSize.nWidth);
-            if (*p == ubBright && nDark > 4)
-                *p = ubDark;
-            else if (*p == ubDark && nDark < 3)
-                *p = ubBright;
-        }
+} // namespace
+
+std::optional<DarkBits> BinariseWindow(PlaneView tGrey, CentreWindow tWindow, double dRatio,
+                                       double* pdThreshold) {
+    std::optional<DarkBits> o = DarkBits::Bright(tWindow.Closed().ClippedTo(tGrey.tSize.Bounds()));
+    if (!o)
+        return o;
+    *pdThreshold = CornerPatchThreshold(tGrey, tWindow, dRatio);
+    SetDark(tGrey, FirstBrightValue(*pdThreshold), &*o);
+    CleanSpecks(tGrey.tSize, &*o);
+    return o;
 }
 
 } // namespace orvex

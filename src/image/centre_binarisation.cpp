@@ -1,10 +1,7 @@
 #include "Orvex_Alignment_Stages.h"
 
 #include "core/camera.h"
-#include "core/scratch.h"
 #include "image/binary_window.h"
-
-#include <cstring>
 
 using namespace orvex;
 
@@ -16,19 +13,11 @@ int DualCamAlign_BinaryImage(unsigned char* pImage, int nImageWidth, int nImageH
     if (!bUsable)
         return 0;
     const PictureSize tSize = {nImageWidth, nImageHeight};
-    const std::size_t nGuard = GuardBytes(tSize);
-    const Scratch<unsigned char> pScratch = MakeScratch<unsigned char>(tSize.Pixels() + 2 * nGuard);
-    if (!pScratch)
-        return 0;
-    std::memset(pScratch.get(), ubBright, tSize.Pixels() + 2 * nGuard);
-
-    const PlaneView tGrey = {pImage, tSize};
-    unsigned char* const pPlane = pScratch.get() + nGuard;
     const CentreWindow tWindow = WindowOfPass(tSize, {dWidthRatio, dHeightRatio}, bMaster, pCenter, bRefine);
-    const double dThreshold = CornerPatchThreshold(tGrey, tWindow, dBinaryRatio);
-    ResultsOf(bMaster).dBinaryThreshold = dThreshold;
-    BinariseWindow(tGrey, tWindow, dThreshold, pPlane);
-    CleanSpecks(tSize, tWindow, pPlane);
-    std::memcpy(pBinary, pPlane, tSize.Pixels());
+    const std::optional<DarkBits> o =
+        BinariseWindow({pImage, tSize}, tWindow, dBinaryRatio, &ResultsOf(bMaster).dBinaryThreshold);
+    if (!o)
+        return 0;
+    PaintBinary(*o, tSize, pBinary);
     return 1;
 }

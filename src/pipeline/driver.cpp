@@ -4,6 +4,8 @@
 #include "core/plane.h"
 #include "core/to_integer.h"
 #include "corners/corner_points.h"
+#include "geometry/cross_search.h"
+#include "image/binary_window.h"
 #include "pipeline/stage_messages.h"
 
 #include <cstdio>
@@ -20,8 +22,9 @@ struct CameraRun {
     CameraResults tResults;
     unsigned char* pGray;
     unsigned char* pBinary;
-    unsigned short* pCenter;   // coarse centre, shared by both cameras
-    _POINTPOSITION atFrame[4]; // outer LT, outer RD, inner LT, inner RD
+    unsigned short* pCenter;       // coarse centre, shared by both cameras
+    std::optional<DarkBits> oDark; // of the latest pass over the centre window
+    _POINTPOSITION atFrame[4];     // outer LT, outer RD, inner LT, inner RD
 
     int CenterX() const { return ToInt(tResults.afCrossCenter[0]); }
     int CenterY() const { return ToInt(tResults.afCrossCenter[1]); }
@@ -36,31 +39,37 @@ unsigned int Report(const StageMessage& t, unsigned int nStatus) {
     return nStatus;
 }
 
-unsigned int MeasureCentre(const CameraRun& t, bool bRefine) {
+// The two stages of the centre search as the exported ones have them, but the dark pixels go from one to the
+// other as bits.
+unsigned int MeasureCentrePass(CameraRun& t, const CrossOutputs* pOutputs) {
     const CameraMessages& tMessages = MessagesOf(t.bMaster);
-    int aiCenterList[4][2] = {};
-    if (DualCamAlign_BinaryImage(t.pGray, t.tParam.nWidth, t.tParam.nHeight, t.tParam.dBinaryRatio,
-                                 aiCenterList, t.pBinary, t.tParam.dSearchWidthRatio,
-                                 t.tParam.dSearchHeightRatio, t.bMaster, t.pCenter, bRefine) == 0) {
+    const PlaneView tGrey = {t.pGray, {t.tParam.nWidth, t.tParam.nHeight}};
+    const CentreWindow tWindow =
+        WindowOfPass(tGrey.tSize, {t.tParam.dSearchWidthRatio, t.tParam.dSearchHeightRatio}, t.bMaster,
+                     t.pCenter, pOutputs != nullptr);
+    std::optional<DarkBits> oDark;
+    if (t.pGray != nullptr)
+        oDark = BinariseWindow(tGrey, tWindow, t.tParam.dBinaryRatio, &t.tResults.dBinaryThreshold);
+    if (!oDark) {
         // The centre search has no status of its own: 0 is printed, and only here the line ends in a newline.
         std::printf("%s  err=%d!! Line=%d.\n", tMessages.tCentreSearch.szText, 0,
                     tMessages.tCentreSearch.nLine);
         return tMessages.nCentreSearchStatus;
     }
-    return Report(tMessages.tCross,
-                  DualCamAlign_CalculateIntersectionAndAngle(
-                      t.pBinary, t.pGray, t.tParam.nWidth, t.tParam.nHeight, &t.tResults.dCrossAngle,
-                      t.tResults.afCrossCenter, &t.tResults.nCrossSpanX, &t.tResults.dCrossAux0,
-                      &t.tResults.dCrossAux1, &t.tResults.dCrossAux2, t.tParam.dSearchWidthRatio,
-                      t.tParam.dSearchHeightRatio, t.bMaster, t.pCenter, bRefine));
+    t.oDark = std::move(oDark);
+    return Report(tMessages.tCross, SearchCross(*t.oDark, tGrey, tWindow, t.bMaster, t.pCenter, pOutputs));
 }
 
-unsigned int MeasureCoarseCentre(CameraRun& t) {
-    return MeasureCentre(t, false);
-}
-
-unsigned int MeasureRefinedCentre(CameraRun& t) {
-    return MeasureCentre(t, true);
+// A coarse pass and a refining one. The binary plane shows the latest.
+unsigned int MeasureCentre(CameraRun& t) {
+    const CrossOutputs tOutputs = {&t.tResults.dCrossAngle, t.tResults.afCrossCenter,
+                                   &t.tResults.nCrossSpanX};
+    unsigned int nStatus = MeasureCentrePass(t, nullptr);
+    if (nStatus == ORVEX_OK)
+        nStatus = MeasureCentrePass(t, &tOutputs);
+    if (t.oDark)
+        PaintBinary(*t.oDark, {t.tParam.nWidth, t.tParam.nHeight}, t.pBinary);
+    return nStatus;
 }
 
 unsigned int LocateFrame(CameraRun& t) {
@@ -90,13 +99,14 @@ unsigned int MeasureSides(CameraRun& t) {
 
 unsigned int MeasureCamera(bool bMaster, unsigned char* pRGB, unsigned char* pGray, unsigned char* pBinary,
                            unsigned short* pCenter) {
-    CameraRun t = {bMaster, ParametersOf(bMaster), ResultsOf(bMaster), pGray, pBinary, pCenter, {}};
+    CameraRun t = {bMaster, ParametersOf(bMaster), ResultsOf(bMaster), pGray, pBinary, pCenter, {}, {}};
     // Without planes the centre search fails with its own status.
     if (pRGB == nullptr || !IsUsableSize(t.tParam.nWidth, t.tParam.nHeight))
         t.pGray = t.pBinary = nullptr;
     GetGValueFromRGB(pRGB, t.tParam.nWidth, t.tParam.nHeight, t.pGray);
-    for (const auto Stage : {MeasureCoarseCentre, MeasureRefinedCentre, LocateFrame, BinariseFrame,
-                             MeasureCorners, MeasureSides})
+    if (const unsigned int nStatus = MeasureCentre(t))
+        return nStatus;
+    for (const auto Stage : {LocateFrame, BinariseFrame, MeasureCorners, MeasureSides})
         if (const unsigned int nStatus = Stage(t))
             return nStatus;
     return ORVEX_OK;
@@ -114,14 +124,22 @@ std::size_t PlanePixels(const DualCamAlignView& t) {
                     UsablePixels({t.nWidth_Slave, t.nHeight_Slave}));
 }
 
+// The buffer stays after a run, so that its planes can be looked at, and for the next run of the same size,
+// which then has no page to ask the system for. The heap knows how large it is, also one that the host has
+// put in its place.
+unsigned char* WorkingBuffer(std::size_t nBytes) {
+    unsigned char*& pBuffer = m_pCMainView.pGreenBuffer;
+    void* const p = std::realloc(pBuffer, std::max<std::size_t>(nBytes, 1));
+    if (p == nullptr)
+        std::free(pBuffer);
+    return pBuffer = static_cast<unsigned char*>(p);
+}
+
 } // namespace
 
 unsigned int DualCamAlign_Calculation(unsigned char* pMasterRGB, unsigned char* pSlaveRGB) {
-    // The buffer is kept until the next run, so that its planes can be looked at after this one.
-    std::free(m_pCMainView.pGreenBuffer);
     const std::size_t nPixels = PlanePixels(m_pCMainView);
-    m_pCMainView.pGreenBuffer = static_cast<unsigned char*>(std::malloc(nPixels * 3));
-    unsigned char* const pGray = m_pCMainView.pGreenBuffer;
+    unsigned char* const pGray = WorkingBuffer(nPixels * 3);
     unsigned char* const pBinary = pGray != nullptr ? pGray + nPixels : nullptr;
 
     unsigned short uwCenterPos[2] = {0, 0};

@@ -75,13 +75,16 @@ Trace TraceWithFailing(int nFailing, const Picture& tMaster, const Picture& tSla
 TEST(MemoryFault, EachFailedAllocationEndsInItsStagesStatus) {
     ASSERT_EQ(RunWithFailing(0).nStatus, 0u);
     const int nAllocations = Allocations();
-    ASSERT_EQ(nAllocations, 17)
-        << "working buffer; per camera a plane and four lists, then a plane and two lists";
+    ASSERT_EQ(nAllocations, 9) << "working buffer; per camera and pass the window's bits and their counts";
+    // The host may put a buffer of its own in its place, and the heap hand out the same address again.
+    std::free(m_pCMainView.pGreenBuffer);
+    m_pCMainView.pGreenBuffer = static_cast<unsigned char*>(std::malloc(2000));
+    ASSERT_EQ(RunWithFailing(0).nStatus, 0u);
+    ASSERT_EQ(Allocations(), nAllocations);
     EXPECT_EQ(RunWithFailing(1).nStatus, 0x1010004u) << "the working buffer";
     for (int i = 2; i <= nAllocations; ++i) {
         const Outcome t = RunWithFailing(i);
-        const bool bMaster = i <= 9;
-        const bool bSearch = i == 2 || i == 7 || i == 10 || i == 15; // the scratch planes
+        const bool bMaster = i <= 5, bSearch = i % 2 == 0; // the bits
         EXPECT_EQ(t.nStatus, !bSearch ? 0x1010006u : bMaster ? 0x1010004u : 0x1010005u) << "allocation " << i;
         if (bSearch) {
             EXPECT_EQ(t.strOutput, bMaster ? strMasterSearch : strSlaveSearch);

@@ -13,7 +13,7 @@ foreach(source IN LISTS sources)
   list(TRANSFORM lines REPLACE "^[^<]*(<[^>]*>).*" "\\1")
   list(APPEND included ${lines})
 endforeach()
-if(NOT "malloc" IN_LIST called OR NOT "<cstdlib>" IN_LIST included)
+if(NOT "calloc" IN_LIST called OR NOT "<cstdlib>" IN_LIST included)
   message(FATAL_ERROR "nothing was read out of ${LIBRARY} or ${SOURCE}")
 endif()
 
