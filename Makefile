@@ -13,7 +13,7 @@ CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
 MAKEFLAGS += --no-print-directory
 .NOTPARALLEL: # two targets may build in one folder; each uses all cores
 .PHONY: all build help setup demo test test-clang test-asan test-browser fuzz test-arm64 compare-arm64 lint valgrind \
-  coverage install aar bench digests study mutants clean
+  coverage install aar bench bench-compare compare-base digests study mutants clean
 
 all: build
 build: build-release ## all that there is, optimised, into build/release
@@ -107,10 +107,22 @@ install: build-release ## library, headers and tool, under PREFIX, /usr/local if
 aar: ## packs what `make build-android-arm64` and `make build-android-x86_64` have built, into build/
 	@cmake -DBUILD=$(CURDIR)/build -P cmake/aar/pack.cmake
 
-bench: ## times the measurement in copies of its planes
+bench: ## times the measurement in copies of its planes; leaves build/bench/bench.json
 	@$(NEED) libbenchmark-dev
 	@$(MAKE) build-bench TARGET=measure_bench
-	@build/bench/bench/measure_bench
+	@build/bench/bench/measure_bench --benchmark_out=build/bench/bench.json --benchmark_out_format=json
+
+bench-compare: ## the same for the library of commit BASE and this one, in ROUNDS (5) turns; the ratio of each row
+	@$(NEED) libbenchmark-dev git python3
+	@cmake/build-base.sh build "$(BASE)" $(JOBS)
+	@$(MAKE) build-bench TARGET=measure_bench
+	@bench/compare.sh build $(or $(ROUNDS),5)
+
+compare-base: ## every bit of the same PAIRS (2,000) rendered and all drawn pairs by the library of commit BASE and this one
+	@$(NEED) $(PACKAGES) git
+	@cmake/build-base.sh build "$(BASE)" $(JOBS)
+	@$(MAKE) build-release TARGET="measured_bits compare_bits"
+	@compare/compare-base.sh build $(or $(PAIRS),2000) $(JOBS)
 
 clean: ## removes build/ and demo/
 	@rm -rf build demo
