@@ -28,11 +28,12 @@ void OccupyStandardStreams() {
             return;
 }
 
-std::string Commands(const CLI::App& tApp) {
+std::vector<std::string> Commands(const CLI::App& tApp) {
     std::vector<std::string> a;
     for (const CLI::App* const p : tApp.get_subcommands({}))
-        a.push_back(p->get_name());
-    return Listed(a);
+        if (!p->get_group().empty())
+            a.push_back(p->get_name());
+    return a;
 }
 
 // How many letters must be put in, left out or changed to make one word of the other.
@@ -52,9 +53,7 @@ std::size_t Distance(const std::string& strOne, const std::string& strOther) {
 
 // "; did you mean measure?"
 std::string Suggestion(const CLI::App& tCommand, const std::string& strTyped) {
-    std::vector<std::string> a;
-    for (const CLI::App* const p : tCommand.get_subcommands({}))
-        a.push_back(p->get_name());
+    std::vector<std::string> a = Commands(tCommand);
     for (const CLI::Option* const p : tCommand.get_options())
         if (!p->get_lnames().empty())
             a.push_back("--" + p->get_lnames().front());
@@ -68,7 +67,7 @@ std::string Reason(const CLI::App& tCommand, const CLI::Error& tError) {
     const std::vector<std::string> aUnknown = tCommand.remaining();
     if (!aUnknown.empty())
         return "\"" + aUnknown.front() + "\" is not understood" + Suggestion(tCommand, aUnknown.front());
-    return tCommand.get_parent() == nullptr ? "name a command: " + Commands(tCommand) : tError.what();
+    return tCommand.get_parent() == nullptr ? "name a command: " + Listed(Commands(tCommand)) : tError.what();
 }
 
 // The name of a file that begins with a dash reads like an option.
@@ -113,12 +112,15 @@ std::string Footer() {
            "refused;\neach command has its own: orvex-align help COMMAND.\n";
 }
 
-// As the parser takes them, the last one first. "help measure" is "measure --help".
-std::vector<std::string> Arguments(int nArguments, const char* const* aszArguments) {
+// As the parser takes them, the last one first. "help measure" is "measure --help"; of a mistyped command the
+// parser tells.
+std::vector<std::string> Arguments(const CLI::App& tApp, int nArguments, const char* const* aszArguments) {
     std::vector<std::string> a(aszArguments + std::min(1, nArguments), aszArguments + nArguments);
     if (!a.empty() && a.front() == "help") {
         a.erase(a.begin());
-        a.emplace_back("--help");
+        const std::vector<std::string> aKnown = Commands(tApp);
+        if (a.empty() || std::ranges::count(aKnown, a.front()) != 0)
+            a.emplace_back("--help");
     }
     std::ranges::reverse(a);
     return a;
@@ -139,11 +141,12 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     tApp.footer(Footer());
     tApp.require_subcommand(1);
     AddMeasureCommand(tApp, tExit);
+    AddMeasureEachCommand(tApp, tExit);
     AddRecordCommand(tApp, tExit);
     AddBatchCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
     try {
-        tApp.parse(Arguments(nArguments, aszArguments));
+        tApp.parse(Arguments(tApp, nArguments, aszArguments));
     } catch (const CLI::ParseError& t) {
         return tApp.exit(t) == 0 ? ExitCode::kDone : ExitCode::kWrongUsage;
     } catch (const ToolError& t) {

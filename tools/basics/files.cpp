@@ -56,8 +56,9 @@ std::size_t ReadFull(const Descriptor& tFile, const std::string& strFile, char* 
 
 // A staged file's.
 ToolError NotStaged(const std::string& strFile) {
-    return NotCreated(strFile, "Choose a folder that you may write to and that has space left; no file is "
-                               "left half-written");
+    return NotCreated(
+        strFile,
+        "Choose a folder that you may write to and that has space left; no file is left half-written");
 }
 
 // A link stays a link: the file that it leads to is the one that is written.

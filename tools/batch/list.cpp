@@ -17,8 +17,7 @@ namespace {
 constexpr std::size_t kLimit = std::size_t{1} << 28;
 
 constexpr char kForm[] =
-    "The first line names the columns, apart by commas: master, slave and, if wanted, id "
-    "and calibration";
+    "The first line names the columns, apart by commas: master, slave and, if wanted, id and calibration";
 
 // The place of each column in the records; none if the list lacks it.
 class Columns {

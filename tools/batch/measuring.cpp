@@ -1,7 +1,7 @@
 #include "batch/measuring.h"
 
 #include "basics/progress.h"
-#include "batch/child_pool.h"
+#include "batch/worker_pool.h"
 
 #include <map>
 
@@ -36,13 +36,10 @@ private:
     std::map<std::size_t, std::string> m_tWaiting;
 };
 
-std::unique_ptr<Child> StartMeasuring(const BatchWork& tWork, const PairNames& tNames) {
-    std::vector<std::string> a = {"measure", "--json"};
+std::unique_ptr<Worker> StartWorker(const BatchWork& tWork) {
+    std::vector<std::string> a = {kMeasureEach};
     a.insert(a.end(), tWork.aOptions.begin(), tWork.aOptions.end());
-    if (!tNames.strCalibration.empty())
-        a.push_back("--calibration=" + tNames.strCalibration);
-    a.insert(a.end(), {"--", tNames.strMaster, tNames.strSlave});
-    return std::make_unique<Child>(a, tWork.tList.strFolder);
+    return std::make_unique<Worker>(a, tWork.tList.strFolder);
 }
 
 } // namespace
@@ -57,13 +54,16 @@ MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary
         else
             tRows.Add(i, FaultyRow(aItems[i]));
     Progress tProgress(aItems.size() - anFit.size(), aItems.size(), tWork.bProgress);
-    const int nSignal =
-        RunChildren({anFit.size(), tWork.nAtOnce, kAheadPerJob * tWork.nAtOnce, tWork.tTimeLimit,
-                     [&](std::size_t n) { return StartMeasuring(tWork, aItems[anFit[n]]); },
-                     [&](std::size_t n, const ChildOutcome& tOutcome) {
-                         tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
-                         tProgress.Step();
-                     }});
+    const int nSignal = RunWorkers({anFit.size(), tWork.nAtOnce, kAheadPerJob * tWork.nAtOnce,
+                                    tWork.tTimeLimit, [&] { return StartWorker(tWork); },
+                                    [&](std::size_t n) {
+                                        const BatchItem& tItem = aItems[anFit[n]];
+                                        return std::vector<std::string>{tItem.strMaster, tItem.strSlave};
+                                    },
+                                    [&](std::size_t n, const WorkerOutcome& tOutcome) {
+                                        tRows.Add(anFit[n], RowOf(aItems[anFit[n]], tOutcome));
+                                        tProgress.Step();
+                                    }});
     return {tRows.Written(), nSignal};
 }
 

@@ -8,6 +8,10 @@
 
 namespace tools {
 
+// The command that a batch's workers run: two file names, each ended by a zero byte, are answered by
+// measure's object, until nothing more comes.
+constexpr char kMeasureEach[] = "measure-each";
+
 struct BatchWork {
     const BatchList& tList;
     std::size_t nFirst;                // rows before it are there
@@ -23,8 +27,9 @@ struct MeasuredRows {
     int nSignal;          // that stopped it, or 0
 };
 
-// Measures each remaining pair in a process of its own. Rows are written in the list's order, as soon as all
-// before them are; behind a slow pair only a few more are measured until it is done. Throws ToolError.
+// Measures the remaining pairs in processes apart, so that none can harm another. Rows are written in the
+// list's order, as soon as all before them are; behind a slow pair only a few more are measured until it is
+// done. Throws ToolError.
 MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary);
 
 } // namespace tools

@@ -31,8 +31,7 @@ ResultSink::ResultSink(const std::string& strFile, OpenMode tMode) : m_strFile(s
         open(strFile.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (tMode == OpenMode::kNew ? O_EXCL : 0), 0666));
     if (!m_tDescriptor.IsOpen() && errno == EEXIST)
         throw ToolError(strFile, "exists already",
-                        "Go on with it by --resume, replace it by --overwrite, or name "
-                        "another file");
+                        "Go on with it by --resume, replace it by --overwrite, or name another file");
     if (!m_tDescriptor.IsOpen())
         throw NotCreated(strFile, kChoose);
     if (flock(m_tDescriptor.Number(), LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK)

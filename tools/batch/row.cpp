@@ -34,7 +34,7 @@ std::string Comparable(const std::string& str) {
 }
 
 // A process that could not even say why, as for lack of memory, has left words on standard error.
-BatchRow UnansweredRow(const PairNames& tNames, const ChildOutcome& tOutcome) {
+BatchRow UnansweredRow(const PairNames& tNames, const WorkerOutcome& tOutcome) {
     if (tOutcome.nExit == static_cast<int>(ExitCode::kUnfitFile))
         return RowWith(tNames, VerdictKind::kUnfitInput, OneLine(tOutcome.strErr));
     return RowWith(tNames, VerdictKind::kNoAnswer,
@@ -44,11 +44,11 @@ BatchRow UnansweredRow(const PairNames& tNames, const ChildOutcome& tOutcome) {
 
 } // namespace
 
-BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome) {
+BatchRow RowOf(const BatchItem& tItem, const WorkerOutcome& tOutcome) {
     if (!tOutcome.strFailure.empty())
         return RowWith(tItem, VerdictKind::kNoAnswer, tOutcome.strFailure);
     try {
-        const Json tAnswer = Json::parse(tOutcome.strOut);
+        const Json tAnswer = Json::parse(tOutcome.strAnswer);
         if (tAnswer.at("verdict") == DescribeVerdict(VerdictKind::kUnfitInput).szKey)
             return RowWith(tItem, VerdictKind::kUnfitInput, tAnswer.at("message").get<std::string>());
         return RowOfAnswer(tItem, tAnswer);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "batch/child.h"
 #include "batch/list.h"
+#include "batch/worker.h"
 #include "measuring/verdict.h"
 
 namespace tools {
@@ -17,7 +17,7 @@ struct BatchRow : PairNames {
 };
 
 // What the process that measured this pair has to say, whatever became of it.
-BatchRow RowOf(const BatchItem& tItem, const ChildOutcome& tOutcome);
+BatchRow RowOf(const BatchItem& tItem, const WorkerOutcome& tOutcome);
 
 // What there is to say of a pair whose line in the list is at fault.
 BatchRow FaultyRow(const BatchItem& tItem);

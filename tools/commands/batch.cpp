@@ -133,11 +133,11 @@ constexpr char kDescription[] =
     "measures all pairs of a list, several at once, and writes a row for each\n"
     "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master "
     "and slave are the files of a pair, relative to the list's folder, calibration is its calibration "
-    "memory, "
-    "which is only told in the rows; id names the module (the row's "
-    "number where there is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation "
-    "of rendered pairs, against which the summary then compares. Other columns are ignored.\n"
-    "Every pair is measured in a process of its own. A pair that cannot be read or measured, whose line in "
+    "memory, which is only told in the rows; id names the module (the row's number where there is no such "
+    "column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation of rendered pairs, against "
+    "which the summary then compares. Other columns are ignored.\n"
+    "Pairs are measured by processes apart, as many as --jobs, each of which takes many. A pair that cannot "
+    "be read or measured, whose line in "
     "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
     "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
     "an interrupted run keeps what it has and --resume goes on behind it. A summary follows: counts, "
@@ -145,9 +145,9 @@ constexpr char kDescription[] =
     "output with --out, to standard error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
     "measure tells them (verdict also unfit_input, and no_answer for a process that crashed or took too "
-    "long); warnings, which measure gives where an angle may be wrong although it is within range, apart by "
-    "\" | \", and warning_kinds, the camera and kind of each; then every measurement and trust number, with "
-    "its unit (deg, px, percent, grey) at the end of its name.";
+    "long); warnings, what speaks against the angles or may be the cause of a failure, apart by \" | \", and "
+    "warning_kinds, the camera and kind of each; then every measurement and trust number, with its unit "
+    "(deg, px, percent, grey) at the end of its name.";
 
 // A pair's verdicts are a list's, the gravest of them; some only a list has.
 std::string Exits() {
@@ -184,8 +184,8 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
             "one of the next two is given");
     auto* const pResume =
         tCommand.add_flag("--resume", pOptions->bResume,
-                          "Go on behind the last whole row of --out; a torn one is cut "
-                          "off. Results of another list are refused; give the same --max-difference");
+                          "Go on behind the last whole row of --out; a torn one is cut off. Results of "
+                          "another list are refused; give the same --max-difference");
     tCommand.add_flag("--overwrite", pOptions->bOverwrite, "Replace --out")->excludes(pResume);
     tCommand
         .add_option("--format", pOptions->strFormat,

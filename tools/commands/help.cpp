@@ -67,7 +67,9 @@ std::string Description(const CLI::App& tApp) {
 
 std::string Commands(const CLI::App& tApp) {
     std::string str;
-    for (const CLI::App* const p : tApp.get_subcommands({}))
+    // One without a group is none for people.
+    for (const CLI::App* const p :
+         tApp.get_subcommands([](const CLI::App* t) { return !t->get_group().empty(); }))
         str += (str.empty() ? "\nCOMMANDS\n" : "") + Indented(p->get_name(), kIndent) +
                Indented(Purpose(*p), kDeepIndent);
     return str;

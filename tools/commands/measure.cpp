@@ -4,6 +4,7 @@
 #include "basics/files.h"
 #include "basics/text_table.h"
 #include "basics/tool_error.h"
+#include "batch/measuring.h"
 #include "commands/help.h"
 #include "commands/options.h"
 #include "measuring/calibration.h"
@@ -12,6 +13,7 @@
 #include "trust/numbers.h"
 
 #include <fmt/format.h>
+#include <iostream>
 #include <memory>
 
 namespace tools {
@@ -38,8 +40,7 @@ void RefuseTooSmall(Camera tCamera, const Picture& tPicture) {
     if (tPicture.nColumns < tLeast.nColumns || tPicture.nRows < tLeast.nRows)
         throw ToolError(
             tPicture.strFile,
-            fmt::format("is {}, but the {} must be at least {} to show the whole frame around the "
-                        "cross",
+            fmt::format("is {}, but the {} must be at least {} to show the whole frame around the cross",
                         SizeText(tPicture.Size()), NameOf(tCamera), SizeText(tLeast)),
             "Name the picture as the camera took it, not a reduced copy or a part of it");
 }
@@ -60,8 +61,9 @@ void RefuseToReplaceSource(const Options& tOptions) {
 Report Run(const Options& tOptions) {
     RefuseToReplaceSource(tOptions);
     const std::optional<PictureSize> oRaw = tOptions.tRaw.MasterSize(), oSlaveRaw = tOptions.tRaw.SlaveSize();
-    Picture tMaster = ReadPicture(tOptions.strMaster, oRaw),
-            tSlave = ReadPicture(tOptions.strSlave, oSlaveRaw);
+    const bool bReport = !tOptions.strReport.empty();
+    Picture tMaster = ReadPicture(tOptions.strMaster, oRaw, bReport),
+            tSlave = ReadPicture(tOptions.strSlave, oSlaveRaw, bReport);
     RefuseTooSmall(Camera::kMaster, tMaster);
     RefuseTooSmall(Camera::kSlave, tSlave);
     const std::string strCalibration =
@@ -79,7 +81,7 @@ Report Run(const Options& tOptions) {
     report.strCalibrationFile = tOptions.strCalibration;
     report.strRecordFile = tOptions.strRecord;
     report.oTruth = oTruth;
-    if (!tOptions.strReport.empty())
+    if (bReport)
         aOutputs.push_back({tOptions.strReport, HtmlOf(report)});
     WriteFiles(aOutputs);
     return report;
@@ -97,30 +99,38 @@ ExitCode Show(const Options& options) {
     }
 }
 
+std::string AnswerFor(const Options& options) {
+    try {
+        return JsonTextOf(Run(options));
+    } catch (const ToolError& tError) {
+        return JsonTextOf(tError);
+    }
+}
+
+void AnswerAll(Options options) {
+    const auto Next = [](std::string& str) { return bool(std::getline(std::cin, str, '\0')); };
+    while (Next(options.strMaster) && Next(options.strSlave))
+        Print(AnswerFor(options) + '\0');
+}
+
 std::string Description() {
     return fmt::format(
         "Measures the slave camera's rotation against the master's.\n"
         "Pictures are told by their content, not by their names: {}, or raw planes with --raw. Colour "
-        "becomes "
-        "grey by its luminance; pixels are taken as they lie in the file. A picture that shows the whole "
-        "frame has at least {}.\n"
+        "becomes grey by its luminance; pixels are taken as they lie in the file. A picture that shows the "
+        "whole frame has at least {}.\n"
         "Angles come raw, as measured, and rescaled, as the station receives them. The rescaled ones decide: "
         "allowed are {} degrees, raw {} degrees.\n"
         "A second reading of both pictures, the tool's own, tells each angle once more, with its standard "
         "uncertainty. A pair within range is doubtful where something speaks against it: the two readings "
-        "differ, "
-        "an angle is uncertain or too near to its limit, a trust number is beyond its limit, both pictures "
-        "are "
-        "the same, or there is no second reading.\n"
+        "differ, an angle is uncertain or too near to its limit, a trust number is beyond its limit, both "
+        "pictures are the same, or there is no second reading.\n"
         "Trust numbers: on lines across every side of the frame, {:g} px apart, the tool itself reads the "
-        "dark "
-        "line's centre, dark and bright level from the picture, and fits a straight line to the centres by "
-        "least "
-        "squares. The residual is the centres' RMS distance from that line; told apart from it is how far "
-        "the "
-        "farther of the side's two measured corners lies from the line. Of the cross it reads the grey "
-        "levels in "
-        "the search window. Warnings come with {}. A pair that fails has them as far as it came.",
+        "dark line's centre, dark and bright level from the picture, and fits a straight line to the centres "
+        "by least squares. The residual is the centres' RMS distance from that line; told apart from it is "
+        "how far the farther of the side's two measured corners lies from the line. Of the cross it reads "
+        "the grey levels in the search window. Warnings come with {}. A pair that fails has them as far as "
+        "it came.",
         ListedFormats(&PictureFormat::szLimits, ", "), SizeText(LeastSizeOf(Camera::kMaster)),
         AllowedRange(kRescaledLimit), AllowedRange(kRawLimit), kLineStep, TrustLimitsHelp());
 }
@@ -162,6 +172,17 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
             "Also compare with the truth.json of a rendered pair: differences in degrees and px");
     tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] { tExit = Show(*pOptions); });
+}
+
+void AddMeasureEachCommand(CLI::App& tApp, ExitCode& tExit) {
+    const auto pOptions = std::make_shared<Options>();
+    CLI::App& tCommand = *tApp.add_subcommand(kMeasureEach)->group("");
+    pOptions->tRaw.AddTo(tCommand);
+    pOptions->tDoubt.AddTo(tCommand);
+    tCommand.callback([pOptions, &tExit] {
+        AnswerAll(*pOptions);
+        tExit = ExitCode::kDone;
+    });
 }
 
 } // namespace tools

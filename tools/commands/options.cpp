@@ -59,10 +59,9 @@ PictureSize ParsedSize(const std::string& strOption, const std::string& str) {
     // NOLINTEND(cert-err34-c)
     if (!bRead || t.nColumns < 1 || t.nRows < 1 || t.nColumns > kMaxSide || t.nRows > kMaxSide ||
         PixelsOf(t) > kMaxGivenPixels)
-        throw CLI::ValidationError(
-            strOption, fmt::format("\"{}\" is not a width x height such as 1728x972 with sides of 1 to {} px "
-                                   "and at most {} px in all",
-                                   str, kMaxSide, kMaxGivenPixels));
+        throw CLI::ValidationError(strOption, fmt::format("\"{}\" is not a width x height such as 1728x972 "
+                                                          "with sides of 1 to {} px and at most {} px in all",
+                                                          str, kMaxSide, kMaxGivenPixels));
     return t;
 }
 
@@ -124,8 +123,8 @@ void DoubtOptions::AddTo(CLI::App& tCommand) {
     tCommand
         .add_option(
             "--max-difference", m_dMaxDifference,
-            "Degrees by which the library's angle and the tool's second reading may differ before the "
-            "verdict is doubtful")
+            "Degrees by which the library's angle and the tool's second reading may differ, twice the "
+            "latter's uncertainty counted, before the verdict is doubtful")
         ->check(Within(0, 90))
         ->type_name("DEG")
         ->capture_default_str();

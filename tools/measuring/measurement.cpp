@@ -78,7 +78,7 @@ unsigned char* MallocCopy(const std::vector<unsigned char>& aBytes) {
 CameraMeasurement MeasuredBy(Camera tCamera, PairResult& pair) {
     CameraMeasurement measured = RecordedCamera(tCamera, StageReached(tCamera, pair));
     if (pair.oFailedCamera == tCamera && measured.tReached == Stage::kCornerPoints)
-        pair.pFailedCorner = MissingCorner(measured);
+        pair.oFailedCorner = MissingCorner(measured);
     return measured;
 }
 
@@ -97,11 +97,11 @@ std::optional<std::array<Point, 4>> KnownCorners(const CameraResult& tResult) {
     return aCorners;
 }
 
-const CornerName* MissingCorner(const CameraMeasurement& measured) {
+std::optional<std::size_t> MissingCorner(const CameraMeasurement& measured) {
     for (std::size_t i = 0; i < kCorners.size(); ++i)
         if (!measured.aoCorners[i])
-            return &kCorners[i];
-    return nullptr;
+            return i;
+    return std::nullopt;
 }
 
 PictureSize LeastSizeOf(Camera tCamera) {

@@ -14,7 +14,7 @@ namespace tools {
 struct PairResult {
     unsigned int nStatus;
     std::optional<Camera> oFailedCamera;
-    const CornerName* pFailedCorner = nullptr; // where it failed at one
+    std::optional<std::size_t> oFailedCorner = {}; // where it failed at one, as kCorners
     std::optional<Angles> oRaw;
     std::optional<Angles> oRescaled;       // as getAlign returns them
     std::vector<std::string> aDiagnostics; // lines on standard output
@@ -38,8 +38,8 @@ struct Measurement {
 // pictures may have sizes of their own.
 PictureSize LeastSizeOf(Camera tCamera);
 
-// The first corner without a position; none if all have one.
-const CornerName* MissingCorner(const CameraMeasurement& measured);
+// The first corner without a position, as kCorners; none if all have one.
+std::optional<std::size_t> MissingCorner(const CameraMeasurement& measured);
 
 // Of the frame, as far as the stages know them: measured, or about where they met its edge.
 std::optional<std::array<Point, 4>> KnownCorners(const CameraResult& tResult);

@@ -23,9 +23,8 @@ constexpr std::array<StageWords, 9> kStages = {{
 }};
 
 constexpr char kMemory[] = "Close other programs; use pictures of the sensor's own size";
-constexpr char kCrossAdvice[] =
-    "Bring the chart into view with its cross in the middle of the picture; check that it "
-    "is sharp, evenly lit and darker than its paper";
+constexpr char kCrossAdvice[] = "Bring the chart into view with its cross in the middle of the picture; "
+                                "check that it is sharp, evenly lit and darker than its paper";
 constexpr char kCentre[] = "Move the module or the chart until the cross lies in the middle of the picture, "
                            "and remove other dark things from there";
 constexpr char kBar[] = "Remove what covers the cross, and check for reflections and shadows on its bars; "
@@ -34,11 +33,11 @@ constexpr char kRoll[] =
     "Check that the picture is upright and the chart not rolled by more than a few degrees";
 constexpr char kFrame[] = "Bring the whole frame into view: check distance and aim, remove what covers the "
                           "frame, and light the chart evenly";
-constexpr char kLight[] = "Light the chart evenly, avoid over- and underexposure, and keep the whole frame "
-                          "inside the picture";
-constexpr char kCorner[] = "Remove what covers the frame near this corner, keep the corner inside the "
-                           "picture, and check sharpness and "
-                           "light there; check that the chart is not rolled by more than 3 degrees";
+constexpr char kLight[] =
+    "Light the chart evenly, avoid over- and underexposure, and keep the whole frame inside the picture";
+constexpr char kCorner[] =
+    "Remove what covers the frame near this corner, keep the corner inside the picture, and check sharpness "
+    "and light there; check that the chart is not rolled by more than 3 degrees";
 constexpr char kInput[] = "Name two pictures and a calibration image that fit";
 constexpr char kMount[] = "Check that module and chart are seated properly and measure again; if the angle "
                           "stays, the slave camera is mounted askew";

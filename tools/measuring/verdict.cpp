@@ -38,7 +38,7 @@ constexpr StatusWords kNoAngle = {ORVEX_OK, "ORVEX_OK", Stage::kAngles,
 constexpr StatusWords kDoubtedRange = {
     ORVEX_ANGLE_OUT_OF_RANGE, "ORVEX_ANGLE_OUT_OF_RANGE", Stage::kAngleRange,
     "both cameras were measured, but an angle is out of range",
-    "Do what the warnings say and measure again before you judge the module"};
+    "Do what the reasons ask for, and measure again before you judge the module"};
 
 } // namespace
 
@@ -50,8 +50,8 @@ std::string PlaceOfFailure(const PairResult& pair) {
     if (!pair.oFailedCamera)
         return "";
     const std::string strCamera = NameOf(*pair.oFailedCamera) + std::string(" camera");
-    return pair.pFailedCorner == nullptr ? strCamera
-                                         : strCamera + ", " + pair.pFailedCorner->szLabel + " corner";
+    return pair.oFailedCorner ? strCamera + ", " + kCorners[*pair.oFailedCorner].szLabel + " corner"
+                              : strCamera;
 }
 
 bool IsMeasured(const PairResult& pair) {

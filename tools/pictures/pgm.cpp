@@ -44,12 +44,13 @@ int NextNumber(const std::string& strFile, std::string_view& strRest, const char
 void RequireEightBits(const std::string& strFile, int nMaximum) {
     if (nMaximum == 255)
         return;
-    throw ToolError(strFile,
-                    fmt::format("{}its largest grey value is {}, needed is 255",
-                                nMaximum > 255 ? "has 16 bits per pixel: " : "", nMaximum),
-                    nMaximum > 255 ? "Convert it to 8 bits per pixel"
-                                   : "Scale its grey values so that white is 255, and write 255 into the "
-                                     "header as the largest one");
+    throw ToolError(
+        strFile,
+        fmt::format("{}its largest grey value is {}, needed is 255",
+                    nMaximum > 255 ? "has 16 bits per pixel: " : "", nMaximum),
+        nMaximum > 255
+            ? "Convert it to 8 bits per pixel"
+            : "Scale its grey values so that white is 255, and write 255 into the header as the largest one");
 }
 
 void RequirePixels(const std::string& strFile, PictureSize tSize, std::size_t nHeld) {

@@ -1,11 +1,12 @@
 #include "pictures/picture.h"
 
+#include "basics/checksum.h"
 #include "basics/files.h"
 #include "basics/tool_error.h"
 #include "pictures/formats.h"
+#include "pictures/raw.h"
 
 #include <array>
-#include <fmt/format.h>
 #include <string_view>
 
 namespace tools {
@@ -44,31 +45,17 @@ void RefuseForeign(const std::string& strFile, const std::string& strStart) {
                             ", convert this one to PNG, or give the size of a raw plane with --raw");
 }
 
-// The plane that a file begins with. No camera's first pixels read like the start of a picture file, whose
-// bytes would be measured as noise, or as a picture that is shifted by its header.
-Picture ReadRawPlane(const std::string& strFile, PictureSize tSize) {
-    const std::size_t nNeeded = PixelsOf(tSize);
-    const std::string strPlane = ReadStart(strFile, nNeeded);
-    if (strPlane.size() < nNeeded)
-        throw ToolError(strFile,
-                        fmt::format("is too short for a raw plane: it holds {} bytes, {} need {}",
-                                    strPlane.size(), SizeText(tSize), nNeeded),
-                        "Give the size in which the frame was recorded; leave --raw out for " +
-                            ListedFormats(&PictureFormat::szName, " and "));
-    if (const PictureFormat* const pFormat = FormatOf(strPlane))
-        throw ToolError(strFile, std::string("is a ") + pFormat->szName + " picture and no raw plane",
-                        "Leave --raw out, or name raw planes");
-    return {strFile, tSize.nColumns, tSize.nRows, {strPlane.begin(), strPlane.end()}};
-}
-
 } // namespace
 
-Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw) {
+Picture ReadPicture(const std::string& strFile, std::optional<PictureSize> oRaw, bool bChecksum) {
     if (oRaw)
-        return ReadRawPlane(strFile, *oRaw);
+        return ReadRawPlane(strFile, *oRaw, bChecksum);
     const std::string strBytes =
         ReadFile(strFile, kLimit, [&](const std::string& strStart) { RefuseForeign(strFile, strStart); });
-    return FormatOf(strBytes)->Decode(strFile, strBytes);
+    Picture tPicture = FormatOf(strBytes)->Decode(strFile, strBytes);
+    if (bChecksum)
+        tPicture.strSha256 = Sha256Of(strBytes);
+    return tPicture;
 }
 
 } // namespace tools

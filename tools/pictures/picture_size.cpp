@@ -19,9 +19,9 @@ PictureSize DecodableSize(const std::string& strFile, std::uint32_t nColumns, st
     if (!bSides || std::size_t{nColumns} * nRows > kMaxDecodedPixels)
         throw ToolError(
             strFile,
-            fmt::format("its header says {} x {} px, allowed are sides of 1 to {} px and at most {} "
-                        "px in all",
-                        nColumns, nRows, kMaxSide, kMaxDecodedPixels),
+            fmt::format(
+                "its header says {} x {} px, allowed are sides of 1 to {} px and at most {} px in all",
+                nColumns, nRows, kMaxSide, kMaxDecodedPixels),
             "Record the picture again in its proper size");
     return {static_cast<int>(nColumns), static_cast<int>(nRows)};
 }

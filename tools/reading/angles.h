@@ -4,17 +4,19 @@
 
 namespace tools {
 
-// The slave's rotation against the master's, degrees.
+// Sides and tilts from the corners, by the library's formulas.
+void DeriveTilts(const ChartMeasures& tMeasures, CameraReading& reading);
+
+// From the horizontal bar, likewise: positive with the right end higher.
+UncertainNumber RollOf(const UncertainLine& tBar);
+
+// The slave's rotation against the master's about x, y and z, degrees.
 struct UncertainAngles {
-    std::array<UncertainNumber, 3> aRaw;      // about x, y and z
-    std::array<UncertainNumber, 3> aRescaled; // as they are judged
+    std::array<UncertainNumber, 3> aRaw;
 };
 
 // By the library's formulas, so that both results differ by their errors of measurement alone.
 UncertainAngles AnglesOf(const CameraReading& tMaster, const CameraReading& tSlave,
                          const ChartMeasures& tMeasures);
-
-// As the library rescales an angle of one degree or more.
-UncertainNumber Rescaled(UncertainNumber tRaw);
 
 } // namespace tools

@@ -1,9 +1,9 @@
 #include "reading/camera_reading.h"
 
+#include "reading/angles.h"
 #include "reading/cross_bar.h"
 #include "reading/frame_search.h"
 #include "reading/pixel_phase.h"
-#include "reading/uncertain_geometry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,19 +18,12 @@ constexpr double kReach = 0.03;
 constexpr double kClearOfCorner = 0.6;
 constexpr double kBlurOfCorner = 5.0;
 
-constexpr double kLeastShare = 0.3; // of a half side's lines across
-
 using Corners = std::array<Point, 4>;
-
-bool IsHorizontal(std::size_t nSide) {
-    return nSide % 2 == 1;
-}
 
 double Along(bool bHorizontal, Point t) {
     return bHorizontal ? t.dX : t.dY;
 }
 
-// The straight line between two points.
 UncertainLine LineBetween(bool bHorizontal, Point tFrom, Point tTo) {
     const double dFirst = Along(bHorizontal, tFrom), dLast = Along(bHorizontal, tTo);
     const double dAcross = Along(!bHorizontal, tFrom);
@@ -39,126 +32,93 @@ UncertainLine LineBetween(bool bHorizontal, Point tFrom, Point tTo) {
 
 // Where the diagonals cross: the picture of the frame's middle.
 Point MiddleOf(const Corners& a) {
-    const double dX1 = a[3].dX - a[0].dX, dY1 = a[3].dY - a[0].dY, dX2 = a[2].dX - a[1].dX,
-                 dY2 = a[2].dY - a[1].dY;
-    const double d = ((a[1].dX - a[0].dX) * dY2 - (a[1].dY - a[0].dY) * dX2) / (dX1 * dY2 - dY1 * dX2);
-    return {a[0].dX + d * dX1, a[0].dY + d * dY1};
+    return CrossingOf(LineBetween(true, a[0], a[3]), LineBetween(false, a[1], a[2])).tPlace;
 }
 
-// Half of a side: its line as expected, and its way from the middle's line to its corner.
+// A half side as corners tell of it: from the middle to so far from its corner.
 struct Half {
     bool bHorizontal;
-    UncertainLine tExpected;
-    double dMiddle, dCorner; // along
-    Stretch Along(double dClear) const {
-        return dCorner < dMiddle ? Stretch{dCorner + dClear, dMiddle} : Stretch{dMiddle, dCorner - dClear};
-    }
+    UncertainLine tLine;
+    Stretch tAlong;
 };
 
-Half HalfOf(std::size_t nSide, std::size_t nEnd, const Corners& a) {
-    const bool bHorizontal = IsHorizontal(nSide);
-    const Point tFrom = a[kSides[nSide].nFrom], tTo = a[kSides[nSide].nTo];
-    return {bHorizontal, LineBetween(bHorizontal, tFrom, tTo), Along(bHorizontal, MiddleOf(a)),
-            Along(bHorizontal, nEnd == 0 ? tFrom : tTo)};
+Half HalfOf(std::size_t nHalf, const Corners& a, double dClear) {
+    const SideName& t = kSides[nHalf / 2];
+    const bool bHorizontal = t.bAlongRows;
+    const double dMiddle = Along(bHorizontal, MiddleOf(a)), dFirst = Along(bHorizontal, a[t.nFrom]) + dClear;
+    const double dLast = Along(bHorizontal, a[t.nTo]) - dClear;
+    return {bHorizontal, LineBetween(bHorizontal, a[t.nFrom], a[t.nTo]),
+            nHalf % 2 == 0 ? Stretch{dFirst, dMiddle} : Stretch{dMiddle, dLast}};
 }
 
-using RoughHalves = std::array<std::array<RoughLine, 2>, 4>;
-
-std::optional<RoughHalves> RoughHalvesOf(const Picture& tPicture, const Corners& a) {
+// The half sides before the first one that is not to be seen.
+std::vector<RoughLine> RoughHalves(const Picture& tPicture, const Corners& a) {
     const double dReach = kReach * (a[1].dX - a[0].dX);
-    RoughHalves aa;
+    std::vector<RoughLine> aHalves;
     std::vector<double> adWidths;
-    for (std::size_t nSide = 0; nSide < 4; ++nSide)
-        for (std::size_t nEnd = 0; nEnd < 2; ++nEnd) {
-            const Half t = HalfOf(nSide, nEnd, a);
-            const auto o =
-                ReadRoughly(ViewAlong(t.bHorizontal, tPicture), t.Along(dReach), t.tExpected, dReach);
-            if (!o)
-                return std::nullopt;
-            aa[nSide][nEnd] = *o;
-            adWidths.push_back(o->dWidth);
-        }
+    for (std::size_t n = 0; n < kHalfSides; ++n) {
+        const Half t = HalfOf(n, a, dReach);
+        const auto o = ReadRoughly(ViewAlong(t.bHorizontal, tPicture), t.tAlong, t.tLine, dReach);
+        if (!o)
+            return aHalves;
+        aHalves.push_back(*o);
+        adWidths.push_back(o->dWidth);
+    }
     // One line all around: dirt may widen some of it.
     const double dWidth = Median(std::move(adWidths));
-    for (auto& a2 : aa)
-        for (RoughLine& t : a2)
-            t.dWidth = dWidth;
-    return aa;
+    for (RoughLine& t : aHalves)
+        t.dWidth = dWidth;
+    return aHalves;
 }
 
-Corners RoughCorners(const RoughHalves& aa) {
-    Corners a;
-    for (std::size_t n = 0; n < 4; ++n)
-        a[n] = CornerOf(n, aa).tPlace;
-    return a;
+std::optional<LineCentres> ReadHalf(const Picture& tPicture, std::size_t nHalf, const Corners& a,
+                                    const RoughLine& tRough) {
+    const Half t = HalfOf(nHalf, a, kClearOfCorner * tRough.dWidth + kBlurOfCorner);
+    return ReadCentres(ViewAlong(t.bHorizontal, tPicture), t.tAlong, tRough);
 }
 
-// Half sides as kSides, two of each, then the horizontal and the vertical bar.
-using ChartLines = std::vector<LineCentres>;
-constexpr std::size_t kHorizontalBar = 8, kVerticalBar = 9;
-
-bool Add(std::optional<LineCentres> o, ChartLines& lines) {
-    if (!o || static_cast<double>(o->aCentres.size()) < kLeastShare * o->nLines)
-        return false;
-    lines.push_back(std::move(*o));
-    return true;
+// A bar is expected between the middles of the sides that it points to.
+std::optional<LineCentres> ReadBar(const Picture& tPicture, bool bHorizontal, const Corners& a,
+                                   double dWidth) {
+    const auto Between = [&](std::size_t n, std::size_t m) {
+        return Point{(a[n].dX + a[m].dX) / 2, (a[n].dY + a[m].dY) / 2};
+    };
+    const Point tFrom = Between(0, bHorizontal ? 2 : 1), tTo = Between(bHorizontal ? 1 : 2, 3);
+    const UncertainLine t = LineBetween(bHorizontal, tFrom, tTo);
+    const double dMiddle = Along(bHorizontal, MiddleOf(a));
+    return ReadBar(ViewAlong(bHorizontal, tPicture), {{dMiddle, t.At(dMiddle), t.dSlope}, dWidth},
+                   (Along(bHorizontal, tTo) - Along(bHorizontal, tFrom)) / 2);
 }
 
-bool ReadHalves(const Picture& tPicture, const RoughHalves& aaRough, const Corners& a, ChartLines& lines) {
-    for (std::size_t nSide = 0; nSide < 4; ++nSide)
-        for (std::size_t nEnd = 0; nEnd < 2; ++nEnd) {
-            const Half t = HalfOf(nSide, nEnd, a);
-            const RoughLine& tRough = aaRough[nSide][nEnd];
-            const Stretch tAlong = t.Along(kClearOfCorner * tRough.dWidth + kBlurOfCorner);
-            if (!Add(ReadCentres(ViewAlong(t.bHorizontal, tPicture), tAlong, tRough), lines))
-                return false;
-        }
-    return true;
-}
-
-// A bar's direction is that between its neighbouring sides, its middle the frame's.
-RoughLine ExpectedBar(bool bHorizontal, const Corners& a, double dWidth) {
-    const SideName &tFirst = kSides[bHorizontal ? 1 : 0], &tSecond = kSides[bHorizontal ? 3 : 2];
-    const Point tMiddle = MiddleOf(a);
-    const double dSlope = (LineBetween(bHorizontal, a[tFirst.nFrom], a[tFirst.nTo]).dSlope +
-                           LineBetween(bHorizontal, a[tSecond.nFrom], a[tSecond.nTo]).dSlope) /
-                          2;
-    return {{Along(bHorizontal, tMiddle), Along(!bHorizontal, tMiddle), dSlope}, dWidth};
-}
-
-bool ReadCross(const Picture& tPicture, const Corners& a, double dWidth, ChartLines& lines) {
-    return std::ranges::all_of(std::array{true, false}, [&](bool bHorizontal) {
-        const double dHalf = (Along(bHorizontal, a[3]) - Along(bHorizontal, a[0])) / 2;
-        return Add(ReadBar(ViewAlong(bHorizontal, tPicture), ExpectedBar(bHorizontal, a, dWidth), dHalf),
-                   lines);
-    });
-}
-
-CameraReading ReadingOf(const ChartLines& tLines, const ChartMeasures& tMeasures) {
-    const std::vector<LineReading> aReadings = ReadingsOf(tLines);
+CameraReading ReadingOf(std::span<const LineCentres> aLines, const ChartMeasures& tMeasures) {
     CameraReading reading;
-    for (std::size_t n = 0; n < kHorizontalBar; ++n)
-        reading.aaHalves[n / 2][n % 2] = aReadings[n];
-    reading.tHorizontalBar = aReadings[kHorizontalBar];
-    reading.tVerticalBar = aReadings[kVerticalBar];
+    reading.aLines = ReadingsOf(aLines);
     for (std::size_t n = 0; n < 4; ++n)
-        reading.aCorners[n] = CornerOf(n, reading.aaHalves);
-    reading.tCentre = CrossingOf(reading.tHorizontalBar.tLine, reading.tVerticalBar.tLine);
-    DeriveAngles(tMeasures, reading);
+        reading.aCorners[n] = CornerOf(n, reading.aLines);
+    reading.tCentre = CrossingOf(reading.aLines[kHorizontalBar].tLine, reading.aLines[kVerticalBar].tLine);
+    DeriveTilts(tMeasures, reading);
+    reading.tRoll = RollOf(reading.aLines[kHorizontalBar].tLine);
     return reading;
 }
 
 ReadingOutcome ReadFrom(const Picture& tPicture, const ChartMeasures& tMeasures, const Corners& aStart) {
-    const std::optional<RoughHalves> oRough = RoughHalvesOf(tPicture, aStart);
-    if (!oRough)
+    const std::vector<RoughLine> aRough = RoughHalves(tPicture, aStart);
+    if (aRough.size() < kHalfSides)
+        return {{}, NoReading::kSideHidden, aRough.size()};
+    Corners a;
+    for (std::size_t n = 0; n < 4; ++n)
+        a[n] = CornerOf(n, aRough).tPlace;
+    if (!AreLikeAFrame(a, tMeasures))
         return {{}, NoReading::kSideHidden};
-    const Corners a = RoughCorners(*oRough);
-    ChartLines tLines;
-    if (!AreLikeAFrame(a, tMeasures) || !ReadHalves(tPicture, *oRough, a, tLines))
-        return {{}, NoReading::kSideHidden};
-    if (!ReadCross(tPicture, a, (*oRough)[0][0].dWidth, tLines))
-        return {{}, NoReading::kNoCross};
-    return {ReadingOf(tLines, tMeasures)};
+    std::vector<LineCentres> aLines;
+    for (std::size_t n = 0; n < kChartLines; ++n) {
+        auto o = n < kHalfSides ? ReadHalf(tPicture, n, a, aRough[n])
+                                : ReadBar(tPicture, n == kHorizontalBar, a, aRough[0].dWidth);
+        if (!o)
+            return {{}, n < kHalfSides ? NoReading::kSideHidden : NoReading::kNoCross, n};
+        aLines.push_back(std::move(*o));
+    }
+    return {ReadingOf(aLines, tMeasures)};
 }
 
 bool LieIn(const Picture& tPicture, const Corners& a) {
@@ -174,10 +134,12 @@ ReadingOutcome ReadCamera(const Picture& tPicture, const ChartMeasures& tMeasure
     if (oCorners && LieIn(tPicture, *oCorners) && AreLikeAFrame(*oCorners, tMeasures))
         if (ReadingOutcome t = ReadFrom(tPicture, tMeasures, *oCorners); t.oReading)
             return t;
-    const FrameFound tFound = FindFrame(tPicture, tMeasures);
-    if (!tFound.oCorners)
-        return {{}, tFound.tReason};
-    return ReadFrom(tPicture, tMeasures, *tFound.oCorners);
+    const auto tFound = FindFrame(tPicture, tMeasures);
+    if (const auto* const pReason = std::get_if<NoReading>(&tFound))
+        return {{}, *pReason};
+    const auto& aFound = std::get<Corners>(tFound);
+    return LieIn(tPicture, aFound) ? ReadFrom(tPicture, tMeasures, aFound)
+                                   : ReadingOutcome{{}, NoReading::kFrameCut};
 }
 
 } // namespace tools

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reading/line_reading.h"
+#include "reading/uncertain_geometry.h"
 
 namespace tools {
 
@@ -14,23 +15,18 @@ struct UncertainNumber {
     double dValue = 0, dVariance = 0;
 };
 
-struct UncertainPoint {
-    Point tPlace = {};
-    double dVarianceX = 0, dCovariance = 0, dVarianceY = 0; // px^2
-};
-
 // Why there is no second reading.
 enum class NoReading {
     kNoContrast,  // blank, or so pale that noise hides the chart
     kInverted,    // bright lines on dark paper
     kNoFrame,     // no rectangle of the chart's shape
     kFrameOnSide, // it is there, but turned by a quarter
+    kFrameCut,    // it reaches beyond the picture
     kSideHidden,  // too little of one side is to be seen
     kNoCross      // there is no cross in its middle, or too little of it
 };
 
-// Behind "no second reading: ".
-const char* DescribeNoReading(NoReading tReason);
+constexpr std::size_t kHalfSides = 8, kHorizontalBar = 8, kVerticalBar = 9, kChartLines = 10;
 
 // One camera's picture as the tool reads it by itself. Lengths in px, angles in degrees.
 struct CameraReading {
@@ -38,14 +34,14 @@ struct CameraReading {
     UncertainPoint tCentre;                 // where the cross's bars meet
     std::array<UncertainNumber, 4> aSides;  // lengths, as kSides
     UncertainNumber tTiltX, tTiltY, tRoll;
-    std::array<std::array<LineReading, 2>, 4> aaHalves; // of each side as kSides, in the order of its corners
-    LineReading tHorizontalBar, tVerticalBar;
+    std::vector<LineReading> aLines; // kChartLines: the half sides, see HalfSide, then the bars
 };
 
 // Its reading, or why there is none.
 struct ReadingOutcome {
     std::optional<CameraReading> oReading;
     NoReading tReason = {};
+    std::optional<std::size_t> oLine = {}; // of kChartLines, of which too little is to be seen
 };
 
 // Reads the frame whose corners are known to about the width of its line. Where they are not known, or where

@@ -6,9 +6,10 @@
 namespace tools {
 namespace {
 
-constexpr int kProbes = 24;    // from the middle towards the frame
-constexpr double kAway = 1.5;  // widths of the line from the expected place: beyond it is no bar
-constexpr double kOther = 1.5; // widths of the line: so far from the middle the other bar is in the way
+constexpr int kProbes = 24;       // from the middle towards the frame
+constexpr double kShortest = 0.3; // of what lies between the frame's sides
+constexpr double kAway = 1.5;     // widths of the line from the expected place: beyond it is no bar
+constexpr double kOther = 1.5;    // widths of the line: so far from the middle the other bar is in the way
 
 // How far the bar reaches from the middle, px: to where the most probes before it show ink and the fewest
 // behind it.
@@ -35,7 +36,7 @@ std::optional<LineCentres> ReadBar(const AxisView& tView, const RoughLine& tExpe
     const double dMiddle = tExpected.tLine.dMiddle, dWay = dHalf - 2 * tExpected.dWidth;
     const Stretch tAlong = {dMiddle - ReachOf(tView, tExpected, -dWay) + tExpected.dWidth,
                             dMiddle + ReachOf(tView, tExpected, dWay) - tExpected.dWidth};
-    if (tAlong.Length() < 0.3 * dHalf)
+    if (tAlong.dLast - tAlong.dFirst < kShortest * dHalf)
         return std::nullopt;
     const auto oRough =
         ReadRoughly(tView, tAlong, tExpected.tLine, kAway * tExpected.dWidth + tExpected.dWidth);

@@ -9,13 +9,13 @@ namespace {
 // px. A smaller frame shows too few lines across.
 constexpr double kLeastFrame = 100;
 
-constexpr int kGrid = 8;            // px between the pixels that tell ink from paper
-constexpr double kInkShare = 0.004; // of the pixels: darker ones are ink in any picture of the chart
+constexpr std::size_t kSampled = 61; // every so many pixels tell ink from paper
+constexpr double kInkShare = 0.004;  // of the pixels: darker ones are ink in any picture of the chart
 constexpr double kLeastContrast = 25;
 constexpr int kScans = 100;          // in each direction
 constexpr double kWidestLine = 0.05; // of the picture's longer side
 constexpr int kLines = 4;            // in each direction; the frame has two, the cross one
-constexpr int kSlopes = 37;          // to both sides
+constexpr int kSlopes = 60;          // to both sides
 constexpr double kSlopeStep = 0.01;
 constexpr double kBin = 4.0;            // px
 constexpr double kApart = 0.05;         // of the picture's longer side: lines of the chart are farther apart
@@ -27,12 +27,8 @@ struct Levels {
 
 Levels LevelsOf(const Picture& t) {
     std::vector<unsigned char> a;
-    for (int y = kGrid / 2; y < t.nRows; y += kGrid)
-        for (int x = kGrid / 2; x < t.nColumns; x += kGrid)
-            a.push_back(t.aGrey[static_cast<std::size_t>(y) * static_cast<std::size_t>(t.nColumns) +
-                                static_cast<std::size_t>(x)]);
-    if (a.empty())
-        return {};
+    for (std::size_t n = 0; n < t.aGrey.size(); n += kSampled)
+        a.push_back(t.aGrey[n]);
     std::ranges::sort(a);
     const auto At = [&](double dShare) {
         return static_cast<double>(a[static_cast<std::size_t>(dShare * static_cast<double>(a.size() - 1))]);
@@ -97,28 +93,32 @@ std::vector<Voted> LinesAlong(bool bHorizontal, const Picture& tPicture, double 
     return aLines;
 }
 
-Point Crossing(const UncertainLine& tHorizontal, const UncertainLine& tVertical) {
-    const double dX = (tVertical.At(tHorizontal.At(0))) / (1 - tHorizontal.dSlope * tVertical.dSlope);
-    return {dX, tHorizontal.At(dX)};
-}
-
 bool AreAlike(double dOne, double dOther) {
     return std::fabs(dOne - dOther) < kShapeTolerance * dOther;
 }
 
 using Corners = std::array<Point, 4>;
 
-// Calls for every choice of two lines of each direction, with the corners and the lines' votes.
-template <typename Call>
-void ForEachRectangle(const std::vector<Voted>& aHorizontal, const std::vector<Voted>& aVertical, Call Use) {
-    for (auto pTop = aHorizontal.begin(); pTop != aHorizontal.end(); ++pTop)
-        for (auto pBottom = pTop + 1; pBottom != aHorizontal.end(); ++pBottom)
-            for (auto pLeft = aVertical.begin(); pLeft != aVertical.end(); ++pLeft)
-                for (auto pRight = pLeft + 1; pRight != aVertical.end(); ++pRight)
-                    Use(Corners{Crossing(pTop->tLine, pLeft->tLine), Crossing(pTop->tLine, pRight->tLine),
-                                Crossing(pBottom->tLine, pLeft->tLine),
-                                Crossing(pBottom->tLine, pRight->tLine)},
-                        pTop->nVotes + pBottom->nVotes + pLeft->nVotes + pRight->nVotes);
+// A choice of two lines of each direction.
+struct Rectangle {
+    Corners aCorners;
+    int nVotes;
+};
+
+std::vector<Rectangle> RectanglesOf(const std::vector<Voted>& aRows, const std::vector<Voted>& aColumns) {
+    std::vector<Rectangle> a;
+    const auto At = [](const Voted& t, const Voted& tOther) {
+        return CrossingOf(t.tLine, tOther.tLine).tPlace;
+    };
+    for (std::size_t t = 0; t < aRows.size(); ++t)
+        for (std::size_t b = t + 1; b < aRows.size(); ++b)
+            for (std::size_t l = 0; l < aColumns.size(); ++l)
+                for (std::size_t r = l + 1; r < aColumns.size(); ++r)
+                    a.push_back(
+                        {{At(aRows[t], aColumns[l]), At(aRows[t], aColumns[r]), At(aRows[b], aColumns[l]),
+                          At(aRows[b], aColumns[r])},
+                         aRows[t].nVotes + aRows[b].nVotes + aColumns[l].nVotes + aColumns[r].nVotes});
+    return a;
 }
 
 double Length(const Corners& a, std::size_t nSide) {
@@ -126,23 +126,23 @@ double Length(const Corners& a, std::size_t nSide) {
     return std::hypot(tTo.dX - tFrom.dX, tTo.dY - tFrom.dY);
 }
 
-FrameFound FindDarkerThan(double dThreshold, const Picture& tPicture, const ChartMeasures& tMeasures) {
-    const std::vector<Voted> aHorizontal = LinesAlong(true, tPicture, dThreshold),
-                             aVertical = LinesAlong(false, tPicture, dThreshold);
-    FrameFound tFound = {{}, NoReading::kNoFrame};
-    int nMost = 0, nMostOnSide = 0;
+// Its corners, with lines that are darker than a level.
+std::variant<NoReading, Corners> FindDarkerThan(double dThreshold, const Picture& tPicture,
+                                                const ChartMeasures& tMeasures) {
     const ChartMeasures tOnSide = {tMeasures.dDistance, tMeasures.dHalfSpanY, tMeasures.dHalfSpanX};
-    ForEachRectangle(aHorizontal, aVertical, [&](const Corners& a, int nVotes) {
-        if (AreLikeAFrame(a, tOnSide))
-            nMostOnSide = std::max(nMostOnSide, nVotes);
-        if (nVotes <= nMost || !AreLikeAFrame(a, tMeasures))
-            return;
+    std::variant<NoReading, Corners> found = NoReading::kNoFrame;
+    int nMost = 0;
+    for (const auto& [aCorners, nVotes] :
+         RectanglesOf(LinesAlong(true, tPicture, dThreshold), LinesAlong(false, tPicture, dThreshold))) {
+        const bool bUpright = AreLikeAFrame(aCorners, tMeasures);
+        if (nVotes <= nMost || (!bUpright && !AreLikeAFrame(aCorners, tOnSide)))
+            continue;
         nMost = nVotes;
-        tFound.oCorners = a;
-    });
-    if (nMostOnSide > nMost)
-        return {{}, NoReading::kFrameOnSide};
-    return tFound;
+        found = NoReading::kFrameOnSide;
+        if (bUpright)
+            found = aCorners;
+    }
+    return found;
 }
 
 } // namespace
@@ -156,19 +156,18 @@ bool AreLikeAFrame(const std::array<Point, 4>& aCorners, const ChartMeasures& tM
            AreAlike((dTop + dBottom) / tMeasures.dHalfSpanX, (dLeft + dRight) / tMeasures.dHalfSpanY);
 }
 
-FrameFound FindFrame(const Picture& tPicture, const ChartMeasures& tMeasures) {
+std::variant<NoReading, Corners> FindFrame(const Picture& tPicture, const ChartMeasures& tMeasures) {
     const auto [dInk, dPaper, dGlare] = LevelsOf(tPicture);
     if (dGlare - dPaper > std::max(kLeastContrast, 2 * (dPaper - dInk))) {
         // Bright lines on dark paper, or something else on a dark ground.
         Picture tTurned = tPicture;
         for (unsigned char& ub : tTurned.aGrey)
             ub = static_cast<unsigned char>(255 - ub);
-        const bool bFound =
-            FindDarkerThan(255 - (dPaper + dGlare) / 2, tTurned, tMeasures).oCorners.has_value();
-        return {{}, bFound ? NoReading::kInverted : NoReading::kNoFrame};
+        const auto found = FindDarkerThan(255 - (dPaper + dGlare) / 2, tTurned, tMeasures);
+        return std::holds_alternative<Corners>(found) ? NoReading::kInverted : NoReading::kNoFrame;
     }
     if (dPaper - dInk < kLeastContrast)
-        return {{}, NoReading::kNoContrast};
+        return NoReading::kNoContrast;
     return FindDarkerThan((dInk + dPaper) / 2, tPicture, tMeasures);
 }
 

@@ -13,11 +13,9 @@ struct Samples {
     bool LieIn(const AxisView& t) const { return nFirst >= 0 && nFirst <= nLast && nLast < t.nAcross; }
 };
 
-int Up(double d) {
-    return static_cast<int>(std::ceil(d));
-}
-int Down(double d) {
-    return static_cast<int>(std::floor(d));
+// All samples from one place to another.
+Samples Within(double dFirst, double dLast) {
+    return {static_cast<int>(std::ceil(dFirst)), static_cast<int>(std::floor(dLast))};
 }
 
 int Sum(LineAcross tLine, Samples t) {
@@ -60,8 +58,8 @@ double Missing(LineAcross tLine, Samples t, double dPaper) {
 } // namespace
 
 std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddle, double dReach) {
-    const Samples t = {std::max(Up(dMiddle - dReach), 1),
-                       std::min(Down(dMiddle + dReach), tView.nAcross - 2)};
+    const Samples t =
+        Within(std::max(dMiddle - dReach, 1.0), std::min(dMiddle + dReach, tView.nAcross - 2.0));
     if (!tView.HasLine(nLine) || t.nLast - t.nFirst < 4)
         return std::nullopt;
     const LineAcross tLine = tView.Line(nLine);
@@ -78,15 +76,15 @@ std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddl
     if (!oFirst || !oLast)
         return std::nullopt;
     const double dCentre = (*oFirst + *oLast) / 2, dWidth = *oLast - *oFirst;
-    return InkAcross{dCentre, dWidth, dCentre, dWidth, dDark, dPaper, dPaper};
+    return InkAcross{nLine, dCentre, dWidth, dCentre, dWidth, dDark, dPaper, dPaper};
 }
 
 std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddle, double dWidth) {
     const double dClear = dWidth / 2 + std::max(4.0, 0.6 * dWidth); // of the edges' blur
-    const double dEnd = dClear + std::max(4.0, 0.6 * dWidth);
-    const Samples tInk = {Up(dMiddle - dWidth / 4), Down(dMiddle + dWidth / 4)};
-    const Samples tBefore = {Up(dMiddle - dEnd), Down(dMiddle - dClear)};
-    const Samples tAfter = {Up(dMiddle + dClear), Down(dMiddle + dEnd)};
+    const double dEnd = dClear + std::max(4.0, 1.2 * dWidth);       // long enough that its noise adds little
+    const Samples tInk = Within(dMiddle - dWidth / 4, dMiddle + dWidth / 4);
+    const Samples tBefore = Within(dMiddle - dEnd, dMiddle - dClear);
+    const Samples tAfter = Within(dMiddle + dClear, dMiddle + dEnd);
     if (!tView.HasLine(nLine) || !tInk.LieIn(tView) || !tBefore.LieIn(tView) || !tAfter.LieIn(tView))
         return std::nullopt;
     const LineAcross tLine = tView.Line(nLine);
@@ -107,13 +105,8 @@ std::optional<InkAcross> ReadInk(const AxisView& tView, int nLine, double dMiddl
     const double dBehind =
         (Missing(tLine, {nMiddle + 1, tAfter.nFirst - 1}, dAfter) + (0.5 - dSplit) * (dAfter - dInk)) /
         (dAfter - dDark);
-    return InkAcross{(*oFirst + *oLast) / 2,
-                     *oLast - *oFirst,
-                     dMiddle + (dBehind - dAhead) / 2,
-                     dBehind + dAhead,
-                     dDark,
-                     dBefore,
-                     dAfter};
+    const double dCentre = (*oFirst + *oLast) / 2, dByLight = dMiddle + (dBehind - dAhead) / 2;
+    return InkAcross{nLine, dCentre, *oLast - *oFirst, dByLight, dBehind + dAhead, dDark, dBefore, dAfter};
 }
 
 } // namespace tools

@@ -11,6 +11,7 @@ constexpr double kLeastStep = 12.0;
 
 // Ink between paper on one line across. Positions in samples, levels in grey levels.
 struct InkAcross {
+    int nLine;
     double dCentre, dWidth;
     double dCentreByLight, dWidthByLight; // noisier, but the same wherever the line lies between the pixels
     double dDark, dPaperBefore, dPaperAfter;

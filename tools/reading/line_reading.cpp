@@ -2,92 +2,57 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace tools {
 namespace {
 
 constexpr int kRoughLines = 16;
 constexpr std::size_t kLeastRough = kRoughLines / 3;
+constexpr double kLeastShare = 0.3;     // of the lines across that are to show ink
 constexpr std::size_t kLightBlocks = 8; // of a line, each with a level of its own
+constexpr double kWidthReach = 1.5;     // of the biweight for widths against that for places
 
-struct Ink {
-    int nLine;
-    InkAcross tAcross;
-};
-
-std::vector<double> Collected(std::span<const Ink> a, double InkAcross::*pMember) {
+std::vector<double> Collected(std::span<const InkAcross> a, double InkAcross::*pMember) {
     std::vector<double> ad;
     ad.reserve(a.size());
-    for (const Ink& t : a)
-        ad.push_back(t.tAcross.*pMember);
+    for (const InkAcross& t : a)
+        ad.push_back(t.*pMember);
     return ad;
 }
 
-struct InkAlong {
-    std::vector<Ink> aInk;
-    int nLines = 0; // that were looked at
-};
-
-InkAlong InkOn(const AxisView& tView, Stretch tAlong, const RoughLine& tRough, Stretch tGap) {
-    InkAlong t;
-    t.aInk.reserve(static_cast<std::size_t>(tAlong.Length()) + 1);
-    for (int n = static_cast<int>(std::ceil(tAlong.dFirst)); n <= tAlong.dLast; ++n) {
-        if (tGap.Holds(n))
-            continue;
-        ++t.nLines;
-        if (const std::optional<InkAcross> o = ReadInk(tView, n, tRough.tLine.At(n), tRough.dWidth))
-            t.aInk.push_back({n, *o});
-    }
-    return t;
+double Mean(std::span<const InkAcross> a, double InkAcross::*pMember) {
+    const std::vector<double> ad = Collected(a, pMember);
+    return std::reduce(ad.begin(), ad.end()) / static_cast<double>(ad.size());
 }
 
 // Dirt on one edge shifts a centre by half of what it adds to the width, so that a centre counts the less the
 // farther its width is from the others'.
-std::vector<LinePoint> CentresOf(const std::vector<Ink>& a, double dWidth) {
+std::vector<LinePoint> CentresOf(std::span<const InkAcross> a, double dWidth) {
     const double dScatter = std::max(RobustScatter(Collected(a, &InkAcross::dWidth), dWidth), 0.01);
     std::vector<LinePoint> aPoints;
     aPoints.reserve(a.size());
-    for (const Ink& t : a)
-        aPoints.push_back({static_cast<double>(t.nLine), t.tAcross.dCentre,
-                           Biweight((t.tAcross.dWidth - dWidth) / (1.5 * dScatter))});
+    for (const InkAcross& t : a)
+        aPoints.push_back({static_cast<double>(t.nLine), t.dCentre,
+                           Biweight((t.dWidth - dWidth) / (kWidthReach * dScatter))});
     return aPoints;
 }
 
-// The paper's levels beside a block of lines.
-struct BlockLight {
-    double dBefore, dAfter;
-};
-
-double LightStepOf(std::span<const Ink> a) {
+double LightStepOf(std::span<const InkAcross> a) {
     double dStep = 0;
-    std::optional<BlockLight> oLast;
+    std::array<double, 2> adLast = {};
     const std::size_t nSize = a.size() / kLightBlocks;
     for (std::size_t i = 0; i < kLightBlocks; ++i) {
-        const std::span<const Ink> aBlock = a.subspan(i * nSize, nSize);
-        const BlockLight t = {Median(Collected(aBlock, &InkAcross::dPaperBefore)),
-                              Median(Collected(aBlock, &InkAcross::dPaperAfter))};
-        const BlockLight tLast = oLast.value_or(t);
-        dStep = std::max({dStep, std::fabs(t.dBefore - t.dAfter), std::fabs(t.dBefore - tLast.dBefore),
-                          std::fabs(t.dAfter - tLast.dAfter)});
-        oLast = t;
+        const auto aBlock = a.subspan(i * nSize, nSize);
+        const std::array ad = {Median(Collected(aBlock, &InkAcross::dPaperBefore)),
+                               Median(Collected(aBlock, &InkAcross::dPaperAfter))};
+        if (i == 0)
+            adLast = ad;
+        dStep = std::max(
+            {dStep, std::fabs(ad[0] - ad[1]), std::fabs(ad[0] - adLast[0]), std::fabs(ad[1] - adLast[1])});
+        adLast = ad;
     }
     return dStep;
-}
-
-double ContrastOf(const std::vector<Ink>& a) {
-    double dSum = 0;
-    for (const auto& [nLine, t] : a)
-        dSum += (t.dPaperBefore + t.dPaperAfter) / 2 - t.dDark;
-    return dSum / static_cast<double>(a.size());
-}
-
-double WidthByLight(const std::vector<Ink>& a, const RobustFit& tFit) {
-    double dSum = 0, dWeights = 0;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        dSum += tFit.adWeights[i] * a[i].tAcross.dWidthByLight;
-        dWeights += tFit.adWeights[i];
-    }
-    return dSum / dWeights;
 }
 
 } // namespace
@@ -110,23 +75,32 @@ std::optional<RoughLine> ReadRoughly(const AxisView& tView, Stretch tAlong, cons
 
 std::optional<LineCentres> ReadCentres(const AxisView& tView, Stretch tAlong, const RoughLine& tRough,
                                        Stretch tGap) {
-    const auto [aInk, nLines] = InkOn(tView, tAlong, tRough, tGap);
-    if (aInk.size() < kLightBlocks)
+    LineCentres t;
+    t.tReading.tAlong = tAlong;
+    std::vector<InkAcross> aInk;
+    for (int n = static_cast<int>(std::ceil(tAlong.dFirst)); n <= tAlong.dLast; ++n) {
+        if (tGap.Holds(n))
+            continue;
+        ++t.tReading.nLines;
+        if (const std::optional<InkAcross> o = ReadInk(tView, n, tRough.tLine.At(n), tRough.dWidth))
+            aInk.push_back(*o);
+    }
+    if (aInk.size() < kLightBlocks || static_cast<double>(aInk.size()) < kLeastShare * t.tReading.nLines)
         return std::nullopt;
-    const double dWidth = Median(Collected(aInk, &InkAcross::dWidth));
-    std::vector<LinePoint> aCentres = CentresOf(aInk, dWidth);
-    const std::optional<RobustFit> oFit = FitRobustly(aCentres, tRough.tLine);
+    t.tReading.dWidth = Median(Collected(aInk, &InkAcross::dWidth));
+    t.aCentres = CentresOf(aInk, t.tReading.dWidth);
+    const std::optional<RobustFit> oFit = FitRobustly(t.aCentres, tRough.tLine);
     if (!oFit)
         return std::nullopt;
-    return LineCentres{tAlong,
-                       nLines,
-                       std::move(aCentres),
-                       Collected(aInk, &InkAcross::dCentreByLight),
-                       *oFit,
-                       dWidth,
-                       WidthByLight(aInk, *oFit),
-                       ContrastOf(aInk),
-                       LightStepOf(aInk)};
+    t.tFit = *oFit;
+    t.adByLight = Collected(aInk, &InkAcross::dCentreByLight);
+    const std::vector<double> adWidths = Collected(aInk, &InkAcross::dWidthByLight);
+    t.dWidthByLight =
+        std::inner_product(adWidths.begin(), adWidths.end(), oFit->adWeights.begin(), 0.0) / oFit->dWeight;
+    t.tReading.dContrast = (Mean(aInk, &InkAcross::dPaperBefore) + Mean(aInk, &InkAcross::dPaperAfter)) / 2 -
+                           Mean(aInk, &InkAcross::dDark);
+    t.tReading.dLightStep = LightStepOf(aInk);
+    return t;
 }
 
 } // namespace tools

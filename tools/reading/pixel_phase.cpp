@@ -1,11 +1,11 @@
 #include "reading/pixel_phase.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace tools {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr int kRounds = 2;       // a line's place tells the error, and without it the line's place changes
 constexpr int kSweeps = 20;      // until the amplitudes stand
 constexpr double kCertainty = 1; // centres' worth of belief that there is no error
@@ -20,61 +20,50 @@ double Product(const Waves& a, const Waves& b) {
 
 // How the waves of both edges add up in the centres of a line.
 std::vector<Waves> WavesOf(const LineCentres& t, const UncertainLine& tLine) {
-    const double dTurn = kPi * t.dWidthByLight;
+    const double dTurn = std::numbers::pi * t.dWidthByLight;
     const Waves ad = {std::cos(dTurn), std::cos(2 * dTurn), std::cos(3 * dTurn)};
     std::vector<Waves> a;
     a.reserve(t.aCentres.size());
     for (const LinePoint& tCentre : t.aCentres) {
-        const double dAngle = 2 * kPi * tLine.At(tCentre.dAlong), dSine = std::sin(dAngle),
+        const double dAngle = 2 * std::numbers::pi * tLine.At(tCentre.dAlong), dSine = std::sin(dAngle),
                      dCosine = std::cos(dAngle);
         a.push_back({ad[0] * dSine, ad[1] * 2 * dSine * dCosine, ad[2] * dSine * (3 - 4 * dSine * dSine)});
     }
     return a;
 }
 
-// Normal equations of the amplitudes.
-struct WaveSums {
-    std::array<Waves, 3> aadProducts = {};
-    Waves adDifferences = {};
-    double dSquares = 0, dWeights = 0;
-
-    void Add(double dWeight, const Waves& adWaves, double dDifference) {
-        dSquares += dWeight * dDifference * dDifference;
-        dWeights += dWeight;
-        for (std::size_t n = 0; n < 3; ++n) {
-            adDifferences[n] += dWeight * adWaves[n] * dDifference;
-            for (std::size_t m = 0; m < 3; ++m)
-                aadProducts[n][m] += dWeight * adWaves[n] * adWaves[m];
-        }
-    }
-};
-
 struct PhaseError {
     Waves adAmplitudes = {}, adUncertainties = {};
 };
 
-PhaseError Solved(const WaveSums& t) {
+// By least squares over all centres.
+PhaseError ErrorOf(std::span<const LineCentres> aLines, std::span<const std::vector<Waves>> aaWaves) {
+    std::array<Waves, 3> aadProducts = {};
+    Waves adDifferences = {};
+    double dSquares = 0, dWeights = 0;
+    for (std::size_t k = 0; k < aLines.size(); ++k)
+        for (std::size_t i = 0; i < aaWaves[k].size(); ++i) {
+            const double dDifference = aLines[k].aCentres[i].dAcross - aLines[k].adByLight[i];
+            const double dWeight = aLines[k].tFit.adWeights[i];
+            dSquares += dWeight * dDifference * dDifference;
+            dWeights += dWeight;
+            for (std::size_t n = 0; n < 3; ++n) {
+                adDifferences[n] += dWeight * aaWaves[k][i][n] * dDifference;
+                for (std::size_t m = 0; m < 3; ++m)
+                    aadProducts[n][m] += dWeight * aaWaves[k][i][n] * aaWaves[k][i][m];
+            }
+        }
     PhaseError error;
     Waves& ad = error.adAmplitudes;
     for (int nSweep = 0; nSweep < kSweeps; ++nSweep)
-        for (std::size_t n = 0; n < 3; ++n) {
-            const double dOwn = t.aadProducts[n][n];
-            ad[n] = (t.adDifferences[n] - Product(t.aadProducts[n], ad) + dOwn * ad[n]) / (dOwn + kCertainty);
-        }
+        for (std::size_t n = 0; n < 3; ++n)
+            ad[n] = (adDifferences[n] - Product(aadProducts[n], ad) + aadProducts[n][n] * ad[n]) /
+                    (aadProducts[n][n] + kCertainty);
     const double dShape = kShapeShare * std::sqrt(Product(ad, ad));
     for (std::size_t n = 0; n < 3; ++n)
         error.adUncertainties[n] =
-            std::hypot(dShape, std::sqrt(t.dSquares / t.dWeights / (t.aadProducts[n][n] + kCertainty)));
+            std::hypot(dShape, std::sqrt(dSquares / dWeights / (aadProducts[n][n] + kCertainty)));
     return error;
-}
-
-PhaseError ErrorOf(std::span<const LineCentres> aLines, std::span<const std::vector<Waves>> aaWaves) {
-    WaveSums tSums;
-    for (std::size_t n = 0; n < aLines.size(); ++n)
-        for (std::size_t i = 0; i < aaWaves[n].size(); ++i)
-            tSums.Add(aLines[n].tFit.adWeights[i], aaWaves[n][i],
-                      aLines[n].aCentres[i].dAcross - aLines[n].adByLight[i]);
-    return Solved(tSums);
 }
 
 std::vector<LinePoint> Freed(const LineCentres& t, std::span<const Waves> aWaves, const PhaseError& tError) {
@@ -99,20 +88,15 @@ void AddVariances(std::vector<LinePoint> aPoints, std::span<const Waves> aWaves,
     }
 }
 
-LineReading ReadingOf(const LineCentres& t, std::span<const LinePoint> aFreed, const RobustFit& tFit) {
-    LineReading reading = {.tLine = tFit.tLine,
-                           .tAlong = t.tAlong,
-                           .dScatter = tFit.dScatter,
-                           .nLines = t.nLines,
-                           .dWidth = t.dWidth,
-                           .dContrast = t.dContrast,
-                           .dLightStep = t.dLightStep,
-                           .aLeftOut = {}};
-    for (std::size_t i = 0; i < aFreed.size(); ++i)
+LineReading ReadingOf(const LineCentres& t, const RobustFit& tFit) {
+    LineReading reading = t.tReading;
+    reading.tLine = tFit.tLine;
+    reading.dScatter = tFit.dScatter;
+    for (std::size_t i = 0; i < t.aCentres.size(); ++i)
         if (tFit.adWeights[i] > 0)
             ++reading.nUsed;
         else
-            reading.aLeftOut.push_back(aFreed[i]);
+            reading.aLeftOut.push_back(t.aCentres[i]);
     return reading;
 }
 
@@ -139,7 +123,7 @@ std::vector<LineReading> ReadingsOf(std::span<const LineCentres> aLines) {
     for (std::size_t n = 0; n < nLines; ++n) {
         AddVariances(aaFreed[n], aFits[n]);
         AddVariances(aaFreed[n], aaWaves[n], tError.adUncertainties, aFits[n]);
-        a.push_back(ReadingOf(aLines[n], aaFreed[n], aFits[n]));
+        a.push_back(ReadingOf(aLines[n], aFits[n]));
     }
     return a;
 }

@@ -25,6 +25,14 @@ struct UncertainLine {
     }
 };
 
+struct RobustFit {
+    UncertainLine tLine;
+    double dScatter = 0;           // of the points about it, px
+    std::vector<double> adWeights; // of each point in the end; 0: left out
+    double dWeight = 0;            // of all points
+    double dSquares = 0;           // weighted, of their distances from the line's middle
+};
+
 double Median(std::vector<double> ad); // of at least one
 
 // 1.4826 times the median distance from the given middle: the standard deviation where the scatter is normal.
@@ -36,12 +44,6 @@ double Biweight(double dScaled);
 // Siegel's repeated medians: right while less than half of the points are wrong. The points, of which there
 // are at least two, differ along the line. Without variances.
 UncertainLine RepeatedMedianLine(std::span<const LinePoint> aPoints);
-
-struct RobustFit {
-    UncertainLine tLine;
-    double dScatter;               // of the points about it, px
-    std::vector<double> adWeights; // of each point in the end; 0: left out
-};
 
 // By iterated reweighting with Tukey's biweight, from a line near the right one on; without variances.
 // Nothing if too few points count in the end.

@@ -6,52 +6,41 @@
 namespace tools {
 namespace {
 
-// Calls for all half sides and both bars.
-template <typename Call>
-void ForEachLine(const CameraReading& reading, Call Use) {
-    for (const auto& aHalves : reading.aaHalves)
-        for (const LineReading& t : aHalves)
-            Use(t);
-    Use(reading.tHorizontalBar);
-    Use(reading.tVerticalBar);
-}
-
-double LeastUsed(const CameraReading& reading) {
-    double d = 100;
-    ForEachLine(reading, [&](const LineReading& t) { d = std::min(d, 100.0 * t.nUsed / t.nLines); });
-    return d;
-}
-
 // Where the two halves of a side meet.
-double LargestGap(const CameraReading& reading) {
-    double d = 0;
-    for (const auto& [tOne, tOther] : reading.aaHalves)
-        d = std::max(d, std::fabs(tOne.tLine.At(tOne.tAlong.dLast) - tOther.tLine.At(tOne.tAlong.dLast)));
-    return d;
+double Gap(const CameraReading& reading, std::size_t nSide) {
+    const LineReading &tOne = reading.aLines[HalfSide(nSide, 0)],
+                      &tOther = reading.aLines[HalfSide(nSide, 1)];
+    return std::fabs(tOne.tLine.At(tOne.tAlong.dLast) - tOther.tLine.At(tOne.tAlong.dLast));
 }
 
-// Of opposite sides, each against its length, so that perspective does not count.
+// Of opposite sides, each against its length's square, so that perspective does not count.
 double WidthSpread(const CameraReading& reading, std::size_t nSide) {
-    double dLeast = 1, dMost = 0;
+    std::vector<double> ad;
     for (const std::size_t n : {nSide, nSide + 2})
-        for (const LineReading& t : reading.aaHalves[n]) {
-            dLeast = std::min(dLeast, t.dWidth / std::pow(reading.aSides[n].dValue, 2));
-            dMost = std::max(dMost, t.dWidth / std::pow(reading.aSides[n].dValue, 2));
-        }
-    return 200 * (dMost - dLeast) / (dMost + dLeast);
-}
-
-double LargestLightStep(const CameraReading& reading) {
-    double d = 0;
-    ForEachLine(reading, [&](const LineReading& t) { d = std::max(d, 100 * t.dLightStep / t.dContrast); });
-    return d;
+        for (const std::size_t nEnd : {0u, 1u})
+            ad.push_back(reading.aLines[HalfSide(n, nEnd)].dWidth / std::pow(reading.aSides[n].dValue, 2));
+    const auto [pLeast, pMost] = std::ranges::minmax_element(ad);
+    return 200 * (*pMost - *pLeast) / (*pMost + *pLeast);
 }
 
 } // namespace
 
 Soundness SoundnessOf(const CameraReading& reading) {
-    return {LeastUsed(reading), LargestGap(reading),
-            std::max(WidthSpread(reading, 0), WidthSpread(reading, 1)), LargestLightStep(reading)};
+    const auto Used = [](const LineReading& t) { return 100.0 * t.nUsed / t.nLines; };
+    const auto LightStep = [](const LineReading& t) { return 100 * t.dLightStep / t.dContrast; };
+    const auto& a = reading.aLines;
+    const auto pCovered = std::ranges::min_element(a, {}, Used),
+               pLit = std::ranges::max_element(a, {}, LightStep);
+    std::size_t nBroken = 0;
+    for (std::size_t n = 1; n < kSides.size(); ++n)
+        nBroken = Gap(reading, n) > Gap(reading, nBroken) ? n : nBroken;
+    return {static_cast<std::size_t>(pCovered - a.begin()),
+            nBroken,
+            static_cast<std::size_t>(pLit - a.begin()),
+            Used(*pCovered),
+            Gap(reading, nBroken),
+            std::max(WidthSpread(reading, 0), WidthSpread(reading, 1)),
+            LightStep(*pLit)};
 }
 
 } // namespace tools

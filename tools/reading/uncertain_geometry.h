@@ -1,21 +1,29 @@
 #pragma once
 
-#include "reading/camera_reading.h"
+#include "basics/geometry.h"
+#include "reading/robust_line.h"
 
 namespace tools {
+
+struct UncertainPoint {
+    Point tPlace = {};
+    double dVarianceX = 0, dCovariance = 0, dVarianceY = 0; // px^2
+};
 
 // Where a line along the rows meets one along the columns, with the covariance that both lines' give it.
 UncertainPoint CrossingOf(const UncertainLine& tHorizontal, const UncertainLine& tVertical);
 
-// The corner in which two half sides end.
-template <typename Half>
-UncertainPoint CornerOf(std::size_t nCorner, const std::array<std::array<Half, 2>, 4>& aaHalves) {
-    const bool bRight = nCorner % 2 == 1, bLower = nCorner >= 2;
-    return CrossingOf(aaHalves[bLower ? 3 : 1][bRight ? 1 : 0].tLine,
-                      aaHalves[bRight ? 2 : 0][bLower ? 1 : 0].tLine);
+// Half of a side, by its place among all of them: as kSides, and of each first that at its first corner.
+constexpr std::size_t HalfSide(std::size_t nSide, std::size_t nEnd) {
+    return 2 * nSide + nEnd;
 }
 
-// Sides, tilts and roll from the corners and the horizontal bar, by the library's formulas.
-void DeriveAngles(const ChartMeasures& tMeasures, CameraReading& reading);
+// The corner in which two half sides end.
+template <typename Lines>
+UncertainPoint CornerOf(std::size_t nCorner, const Lines& aHalves) {
+    const std::size_t nRight = nCorner % 2, nLower = nCorner / 2;
+    return CrossingOf(aHalves[HalfSide(1 + 2 * nLower, nRight)].tLine,
+                      aHalves[HalfSide(2 * nRight, nLower)].tLine);
+}
 
 } // namespace tools

@@ -132,9 +132,8 @@ RecordJudgement Accepted(const RecordReading& reading) {
     if (aWarnings.empty())
         return {true, "ORVEX_OK", strChecked, ""};
     return {true, "ORVEX_OK",
-            strChecked +
-                "; but what no check covers is not as a measurement writes it: the file is damaged, or "
-                "another version of the library wrote it (see the warnings)",
+            strChecked + "; but what no check covers is not as a measurement writes it: the file is damaged, "
+                         "or another version of the library wrote it (see the warnings)",
             "Copy the record file again, or measure the module again", std::move(aWarnings)};
 }
 

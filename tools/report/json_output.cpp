@@ -1,12 +1,13 @@
 #include "report/outputs.h"
 
 #include "measuring/versions.h"
+#include "report/tables.h"
 #include "trust/numbers.h"
 
 namespace tools {
 namespace {
 
-Json StatusJson(const PairResult& pair, const StatusWords& tStatus) {
+Json StatusJson(const PairResult& pair, const StatusWords& tStatus, const std::string& strTry) {
     const StageWords& tStage = DescribeStage(tStatus.tStage);
     return {{"code", pair.nStatus},
             {"hex", HexOf(pair.nStatus)},
@@ -16,7 +17,7 @@ Json StatusJson(const PairResult& pair, const StatusWords& tStatus) {
             {"stage", tStage.szName},
             {"looked_for", tStage.szLookedFor},
             {"words", tStatus.szFound},
-            {"try", tStatus.szTry}};
+            {"try", strTry}};
 }
 
 Json CameraJson(const CameraReport& tCamera) {
@@ -52,7 +53,7 @@ std::string JsonTextOf(const Report& report) {
         {"headline", report.tVerdict.strHeadline},
         {"exit_code", static_cast<int>(report.tExit)},
         {"exit_meaning", tVerdict.szMeaning},
-        {"status", StatusJson(pair, report.tVerdict.tStatus)},
+        {"status", StatusJson(pair, report.tVerdict.tStatus, AdviceOf(report))},
         {"raw_deg", JsonOf(QuantitiesOf(pair.oRaw))},
         {"rescaled_deg", JsonOf(QuantitiesOf(pair.oRescaled))},
         {"raw_limit_deg", kRawLimit},
@@ -60,7 +61,9 @@ std::string JsonTextOf(const Report& report) {
         {"master", CameraJson(report.tMaster)},
         {"slave", CameraJson(report.tSlave)},
         {"trust", {{"master", TrustJson(report.tMaster.tTrust)}, {"slave", TrustJson(report.tSlave.tTrust)}}},
-        {"trust_limits", TrustLimitsJson()},
+        {"trust_limits", TrustLimitsJson(report.tSlave.tTrust)},
+        {"max_difference_deg", report.dMaxDifference},
+        {"max_uncertainty_deg", kMaxUncertainty},
         {"warnings", Json::array()},
         {"warning_details", Json::array()},
         {"calibration_file", report.strCalibrationFile}};

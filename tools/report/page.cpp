@@ -84,8 +84,8 @@ std::string Angles(const ReportTable& tRotation) {
 
 std::string Reasons(const Report& report) {
     std::string str;
-    for (const Warning& t : report.aWarnings)
-        str += Element("li", t.strText);
+    for (const std::string& strText : TextsOf(report.aWarnings, true))
+        str += Element("li", strText);
     return str.empty() ? "" : "<ul>" + str + "</ul>";
 }
 
@@ -102,8 +102,9 @@ std::string StateOf(const CameraReport& tCamera, const Report& report) {
 // The one to look at first: it failed, or more of what makes the verdict doubtful is in it.
 bool IsInQuestion(const CameraReport& tCamera, const Report& report) {
     const auto DoubtsIn = [&](Camera t) {
-        return std::ranges::count_if(report.aWarnings,
-                                     [=](const Warning& tWarning) { return tWarning.oCamera == t; });
+        return std::ranges::count_if(report.aWarnings, [=](const Warning& tWarning) {
+            return tWarning.bDoubt && tWarning.oCamera == t;
+        });
     };
     if (report.tPair.oFailedCamera)
         return report.tPair.oFailedCamera == tCamera.tCamera;
@@ -117,7 +118,8 @@ std::string Banner(const Report& report) {
     for (const ReportTable& tTable : TablesOf(report))
         if (tTable.bBrief && IsMeasured(report.tPair))
             return str + "<p>" + Angles(tTable) + "</p>" + Reasons(report);
-    return str + Element("p", report.tVerdict.tStatus.szTry) + Reasons(report);
+    const std::string strAdvice = AdviceOf(report);
+    return str + (strAdvice.empty() ? "" : Element("p", strAdvice)) + Reasons(report);
 }
 
 std::string Figure(const CameraReport& camera, const Report& report) {

@@ -37,7 +37,7 @@ th, td { padding: 2px 0 2px 14px; text-align: right; border-top: 1px solid var(-
 thead th { border-top: 0; color: var(--soft); white-space: nowrap; }
 th:first-child { padding-left: 0; text-align: left; }
 td { white-space: nowrap; }
-@media (max-width: 500px) { td, th { white-space: normal; overflow-wrap: anywhere; padding-left: 6px; } }
+@media (max-width: 500px) { td, th { white-space: normal; overflow-wrap: break-word; padding-left: 6px; } }
 .beyond { color: var(--fail); font-weight: 700; }
 header .beyond { color: #fff; text-decoration: underline; }
 output { display: block; color: var(--soft); font-size: 13px; font-variant-numeric: tabular-nums; }

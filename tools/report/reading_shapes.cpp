@@ -28,11 +28,8 @@ void Add(const LineReading& t, bool bAlongRows, Paths& tPaths) {
 
 std::string ReadingShapes(const std::string& strCamera, const CameraReading& tReading) {
     Paths tPaths;
-    for (std::size_t i = 0; i < kSides.size(); ++i)
-        for (const LineReading& tHalf : tReading.aaHalves[i])
-            Add(tHalf, kSides[i].bAlongRows, tPaths);
-    Add(tReading.tHorizontalBar, true, tPaths);
-    Add(tReading.tVerticalBar, false, tPaths);
+    for (std::size_t n = 0; n < kChartLines; ++n)
+        Add(tReading.aLines[n], n < kHalfSides ? kSides[n / 2].bAlongRows : n == kHorizontalBar, tPaths);
     return fmt::format(
         "<path id=\"{0}-second\" d=\"{1}\"><title>second reading's lines</title></path>\n"
         "<path id=\"{0}-left-out\" class=\"out\" d=\"{2}\"><title>centres that the second reading "
@@ -47,8 +44,10 @@ std::optional<Point> PlaceOfFailure(const CameraReport& tCamera, const PairResul
     const StageView& tView = tCamera.tView;
     const std::string_view strName = tStatus.szName;
     const auto Says = [&](const char* sz) { return strName.find(sz) != strName.npos; };
-    if (pair.pFailedCorner != nullptr && tView.oFrameEdge)
-        return tView.oFrameEdge->Corners()[static_cast<std::size_t>(pair.pFailedCorner - kCorners.data())];
+    if (pair.oFailedCorner && tCamera.tReading.oReading)
+        return tCamera.tReading.oReading->aCorners[*pair.oFailedCorner].tPlace;
+    if (pair.oFailedCorner && tView.oFrameEdge)
+        return tView.oFrameEdge->Corners()[*pair.oFailedCorner];
     if (tStatus.tStage == Stage::kFrameLocation && tView.oFrameStart)
         return tView.oFrameStart->Corners()[(Says("LOWER") ? 2u : 0u) + (Says("RIGHT") ? 1u : 0u)];
     if (!tView.oSearchWindow || tStatus.tStage != Stage::kCross)

@@ -7,8 +7,15 @@
 namespace tools {
 namespace {
 
-CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult& tResult) {
-    const CameraTrust tTrust = TrustOf(tPicture, tResult);
+// A chart whose picture is spoiled as a whole leaves numbers behind that tell nothing of their own.
+void KeepCauses(Camera tCamera, std::vector<Warning>& a) {
+    const auto IsCause = [=](const Warning& t) { return t.oCamera == tCamera && t.nRank == 0 && t.bDoubt; };
+    if (std::ranges::any_of(a, IsCause))
+        std::erase_if(a, [&](const Warning& t) { return t.oCamera == tCamera && t.nRank > 0; });
+}
+
+CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult& tResult, bool bMeasured) {
+    const CameraTrust tTrust = TrustOf(tPicture, tResult, bMeasured);
     return {tCamera, std::move(tPicture), tResult.tMeasured, tResult.tView, tResult.tReading, tTrust};
 }
 
@@ -16,11 +23,15 @@ CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult
 
 Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, double dMaxDifference) {
     std::vector<Warning> aWarnings = WarningsOf({measurement, tMaster, tSlave, dMaxDifference});
-    CameraReport tOfMaster = CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster),
-                 tOfSlave = CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave);
-    for (const CameraReport* const p : {&tOfMaster, &tOfSlave})
-        std::ranges::move(WarningsOf(p->tCamera, p->tTrust, IsMeasured(measurement.tPair)),
-                          std::back_inserter(aWarnings));
+    const bool bMeasured = IsMeasured(measurement.tPair);
+    CameraReport tOfMaster =
+        CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster, bMeasured);
+    CameraReport tOfSlave = CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave, bMeasured);
+    for (const CameraReport* const p : {&tOfMaster, &tOfSlave}) {
+        std::ranges::move(WarningsOf(p->tCamera, p->tTrust), std::back_inserter(aWarnings));
+        if (!bMeasured)
+            KeepCauses(p->tCamera, aWarnings);
+    }
     std::ranges::stable_sort(aWarnings, {}, &Warning::nRank);
     const auto nDoubts = static_cast<std::size_t>(std::ranges::count(aWarnings, true, &Warning::bDoubt));
     const Verdict tVerdict = VerdictOf(measurement.tPair, nDoubts);
@@ -30,6 +41,7 @@ Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement,
             measurement.oSecondAngles,
             tVerdict,
             tVerdict.tVerdict.tExit,
+            dMaxDifference,
             std::move(aWarnings),
             {},
             {},

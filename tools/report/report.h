@@ -23,6 +23,7 @@ struct Report {
     std::optional<UncertainAngles> oSecondAngles;
     Verdict tVerdict;
     ExitCode tExit;                 // the verdict's, unless the caller takes another
+    double dMaxDifference;          // of both readings, degrees
     std::vector<Warning> aWarnings; // of both cameras and the pair
     std::string strCalibrationFile;
     std::string strRecordFile; // empty unless it was written

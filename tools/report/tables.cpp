@@ -25,6 +25,13 @@ std::string WithSecond(const Quantity& tRaw, const std::optional<UncertainAngles
                    : Shown(tRaw);
 }
 
+// Out of range, or spoken against.
+bool IsBeyond(const Report& report, std::size_t nAxis) {
+    const double dRescaled = (*report.tPair.oRescaled).*kAxes[nAxis].pAngle;
+    return std::fabs(dRescaled) > kRescaledLimit ||
+           std::ranges::count(report.aWarnings, kAxes[nAxis].szKey, &Warning::szAxis) != 0;
+}
+
 ReportTable Rotation(const Report& report) {
     ReportTable tTable = {
         "Rotation of the slave against the master, degrees (rescaled: as getAlign returns it)",
@@ -32,10 +39,9 @@ ReportTable Rotation(const Report& report) {
         true};
     const Quantities aRaw = QuantitiesOf(report.tPair.oRaw), aRescaled = QuantitiesOf(report.tPair.oRescaled);
     for (std::size_t i = 0; i < kAxes.size() && report.tPair.oRaw; ++i)
-        tTable.aRows.push_back(
-            {kAxes[i].szLabel, WithSecond(aRaw[i], report.oSecondAngles, i),
-             Shown(aRescaled[i]) + (std::fabs(*aRescaled[i].oValue) > kRescaledLimit ? kBeyond : ""),
-             AllowedRange(kRescaledLimit)});
+        tTable.aRows.push_back({kAxes[i].szLabel, WithSecond(aRaw[i], report.oSecondAngles, i),
+                                Shown(aRescaled[i]) + (IsBeyond(report, i) ? kBeyond : ""),
+                                AllowedRange(kRescaledLimit)});
     return tTable;
 }
 
@@ -70,13 +76,44 @@ ReportTable AgainstTruth(const Report& report) {
 // What the tool's own reading saw, where the library did not come to an end.
 std::string SecondReadingOf(const CameraReport& tCamera) {
     if (!tCamera.tReading.oReading)
-        return DescribeNoReading(tCamera.tReading.tReason);
-    const CameraReading& t = *tCamera.tReading.oReading;
-    return fmt::format("the whole chart, its frame {:.0f} x {:.0f} px, rolled by {} degrees",
-                       t.aSides[1].dValue, t.aSides[0].dValue, Fixed(t.tRoll.dValue, 1));
+        return "";
+    const CameraTrust::Frame& t = *tCamera.tTrust.oFrame;
+    return fmt::format("the chart, its frame {:.0f} x {:.0f} px, rolled by {} degrees", t.dWidth, t.dHeight,
+                       Fixed(tCamera.tReading.oReading->tRoll.dValue, 1));
+}
+
+// In the order of the pictures above.
+std::string Checksums(const Report& report) {
+    const std::string &strMaster = report.tMaster.tPicture.strSha256,
+                      &strSlave = report.tSlave.tPicture.strSha256;
+    return strMaster.empty() ? "" : "master " + strMaster + ", slave " + strSlave;
 }
 
 } // namespace
+
+std::vector<std::string> TextsOf(const std::vector<Warning>& aWarnings, bool bDoubt) {
+    std::vector<std::string> a;
+    for (const Warning& t : aWarnings)
+        if (t.bDoubt == bDoubt)
+            a.push_back(t.strText);
+    return a;
+}
+
+const char* DoubtsHeading(const Report& report) {
+    return IsMeasured(report.tPair) ? "What speaks against these angles" : "What may be the cause";
+}
+
+// The status tells what usually helps; a cause that was seen comes first, or tells all that is to be done.
+std::string AdviceOf(const Report& report) {
+    const char* const szUsual = report.tVerdict.tStatus.szTry;
+    const bool bSeen = std::ranges::any_of(report.aWarnings, &Warning::bDoubt);
+    if (IsMeasured(report.tPair) || !bSeen)
+        return szUsual;
+    const bool bSpoiled = std::ranges::any_of(report.aWarnings, [&](const Warning& t) {
+        return t.bDoubt && t.oCamera && t.oCamera == report.tPair.oFailedCamera && t.nRank == 0;
+    });
+    return bSpoiled ? "" : std::string("First do what is told below as the cause. ") + szUsual;
+}
 
 std::vector<Fact> FactsOf(const Report& report) {
     const StatusWords& tStatus = report.tVerdict.tStatus;
@@ -88,11 +125,12 @@ std::vector<Fact> FactsOf(const Report& report) {
         {"Stage", tStatus.tStage == Stage::kComplete ? "" : tStage.szName, false},
         {"Looked for", tStage.szLookedFor, false, !bMeasured},
         {"Found", tStatus.szFound, false},
-        {"Try", tStatus.szTry, false, true},
+        {"Try", AdviceOf(report), false, true},
         {"Master seen", bMeasured ? "" : SecondReadingOf(report.tMaster), false, true},
         {"Slave seen", bMeasured ? "" : SecondReadingOf(report.tSlave), false, true},
         {"Master", WithSize(report.tMaster.tPicture), true},
         {"Slave", WithSize(report.tSlave.tPicture), true},
+        {"SHA-256", Checksums(report), true},
         {"Calibration", report.strCalibrationFile, true},
         {"Record", report.strRecordFile, true},
     };
@@ -115,10 +153,8 @@ std::vector<ReportTable> TablesOf(const Report& report) {
 }
 
 std::vector<ReportList> ListsOf(const Report& report) {
-    std::vector<std::string> aWarnings;
-    for (const Warning& tWarning : report.aWarnings)
-        aWarnings.push_back(tWarning.strText);
-    std::vector<ReportList> a = {{"Warnings", aWarnings, true},
+    std::vector<ReportList> a = {{DoubtsHeading(report), TextsOf(report.aWarnings, true), true},
+                                 {"Notes", TextsOf(report.aWarnings, false)},
                                  {"The library's diagnostics", report.tPair.aDiagnostics}};
     std::erase_if(a, [](const ReportList& tList) { return tList.aLines.empty(); });
     return a;

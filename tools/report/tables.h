@@ -28,6 +28,15 @@ struct ReportList {
     bool bWarning = false;
 };
 
+// What speaks against the pair, or the rest: notes that do not.
+std::vector<std::string> TextsOf(const std::vector<Warning>& aWarnings, bool bDoubt);
+
+// Over what speaks against the pair: what it is to the verdict.
+const char* DoubtsHeading(const Report& report);
+
+// What to do about a failure, beside what is told of its cause; may be empty.
+std::string AdviceOf(const Report& report);
+
 // Without what does not apply.
 std::vector<Fact> FactsOf(const Report& report);
 std::vector<ReportTable> TablesOf(const Report& report);

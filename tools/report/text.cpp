@@ -40,12 +40,12 @@ std::size_t LinesIn(const std::string& str) {
 }
 
 // A list of them in so many lines, with the number of those that are left out.
-std::string AsManyAsFit(std::vector<std::string> aLines, std::size_t nLines) {
+std::string AsManyAsFit(const char* szHeading, std::vector<std::string> aLines, std::size_t nLines) {
     const std::size_t nAll = aLines.size();
-    std::string str = List("Warnings", aLines);
+    std::string str = List(szHeading, aLines);
     while (LinesIn(str) >= nLines && !aLines.empty()) {
         aLines.pop_back();
-        str = List("Warnings", aLines) + fmt::format("  and {} more\n", nAll - aLines.size());
+        str = List(szHeading, aLines) + fmt::format("  and {} more\n", nAll - aLines.size());
     }
     return str;
 }
@@ -67,11 +67,12 @@ std::string BriefTextOf(const Report& report) {
             t.aRows.resize(std::min(t.aRows.size(), 1 + kAxes.size()));
             str += TextOf(t);
         }
-    std::vector<std::string> aWarnings;
-    for (const Warning& t : report.aWarnings)
-        aWarnings.push_back(t.strText);
-    return str + AsManyAsFit(aWarnings, kBriefLines - 1 - LinesIn(str)) +
-           "\nAll numbers: --verbose. The pictures with what was found: --report FILE.html\n";
+    str += AsManyAsFit(DoubtsHeading(report), TextsOf(report.aWarnings, true),
+                       kBriefLines - 1 - std::min(kBriefLines - 1, LinesIn(str)));
+    const std::string strNotes = List("Notes", TextsOf(report.aWarnings, false)),
+                      strRest =
+                          "\nAll numbers: --verbose. The pictures with what was found: --report FILE.html\n";
+    return str + (LinesIn(str + strNotes + strRest) <= kBriefLines ? strNotes : "") + strRest;
 }
 
 } // namespace tools

@@ -1,8 +1,11 @@
 #include "trust/numbers.h"
 
 #include "basics/text_table.h"
+#include "reading/words.h"
 
+#include <cmath>
 #include <fmt/format.h>
+#include <limits>
 
 namespace tools {
 namespace {
@@ -54,9 +57,28 @@ Value Noise(const CameraTrust& trust, std::size_t) {
     return trust.oNoise;
 }
 
+// One warning of the noise is enough.
+Value SpoilingNoise(const CameraTrust& trust, std::size_t) {
+    return trust.oNoise > kSpoilingNoise ? trust.oNoise : std::nullopt;
+}
+
+Value BearableNoise(const CameraTrust& trust, std::size_t) {
+    return trust.oNoise <= kSpoilingNoise ? trust.oNoise : std::nullopt;
+}
+
 template <double Soundness::*pMember>
 Value OfReading(const CameraTrust& trust, std::size_t) {
     return trust.oSoundness ? Value((*trust.oSoundness).*pMember) : std::nullopt;
+}
+
+template <double CameraTrust::Frame::*pMember>
+Value OfFrame(const CameraTrust& trust, std::size_t) {
+    return trust.oFrame ? Value((*trust.oFrame).*pMember) : std::nullopt;
+}
+
+template <std::size_t Soundness::*pMember>
+std::string WhereLine(const Soundness& t) {
+    return NameOfLine(t.*pMember);
 }
 
 Value CrossThreshold(const CameraTrust& trust, std::size_t) {
@@ -66,7 +88,7 @@ Value CrossThreshold(const CameraTrust& trust, std::size_t) {
 // By how much the cross is paler than its search takes for ink. Of a cross whose contrast is not the reason.
 Value CrossPaleness(const CameraTrust& trust, std::size_t nSide) {
     const Value oContrast = CrossContrast(trust, nSide);
-    return oContrast >= kLowContrast && trust.oCrossThreshold
+    return oContrast >= (trust.bMeasured ? kLowestContrast : kLowContrast) && trust.oCrossThreshold
                ? Value(trust.oCross->dDark - *trust.oCrossThreshold)
                : std::nullopt;
 }
@@ -75,29 +97,33 @@ Value CrossSpan(const CameraTrust& trust, std::size_t) {
     return trust.oCrossSpan;
 }
 
+constexpr char kNoiseText[] = ": noise of {value} grey levels, more than {limit}. Give the picture more "
+                              "light or a longer exposure at a lower gain.";
+
+// What can only be the cause of a failure.
+constexpr double kNoLimit = std::numeric_limits<double>::infinity();
+
 const TrustNumber kNumbers[] = {
     {Of::kSide, "side_residual_px", "residual of the fitted line (RMS)", "px", 3,
      OfSide<&SideReading::oResidual>,
-     TrustLimit{
-         "large_residual", Warned::kAbove, kLargeResidual, 3, "side_residual_px",
-         "a residual above {limit} px",
-         "large residual, {value} px RMS from the fitted line, more than {limit} px. Check that the chart is "
-         "flat and sharp and that nothing touches its frame."}},
+     TrustLimit{"large_residual", Warned::kAbove, kLargeResidual, 3, "side_residual_px",
+                "a residual above {limit} px",
+                "large residual, {value} px RMS from the fitted line, more than {limit} px. Check that the "
+                "chart is flat and sharp and that nothing touches its frame."}},
     {Of::kSide, "side_corner_distance_px", "measured corner to the fitted line", "px", 3, CornerDistance,
      TrustLimit{"corner_off_line", Warned::kAbove, kLargeCornerDistance, 4, "side_corner_distance_px",
                 "a corner more than {limit} px from the line",
                 "its {corner} corner lies {value} px beside the fitted line, more than {limit} px. Check "
-                "that corner "
-                "in the report for dirt, shadow or a bent chart."}},
+                "that corner in the report for dirt, shadow or a bent chart."}},
     {Of::kSide, "side_lines_read_percent", "lines read", "%", 1, ReadShare,
      TrustLimit{
          "few_lines", Warned::kBelow, kLeastRead, 1, "side_lines_read_percent",
          "less than {limit} % of the lines read",
          "only {read} of {lines} lines across where it was looked for show the frame, less than {limit} %. "
-         "Check that the picture is unscaled with the whole frame in view, the chart at its distance "
-         "and not rolled by more than 3 degrees, the light even and the frame uncovered."}},
-    {Of::kSide, nullptr, nullptr, nullptr, 0, SideContrast,
-     TrustLimit{"low_contrast", Warned::kBelow, kLowestContrast, 2, "contrast_grey",
+         "Check that the picture is unscaled with the whole frame in view, the chart at its distance and not "
+         "rolled by more than 3 degrees, the light even and the frame uncovered."}},
+    {Of::kSide, "side_contrast_grey", "from dark to bright", "grey levels", 1, SideContrast,
+     TrustLimit{"low_contrast", Warned::kBelow, kLowestContrast, 2, "side_contrast_grey",
                 "dark and bright less than {limit} grey levels apart",
                 "low contrast, dark {dark} and bright {bright} differ by less than {limit} grey levels. "
                 "Check light and exposure.",
@@ -113,8 +139,8 @@ const TrustNumber kNumbers[] = {
                 "the frame less than {limit} px from the picture's border",
                 ": the frame is only {value} px from the picture's border, less than {limit} px. Aim at the "
                 "chart's middle or move it away."}},
-    {Of::kPicture, nullptr, nullptr, nullptr, 0, CrossContrast,
-     TrustLimit{"low_cross_contrast", Warned::kBelow, kLowestContrast, 6, nullptr, nullptr,
+    {Of::kPicture, "cross_contrast_grey", "cross, from dark to bright", "grey levels", 1, CrossContrast,
+     TrustLimit{"low_cross_contrast", Warned::kBelow, kLowestContrast, 6, "cross_contrast_grey", nullptr,
                 ", cross: low contrast, dark {dark} and bright {bright} differ by less than {limit} grey "
                 "levels. Check light and exposure, and that the cross is in view.",
                 kLowContrast}},
@@ -122,40 +148,54 @@ const TrustNumber kNumbers[] = {
      TrustLimit{"pale_cross", Warned::kAbove, 0, 6, nullptr, nullptr,
                 ", cross: too pale, its dark level {dark} is above {threshold}, up to which its search takes "
                 "pixels as ink. Check for reflections and overexposure."}},
-    {Of::kPicture, "noise_grey", "noise of the paper", "grey levels", 2, Noise,
-     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 0, "noise_grey", "noise above {limit} grey levels",
-                ": noise of {value} grey levels, more than {limit}. Give the picture more light or a longer "
-                "exposure "
-                "at a lower gain."}},
+    {Of::kPicture, "noise_grey", "noise of the paper", "grey levels", 2, Noise},
+    {Of::kPicture, nullptr, nullptr, nullptr, 2, SpoilingNoise,
+     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 0, nullptr, nullptr, kNoiseText}},
+    {Of::kPicture, nullptr, nullptr, nullptr, 2, BearableNoise,
+     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 1, "noise_grey", "noise above {limit} grey levels",
+                kNoiseText}},
+    {Of::kPicture, "frame_width_px", "width of the frame", "px", 0, OfFrame<&CameraTrust::Frame::dWidth>,
+     TrustLimit{"narrow_frame", Warned::kAtMost, kLeastFrameWidth, 0, "frame_width_px", nullptr,
+                ": the chart is too small, its frame {value} px wide; it must be wider than {limit} px. Move "
+                "the module nearer to the chart, or take the picture in the sensor's full size."}},
+    {Of::kPicture, "frame_height_px", "height of the frame", "px", 0, OfFrame<&CameraTrust::Frame::dHeight>,
+     TrustLimit{"low_frame", Warned::kAtMost, kLeastFrameHeight, 0, "frame_height_px", nullptr,
+                ": the chart is too small, its frame {value} px high; it must be higher than {limit} px. "
+                "Move the module nearer to the chart, or take the picture in the sensor's full size."}},
+    {Of::kPicture, "roll_shift_px", "ends of the long sides, moved by the roll", "px", 0,
+     OfFrame<&CameraTrust::Frame::dRollShift>,
+     TrustLimit{"rolled_chart", Warned::kAbove, kNoLimit, 0, "roll_shift_px", nullptr,
+                ": the chart is rolled too far, which moves the ends of its frame's long sides by {value} "
+                "px, more than {limit} px. Turn the module or the chart until the cross's bar lies level.",
+                kLargeRoll}},
     {Of::kPicture, "used_lines_percent", "length of the chart's lines that can be read, worst", "%", 1,
      OfReading<&Soundness::dLeastUsed>,
      TrustLimit{
          "covered_line", Warned::kBelow, kLeastUsed, 4, "used_lines_percent",
          "less than {limit} % of the lines across that show a half side straight",
-         ": one of the chart's lines can be read on {value} % of its length only, less than {limit} %. "
-         "Look for what covers it: the report shows what was left out."}},
+         ": {where} can be read on {value} % of its length only, less than {limit} %. Look for what covers "
+         "it: the report shows what was left out.",
+         kLeastUsed, WhereLine<&Soundness::nCovered>}},
     {Of::kPicture, "half_side_gap_px", "gap between the halves of a side", "px", 3,
      OfReading<&Soundness::dLargestGap>,
      TrustLimit{"broken_side", Warned::kAbove, kLargeGap, 4, "half_side_gap_px",
                 "the halves of a side more than {limit} px apart",
-                ": the two halves of a side do not line up, by {value} px, more than {limit} px. Check that "
-                "the chart is "
-                "flat and "
-                "that nothing lies on its frame."}},
+                ": the two halves of {where} do not line up, by {value} px, more than {limit} px. Check that "
+                "the chart is flat and that nothing lies on its frame.",
+                kLargeGap, [](const Soundness& t) { return NameOfSide(t.nBroken); }}},
     {Of::kPicture, "width_spread_percent", "spread of the frame line's width", "%", 2,
      OfReading<&Soundness::dWidthSpread>,
      TrustLimit{"uneven_line", Warned::kAbove, kWidthSpread, 4, "width_spread_percent",
                 "the frame line's width uneven by more than {limit} %",
                 ": the frame line's width is uneven by {value} %, more than {limit} %. Check for dirt along "
-                "it and for "
-                "uneven light."}},
+                "it and for uneven light."}},
     {Of::kPicture, "light_step_percent", "step in the light, part of the contrast", "%", 1,
      OfReading<&Soundness::dLightStep>,
      TrustLimit{"light_step", Warned::kAbove, kLightStep, 4, "light_step_percent",
                 "a step of the paper's light above {limit} % of the contrast",
-                ": the paper's light steps by {value} % of the contrast along the chart's lines, more than "
-                "{limit} %. "
-                "Look for the edge of a shadow, or for glare."}},
+                ": the paper's light steps by {value} % of the contrast along {where}, more than {limit} %. "
+                "Look for the edge of a shadow, or for glare.",
+                kLightStep, WhereLine<&Soundness::nLit>}},
     {Of::kPicture, "cross_dark_grey", "cross, dark level", "grey levels", 1, OfCross<&CrossLevels::dDark>},
     {Of::kPicture, "cross_bright_grey", "cross, bright level", "grey levels", 1,
      OfCross<&CrossLevels::dBright>},
@@ -177,18 +217,25 @@ const TrustLimit* LimitOf(std::string_view strKey) {
     return nullptr;
 }
 
-std::string InWords(const TrustLimit* pLimit) {
-    if (pLimit == nullptr)
-        return "";
-    return fmt::format("{} {:g}", pLimit->tWarned == Warned::kAbove ? "at most" : "at least", pLimit->dLimit);
+std::string InWords(const TrustLimit& tLimit, double dLimit) {
+    constexpr std::array<const char*, 3> kWords = {"at most", "at least", "more than"};
+    return std::isfinite(dLimit)
+               ? fmt::format("{} {:g}", kWords[static_cast<std::size_t>(tLimit.tWarned)], dLimit)
+               : "";
 }
 
 } // namespace
 
-std::optional<double> Excess(const TrustLimit& tLimit, double dLimit, std::optional<double> oValue) {
+double LimitFor(const TrustLimit& tLimit, const CameraTrust& trust) {
+    return trust.bMeasured ? tLimit.dLimit : tLimit.dOfFailure;
+}
+
+std::optional<double> Excess(const TrustNumber& tNumber, const TrustLimit& tLimit, const CameraTrust& trust,
+                             std::size_t nSide) {
+    const Value oValue = tNumber.ValueOf(trust, nSide);
     if (!oValue)
         return std::nullopt;
-    const double dExcess = tLimit.tWarned == Warned::kAbove ? *oValue - dLimit : dLimit - *oValue;
+    const double dExcess = (*oValue - LimitFor(tLimit, trust)) * (tLimit.tWarned == Warned::kAbove ? 1 : -1);
     const bool bWorse = tLimit.tWarned == Warned::kAtMost ? dExcess >= 0 : dExcess > 0;
     return bWorse ? std::optional(dExcess) : std::nullopt;
 }
@@ -205,8 +252,9 @@ Quantities QuantitiesOf(const CameraTrust& trust) {
             const TrustLimit* const pLimit = LimitOf(t.szKey);
             a.push_back({bSide ? fmt::format("{}/{}", t.szKey, kSides[i].szKey) : t.szKey,
                          bSide ? fmt::format("{} side, {}", kSides[i].szKey, t.szWords) : t.szWords, t.szUnit,
-                         t.nDecimals, t.ValueOf(trust, i), InWords(pLimit),
-                         pLimit != nullptr && Excess(*pLimit, pLimit->dLimit, t.ValueOf(trust, i))});
+                         t.nDecimals, t.ValueOf(trust, i),
+                         pLimit != nullptr ? InWords(*pLimit, LimitFor(*pLimit, trust)) : "",
+                         pLimit != nullptr && Excess(t, *pLimit, trust, i)});
         }
     return a;
 }
@@ -230,11 +278,11 @@ std::string TrustLimitsHelp() {
     return Listed(a, ", and ");
 }
 
-Json TrustLimitsJson() {
+Json TrustLimitsJson(const CameraTrust& trust) {
     Json tJson;
     for (const TrustNumber& t : kNumbers)
-        if (t.oLimit && t.oLimit->szJsonKey != nullptr)
-            tJson[t.oLimit->szJsonKey] = t.oLimit->dLimit;
+        if (t.oLimit && t.oLimit->szJsonKey != nullptr && std::isfinite(LimitFor(*t.oLimit, trust)))
+            tJson[t.oLimit->szJsonKey] = LimitFor(*t.oLimit, trust);
     return tJson;
 }
 

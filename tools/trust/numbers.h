@@ -10,7 +10,7 @@
 namespace tools {
 
 // When a number is warned of.
-enum class Warned { kAbove, kBelow, kAtMost };
+enum class Warned { kAbove, kBelow, kAtMost }; // its value lies above the limit, below, at most at it
 
 // A trust number's limit.
 struct TrustLimit {
@@ -21,7 +21,8 @@ struct TrustLimit {
     const char* szJsonKey; // of the limit in JSON; nullptr where another number's says it
     const char* szHelp;    // with {limit}: "a residual above {limit} px"; nullptr likewise
     const char* szWarning; // what, how much and what to do, with {limit}, {value} and other measured numbers
-    double dOfFailure = dLimit; // the limit where it may be the cause of a failure
+    double dOfFailure = dLimit;                           // the limit where it may be the cause of a failure
+    std::string (*WhereOf)(const Soundness& t) = nullptr; // {where}
 };
 
 // What a number is told of: each side, or the picture, whatever the side.
@@ -41,8 +42,12 @@ struct TrustNumber {
 
 std::span<const TrustNumber> TrustNumbers();
 
-// By how much the number is worse than allowed; nothing if it is not.
-std::optional<double> Excess(const TrustLimit& tLimit, double dLimit, std::optional<double> oValue);
+// The one that holds for a camera.
+double LimitFor(const TrustLimit& tLimit, const CameraTrust& trust);
+
+// By how much the number of a side is worse than allowed; nothing if it is not.
+std::optional<double> Excess(const TrustNumber& tNumber, const TrustLimit& tLimit, const CameraTrust& trust,
+                             std::size_t nSide);
 
 Quantities QuantitiesOf(const CameraTrust& trust);
 
@@ -52,7 +57,7 @@ Quantities LinesOf(const CameraTrust& trust);
 // The limits in words: "a residual above 0.3 px, ... and ..."
 std::string TrustLimitsHelp();
 
-// The limits by their keys.
-Json TrustLimitsJson();
+// The limits that hold for a camera, by their keys.
+Json TrustLimitsJson(const CameraTrust& trust);
 
 } // namespace tools

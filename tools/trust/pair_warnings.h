@@ -4,8 +4,9 @@
 
 namespace tools {
 
-// Degrees by which the library's angle and the second reading's may differ. Clean pairs stay far below it;
-// what turns an angle by more is worth a second look.
+// Degrees by which the library's angle and the second reading's may differ, twice the latter's standard
+// uncertainty counted: an angle that is off by more may else seem to differ by less. Clean pairs stay far
+// below it; what turns an angle by more is worth a second look.
 constexpr double kMaxDifference = 0.05;
 
 // Degrees. A clean picture's angles are known several times better.

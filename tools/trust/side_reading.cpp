@@ -1,5 +1,7 @@
 #include "trust/side_reading.h"
 
+#include "reading/robust_line.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -55,12 +57,6 @@ Profile ProfileAcross(const Picture& picture, Point tMiddle, Point tNormal, Span
         tProfile.adGrey.push_back(GreyAt(picture, x, y));
     }
     return tProfile;
-}
-
-double Median(std::vector<double> ad) {
-    const auto pMiddle = ad.begin() + static_cast<std::ptrdiff_t>(ad.size() / 2);
-    std::ranges::nth_element(ad, pMiddle);
-    return *pMiddle;
 }
 
 // Distance from the run's darkest sample to where the grey value passes the threshold.

@@ -3,6 +3,8 @@
 #include "trust/noise.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numeric>
 
 namespace tools {
 namespace {
@@ -99,21 +101,31 @@ void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& trust) {
     if (!trust.oBorderDistance)
         return;
     *trust.oBorderDistance -= HalfLine(trust);
-    if (MissingCorner(tMeasured) != nullptr && IsSideUnseen(trust) && *trust.oBorderDistance >= kNearBorder)
+    if (MissingCorner(tMeasured) && IsSideUnseen(trust) && *trust.oBorderDistance >= kNearBorder)
         trust.oBorderDistance.reset();
+}
+
+CameraTrust::Frame FrameOf(const CameraReading& t) {
+    const auto& [tLeft, tTop, tRight, tBottom] = t.aSides;
+    const Point tFrom = t.aCorners[kSides[1].nFrom].tPlace, tTo = t.aCorners[kSides[1].nTo].tPlace;
+    return {std::midpoint(tTop.dValue, tBottom.dValue), std::midpoint(tLeft.dValue, tRight.dValue),
+            std::fabs(tTo.dY - tFrom.dY) / 2};
 }
 
 } // namespace
 
-CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult) {
+CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, bool bMeasured) {
     const auto& [tMeasured, tView, tReading] = tResult;
     CameraTrust trust;
+    trust.bMeasured = bMeasured;
     for (std::size_t i = 0; i < kSides.size(); ++i)
         AddSide(i, tPicture, tMeasured, tView, trust);
     FinishBorder(tMeasured, trust);
     trust.oNoise = ReadNoise(tPicture);
-    if (tReading.oReading)
+    if (tReading.oReading) {
         trust.oSoundness = SoundnessOf(*tReading.oReading);
+        trust.oFrame = FrameOf(*tReading.oReading);
+    }
     trust.oCrossSpan = tMeasured.oBarSpan;
     if (tView.oFirstWindow)
         trust.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);

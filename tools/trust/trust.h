@@ -29,6 +29,9 @@ constexpr double kLowContrast = 70.0, kLowestContrast = 50.0;
 // of 6, 37 of 40 with 8, half of them with 9.
 constexpr double kLargeNoise = 8.0;
 
+// From here on hardly a pair is measured, and the noise tells for all that is read of its sides.
+constexpr double kSpoilingNoise = 10.0;
+
 // px. The frame's levels are taken from 40 px around it; nearer than half of that to the border, most of the
 // bright paper is missing there. Rendered pairs are measured alike down to 1 px, but the next module, which
 // aims a little differently, may cut the frame off.
@@ -39,6 +42,13 @@ constexpr double kNearBorder = 20.0;
 // wrong one.
 constexpr double kLeastRead = 90.0;
 
+// px. The frame is searched outward from 450 px beside the cross and 200 px above and below it.
+constexpr double kLeastFrameWidth = 900, kLeastFrameHeight = 400;
+
+// px by which the roll moves the ends of the frame's long sides: rendered pairs of any size are measured up
+// to 38, that is 3.7 degrees of roll in a picture of 1728 x 972 px.
+constexpr double kLargeRoll = 38;
+
 // What something on the chart leaves in the second reading's numbers: of 501 clean rendered pairs none was
 // beyond these limits (one had a corner off its line), of 27 that dirt had turned by more than 0.05 degrees
 // these or others told of every one. Light that falls off by 60 % to the picture's corners leaves a step of 8
@@ -47,6 +57,7 @@ constexpr double kLeastUsed = 60, kLargeGap = 0.1, kWidthSpread = 2, kLightStep 
 
 // How far one camera's measurement can be trusted; nothing where there was nothing to read.
 struct CameraTrust {
+    bool bMeasured = false; // the pair was; else the limits are those of causes of a failure
     std::array<std::optional<SideReading>, 4> aoSides; // as kSides
     // From each side's fitted line to the farther of its two measured corners.
     struct CornerOff {
@@ -58,12 +69,16 @@ struct CameraTrust {
     std::optional<int> oCrossSpan;
     std::optional<double> oNoise; // grey levels
     std::optional<Soundness> oSoundness;
+    struct Frame {
+        double dWidth, dHeight, dRollShift; // px
+    };
+    std::optional<Frame> oFrame; // as the second reading sees it
     std::optional<CrossLevels> oCross;
     std::optional<double> oCrossThreshold; // the cross's search takes pixels up to it as ink
 };
 
 // From the picture's pixels. A side is read between its corners, where they were not measured beside the
 // frame's edge that the stages met, and without that from where they began to search for it.
-CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult);
+CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, bool bMeasured);
 
 } // namespace tools

@@ -12,7 +12,7 @@ namespace {
 
 // What a warning may tell beside its limit; what does not apply stands in no such text.
 struct Told {
-    std::string strValue, strRead, strLines, strDark, strBright, strThreshold, strCorner;
+    std::string strValue, strRead, strLines, strDark, strBright, strThreshold, strCorner, strWhere;
 };
 
 std::string Filled(const TrustLimit& tLimit, double dLimit, const Told& t) {
@@ -20,7 +20,7 @@ std::string Filled(const TrustLimit& tLimit, double dLimit, const Told& t) {
                        fmt::arg("value", t.strValue), fmt::arg("read", t.strRead),
                        fmt::arg("lines", t.strLines), fmt::arg("dark", t.strDark),
                        fmt::arg("bright", t.strBright), fmt::arg("threshold", t.strThreshold),
-                       fmt::arg("corner", t.strCorner));
+                       fmt::arg("corner", t.strCorner), fmt::arg("where", t.strWhere));
 }
 
 std::string Whole(std::optional<double> o) {
@@ -36,25 +36,32 @@ Told ToldOfSide(const std::string& strValue, const CameraTrust& trust, std::size
             Whole(tSide.oDark),
             Whole(tSide.oBright),
             "",
-            oCorner ? kCorners[oCorner->nCorner].szLabel : ""};
+            oCorner ? kCorners[oCorner->nCorner].szLabel : "",
+            ""};
 }
 
-Told ToldOfPicture(const std::string& strValue, const CameraTrust& trust) {
+Told ToldOfPicture(const std::string& strValue, const CameraTrust& trust, const TrustLimit& tLimit) {
     const CrossLevels tCross = trust.oCross.value_or(CrossLevels{});
-    return {strValue, "", "", Whole(tCross.dDark), Whole(tCross.dBright), Whole(trust.oCrossThreshold), ""};
+    return {strValue,
+            "",
+            "",
+            Whole(tCross.dDark),
+            Whole(tCross.dBright),
+            Whole(trust.oCrossThreshold),
+            "",
+            tLimit.WhereOf != nullptr && trust.oSoundness ? tLimit.WhereOf(*trust.oSoundness) : ""};
 }
 
 // One warning of all sides that exceed the limit, with the worst one's numbers; or of the picture.
-std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, const CameraTrust& trust,
-                                 bool bMeasured) {
+std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, const CameraTrust& trust) {
     const bool bSides = tNumber.tOf == Of::kSide;
     const TrustLimit& tLimit = *tNumber.oLimit;
-    const double dLimit = bMeasured ? tLimit.dLimit : tLimit.dOfFailure;
+    const double dLimit = LimitFor(tLimit, trust);
     std::vector<const char*> aSides;
     std::size_t nWorst = 0;
     double dWorst = 0;
     for (std::size_t i = 0; i < (bSides ? kSides.size() : 1); ++i)
-        if (const std::optional<double> oExcess = Excess(tLimit, dLimit, tNumber.ValueOf(trust, i))) {
+        if (const std::optional<double> oExcess = Excess(tNumber, tLimit, trust, i)) {
             if (aSides.empty() || *oExcess > dWorst) {
                 nWorst = i;
                 dWorst = *oExcess;
@@ -65,11 +72,11 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
         return std::nullopt;
     const double dValue = *tNumber.ValueOf(trust, nWorst);
     const std::string strValue = Fixed(dValue, tNumber.nDecimals);
-    const std::string strText = bSides
-                                    ? fmt::format(" camera, {} {}{}", fmt::join(aSides, ", "),
-                                                  aSides.size() == 1 ? "side: " : "sides: at worst ",
-                                                  Filled(tLimit, dLimit, ToldOfSide(strValue, trust, nWorst)))
-                                    : " camera" + Filled(tLimit, dLimit, ToldOfPicture(strValue, trust));
+    const std::string strText =
+        bSides ? fmt::format(" camera, {} {}{}", fmt::join(aSides, ", "),
+                             aSides.size() == 1 ? "side: " : "sides: at worst ",
+                             Filled(tLimit, dLimit, ToldOfSide(strValue, trust, nWorst)))
+               : " camera" + Filled(tLimit, dLimit, ToldOfPicture(strValue, trust, tLimit));
     return Warning{.szKind = tLimit.szKind,
                    .oCamera = tCamera,
                    .aSides = bSides ? aSides : std::vector<const char*>(),
@@ -81,11 +88,11 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
 
 } // namespace
 
-std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust, bool bMeasured) {
+std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust) {
     std::vector<Warning> a;
     for (const TrustNumber& tNumber : TrustNumbers())
         if (tNumber.oLimit)
-            if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust, bMeasured))
+            if (std::optional<Warning> o = WarningOf(tCamera, tNumber, trust))
                 a.push_back(std::move(*o));
     std::ranges::stable_sort(a, {}, &Warning::nRank);
     return a;
@@ -111,9 +118,9 @@ std::optional<std::string> GeneralText(const std::string& strKey) {
     for (const TrustNumber& t : TrustNumbers())
         for (const Camera tCamera : {Camera::kMaster, Camera::kSlave})
             if (t.oLimit && strKey == fmt::format("{}:{}", NameOf(tCamera), t.oLimit->szKind))
-                return fmt::format(
-                    "{} camera{}{}", NameOf(tCamera), t.tOf == Of::kSide ? ": " : "",
-                    Filled(*t.oLimit, t.oLimit->dLimit, {"N", "N", "N", "N", "N", "N", "measured"}));
+                return fmt::format("{} camera{}{}", NameOf(tCamera), t.tOf == Of::kSide ? ": " : "",
+                                   Filled(*t.oLimit, t.oLimit->dLimit,
+                                          {"N", "N", "N", "N", "N", "N", "measured", "one of its lines"}));
     const std::size_t nColon = strKey.find(':');
     std::optional<std::string> o = GeneralPairText(strKey.substr(nColon + 1));
     return o && nColon != strKey.npos ? strKey.substr(0, nColon) + " camera: " + *o : o;

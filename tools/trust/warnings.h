@@ -22,8 +22,8 @@ struct Warning {
     bool bDoubt = true;  // a measurement that has it is not to be relied on
 };
 
-// Of one camera's picture, the gravest first. bMeasured: the pair was; else they are looked for as causes.
-std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust, bool bMeasured);
+// Of one camera's picture, the gravest first; of a pair that was not measured what may be the cause.
+std::vector<Warning> WarningsOf(Camera tCamera, const CameraTrust& trust);
 
 // All but the text.
 Json JsonOf(const Warning& warning);

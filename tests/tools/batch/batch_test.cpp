@@ -153,12 +153,16 @@ TEST_F(BatchCommand, SlowPairHoldsFewFinishedRowsBack) {
                                                               : i == 16 ? "never.pgm\n"
                                                                         : "master.pgm\n");
     Write("L", strList);
-    // After the last one no other is begun: the only process left is the one at the gate.
-    const Outcome t =
-        Run("--version", strGate + "mkfifo last.pgm never.pgm; " + StartBatch("L --jobs 2 --out r", 1) +
-                             "cat master.pgm >last.pgm; until [ $(wc -w </proc/$p/task/$p/children) -le 1 ]; "
-                             "do sleep 0.02; done; kill -INT $p; wait $p");
+    // After the last one no other is begun: the free process has closed it, and opens none.
+    const Outcome t = Run(
+        "--version", strGate + "mkfifo last.pgm never.pgm; " + StartBatch("L --jobs 2 --out r", 1) +
+                         "{ : >never.pgm; echo begun; } & q=$!; cat master.pgm >last.pgm; n=0; "
+                         "until [ $n = 10 ]; do n=$((n + 1)); sleep 0.02; for c in "
+                         "$(cat /proc/$p/task/$p/children); do "
+                         "! ls -l /proc/$c/fd | grep -q last.pgm || n=0; done; done; kill -INT $p; wait $p; "
+                         "kill $q");
     EXPECT_TRUE(Holds(t.strErr, {"after 0 of 40 rows, which r holds.\n  Go on with"}));
+    EXPECT_FALSE(Holds(t.strOut, {"begun"}));
 }
 
 TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {

@@ -2,53 +2,35 @@
 
 #include "tools/reading/pairs.h"
 
-#include <algorithm>
-#include <cmath>
 #include <fmt/format.h>
-#include <map>
-
-using namespace tools;
+#include <numeric>
 
 namespace reading {
 namespace {
 
-constexpr double kTwoSided95 = 1.96; // standard uncertainties
-
-// Errors of many second readings of one angle.
-struct Errors {
-    int nCount = 0, nCovered = 0;
-    double dSquares = 0;
-
-    void Add(double dError, double dVariance) {
-        ++nCount;
-        nCovered += std::fabs(dError) <= kTwoSided95 * std::sqrt(dVariance) ? 1 : 0;
-        dSquares += dError * dError;
-    }
-    double Covered() const { return 100.0 * nCovered / nCount; }
-    double Rms() const { return std::sqrt(dSquares / nCount); }
-};
-
-using ThreeErrors = std::array<Errors, 3>;
-
-void Add(const UncertainAngles& t, const Angles& tTrue, ThreeErrors& errors) {
-    const std::array adTrue = {tTrue.dRx, tTrue.dRy, tTrue.dRz};
-    for (std::size_t n = 0; n < 3; ++n)
-        errors[n].Add(t.aRaw[n].dValue - adTrue[n], t.aRaw[n].dVariance);
+std::vector<unsigned int> Numbers(unsigned int nFirst, unsigned int nPairs) {
+    std::vector<unsigned int> an(nPairs);
+    std::iota(an.begin(), an.end(), nFirst);
+    return an;
 }
 
-double CoveredOfAll(const ThreeErrors& a) {
-    return (a[0].Covered() + a[1].Covered() + a[2].Covered()) / 3;
+void Add(const tools::UncertainAngles& t, const StudyPair& tPair, AngleErrors& errors) {
+    for (std::size_t n = 0; n < 3; ++n)
+        for (Errors* const p : {&errors[n], &errors[3]})
+            p->Add(t.aRaw[n].dValue - tPair.adTrue[n], t.aRaw[n].dVariance);
+}
+
+void PrintRow(const std::string& strNoise, const std::string& strBlur, const AngleErrors& a) {
+    fmt::print("| {} | {} | {} |", strNoise, strBlur, a[0].nCount);
+    for (std::size_t n = 0; n < 3; ++n)
+        fmt::print(" {:.5f} |", a[n].Rms());
+    for (const Errors& t : a)
+        fmt::print(" {:.1f} |", t.Held());
+    fmt::print(" {:.2f} |\n", a[3].ScaledRms());
 }
 
 bool Lies(double d, double dFirst, double dLast) {
     return d >= dFirst && d <= dLast;
-}
-
-std::string Joined(const std::vector<std::string>& a) {
-    std::string str;
-    for (const std::string& strPart : a)
-        str += " " + strPart;
-    return str;
 }
 
 bool Said(bool bGood, const std::string& strWhat) {
@@ -58,88 +40,65 @@ bool Said(bool bGood, const std::string& strWhat) {
 
 } // namespace
 
-int StudyClean(unsigned int nFirst, unsigned int nPairs) {
-    std::map<std::pair<double, double>, ThreeErrors> aCells; // by noise and blur
-    ThreeErrors aAll;
-    int nUnread = 0, nRight = 0, nDoubted = 0;
-    double dMilliseconds = 0;
-    for (unsigned int n = nFirst; n < nFirst + nPairs; ++n) {
-        const StudyPair tPair = PairOf(n, false);
+Findings Study(std::span<const unsigned int> anPairs, bool bDirt) {
+    Findings t;
+    for (const unsigned int nPair : anPairs) {
+        const StudyPair tPair = PairOf(nPair, bDirt);
         const StudyResult tResult = ResultOf(tPair);
-        dMilliseconds += tResult.dMilliseconds;
-        if (!tResult.tFirst.oSecondAngles) {
-            ++nUnread;
-            continue;
+        t.dMilliseconds += tResult.dMilliseconds / static_cast<double>(anPairs.size());
+        if (const auto& oSecond = tResult.tFirst.oSecondAngles) {
+            ++t.nRead;
+            Add(*oSecond, tPair, t.aAll);
+            Add(*oSecond, tPair, t.aCells[{tPair.dNoise, tPair.dBlur}]);
         }
-        Add(*tResult.tFirst.oSecondAngles, tPair.tTrue, aCells[{tPair.dNoise, tPair.dBlur}]);
-        Add(*tResult.tFirst.oSecondAngles, tPair.tTrue, aAll);
-        if (ErrorOfFirst(tResult, tPair.tTrue).value_or(1) > 0.02)
+        if (!tResult.oErrorOfFirst)
             continue;
-        ++nRight;
-        const std::vector<std::string> aDoubts = tResult.aDoubts;
-        nDoubted += aDoubts.empty() ? 0 : 1;
-        if (!aDoubts.empty())
-            fmt::print("pair {} is doubted:{}\n", n, Joined(aDoubts));
+        const double dError = *tResult.oErrorOfFirst;
+        Judged& judged = dError <= 0.02 ? t.tRight : dError <= 0.05 ? t.tBetween : t.tWrong;
+        const bool bDoubted = !tResult.strDoubts.empty();
+        ++judged.nPairs;
+        judged.nDoubted += bDoubted ? 1 : 0;
+        if ((&judged == &t.tRight && bDoubted && !bDirt) || (&judged == &t.tWrong && !bDoubted))
+            fmt::print("pair {}: wrong by {:.3f} degrees, doubts:{}\n", nPair, dError, tResult.strDoubts);
     }
-    fmt::print("| noise | blur | pairs | RMS Rx | RMS Ry | RMS Rz | Rx in 95 % | Ry | Rz | all "
-               "|\n|---|---|---|---|---|---|---|---|---|---|\n");
-    bool bCells = true, bSharp = true;
-    for (const auto& [tCell, a] : aCells) {
-        fmt::print("| {} | {} | {} | {:.5f} | {:.5f} | {:.5f} | {:.1f} | {:.1f} | {:.1f} | {:.1f} |\n",
-                   tCell.first, tCell.second, a[0].nCount, a[0].Rms(), a[1].Rms(), a[2].Rms(), a[0].Covered(),
-                   a[1].Covered(), a[2].Covered(), CoveredOfAll(a));
-        bCells = bCells && Lies(CoveredOfAll(a), 90, 98.5);
-        if (tCell == std::pair(2.0, 0.8))
-            bSharp = a[0].Rms() <= 0.0015 && a[1].Rms() <= 0.0015 && a[2].Rms() <= 0.001;
-    }
-    const double dMean = dMilliseconds / nPairs;
-    const std::array abGood = {
-        Said(nUnread == 0, fmt::format("{} of {} pairs are not read", nUnread, nPairs)),
-        Said(bSharp, "RMS at noise 2, blur 0.8: at most 0.0015, 0.0015, 0.001 degrees"),
-        Said(bCells, "in every cell 90 to 98.5 % lie in the 95 % interval"),
-        Said(Lies(aAll[0].Covered(), 93, 97) && Lies(aAll[1].Covered(), 93, 97) &&
-                 Lies(aAll[2].Covered(), 93, 97),
-             fmt::format("in all {:.1f}, {:.1f} and {:.1f} %", aAll[0].Covered(), aAll[1].Covered(),
-                         aAll[2].Covered())),
-        Said(100 * nDoubted <= nRight,
-             fmt::format("{} of {} that were measured within 0.02 degrees are doubted", nDoubted, nRight))};
-    fmt::print("{:.2f} ms of processor time a pair\n", dMean);
-    return std::ranges::find(abGood, false) == abGood.end() ? 0 : 1;
+    return t;
 }
 
-int StudyDirt(unsigned int nFirst, unsigned int nPairs) {
-    int nMeasured = 0, nWrong = 0, nEscaped = 0, nRight = 0, nDoubted = 0;
-    std::map<std::string, int> anDoubts;
-    for (unsigned int n = nFirst; n < nFirst + nPairs; ++n) {
-        const StudyPair tPair = PairOf(n, true);
-        const StudyResult tResult = ResultOf(tPair);
-        const std::optional<double> oError = ErrorOfFirst(tResult, tPair.tTrue);
-        if (!oError)
-            continue;
-        ++nMeasured;
-        const std::vector<std::string> aDoubts = tResult.aDoubts;
-        const bool bWrong = *oError > 0.05;
-        (bWrong ? nWrong : nRight) += 1;
-        if (!bWrong) {
-            nDoubted += aDoubts.empty() ? 0 : 1;
-            continue;
-        }
-        for (const std::string& str : aDoubts)
-            ++anDoubts[str];
-        if (aDoubts.empty()) {
-            ++nEscaped;
-            fmt::print("pair {} escaped with an error of {:.3f} degrees\n", n, *oError);
-        }
+bool StudyClean(unsigned int nFirst, unsigned int nPairs) {
+    Findings t = Study(Numbers(nFirst, nPairs), false);
+    fmt::print("| noise | blur | pairs | RMS Rx | RMS Ry | RMS Rz | Rx held | Ry | Rz | all | RMS / u |\n"
+               "|---|---|---|---|---|---|---|---|---|---|---|\n");
+    double dLeast = 100, dMost = 0;
+    for (const auto& [tCell, a] : t.aCells) {
+        PrintRow(fmt::format("{}", tCell.first), fmt::format("{}", tCell.second), a);
+        dLeast = std::min(dLeast, a[3].Held());
+        dMost = std::max(dMost, a[3].Held());
     }
-    for (const auto& [str, nTimes] : anDoubts)
-        fmt::print("{}: {}\n", str, nTimes);
-    fmt::print("{} of {} pairs were measured; of {} right ones {} are doubted\n", nMeasured, nPairs, nRight,
-               nDoubted);
-    return Said(nEscaped == 0 && nWrong > 0,
-                fmt::format("{} of {} that are wrong by more than 0.05 degrees are not doubted", nEscaped,
-                            nWrong))
-               ? 0
-               : 1;
+    PrintRow("all", "all", t.aAll);
+    bool bGood = Said(t.nRead == static_cast<int>(nPairs), fmt::format("{} of {} are read", t.nRead, nPairs));
+    for (std::size_t n = 0; n < 3; ++n)
+        bGood &= Said(Lies(t.aAll[n].Held(), 93, 97), fmt::format("{:.1f} % held", t.aAll[n].Held()));
+    bGood &= Said(dLeast >= 90 && dMost <= 98.5,
+                  fmt::format("{:.1f} to {:.1f} % held in each cell", dLeast, dMost));
+    const auto [x, y, z, tAll] = t.aCells[{2, 0.8}];
+    bGood &= Said(x.Rms() <= 0.0015 && y.Rms() <= 0.0015 && z.Rms() <= 0.001, "RMS at noise 2, blur 0.8");
+    bGood &= Said(100 * t.tRight.nDoubted <= t.tRight.nPairs,
+                  fmt::format("{} of {} right ones doubted", t.tRight.nDoubted, t.tRight.nPairs));
+    return Said(t.dMilliseconds <= 3, fmt::format("{:.2f} ms of processor time a pair", t.dMilliseconds)) &&
+           bGood;
+}
+
+bool StudyDirt(unsigned int nFirst, unsigned int nPairs) {
+    const Findings t = Study(Numbers(nFirst, nPairs), true);
+    fmt::print("| off by, degrees | measured pairs | doubted |\n|---|---|---|\n");
+    const auto Print = [](const char* szError, const Judged& tJudged) {
+        fmt::print("| {} | {} | {} |\n", szError, tJudged.nPairs, tJudged.nDoubted);
+    };
+    Print("at most 0.02", t.tRight);
+    Print("0.02 to 0.05", t.tBetween);
+    Print("more than 0.05", t.tWrong);
+    return Said(t.tWrong.nPairs > 0 && t.tWrong.nDoubted == t.tWrong.nPairs,
+                fmt::format("{} wrong ones of {} pairs escape", t.tWrong.nPairs - t.tWrong.nDoubted, nPairs));
 }
 
 } // namespace reading

@@ -171,14 +171,15 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
         std::string strPictures;
         const char* szStopped;
         std::size_t nMaster, nSlave; // shapes
+        double dX, dY;               // of the mark "failed here": a corner, or the window's middle
     } aCases[] = {
         {"frame", UprightChart().Fill(1300, 700, 1727, 971, ubPaper), strQuoted + "slave.pgm",
-         "stopped at frame location: no edge", 12, 3},
-        {"blank", Paper(), strQuoted + "slave.pgm", "stopped at centre cross: ", 3, 3},
+         "stopped at frame location: no edge", 12, 3, 1314, 686},
+        {"blank", Paper(), strQuoted + "slave.pgm", "stopped at centre cross: ", 3, 3, 194, 109},
         // All: picture, window, 2 frame rectangles, 2 bars, centre, 4 corners, 4 sides, 4 fitted lines, the
         // second reading and what it left out; and the place of the failure.
         {"corner", WithoutRightDown(), "master.pgm" + strQuoted,
-         "stopped at corner points: the frame's line is not found", 21, 19},
+         "stopped at corner points: the frame's line is not found", 21, 19, 1455, 804},
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szName);
@@ -190,6 +191,10 @@ TEST_F(ReportInBrowser, FailingPairShowsWhatWasFoundAndWhereItStopped) {
         std::size_t nMaster = 0, nSlave = 0;
         for (const auto& [strId, tShape] : tSeen["shapes"].items())
             ++(strId.starts_with("master") ? nMaster : nSlave);
+        const bool bMaster = tJson["status"]["camera"] == "master";
+        const Json& tFailure = tSeen["shapes"][bMaster ? "master-failure" : "slave-failure"];
+        EXPECT_NEAR(tFailure["x"], t.dX, 10);
+        EXPECT_NEAR(tFailure["y"], t.dY, 10);
         EXPECT_EQ(nMaster, t.nMaster) << tSeen["shapes"];
         EXPECT_EQ(nSlave, t.nSlave) << tSeen["shapes"];
         const std::string strCaptions = tSeen["captions"].dump(), strShown = Json(strName).dump();

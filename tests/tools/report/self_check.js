@@ -4,7 +4,7 @@ addEventListener('load', () => {
   const seen = {shapes: {}, pictures: {}, zoomed: {}, cutLabels: [], hidden: []};
   const place = e => {
     const m = e.ownerSVGElement.getScreenCTM().inverse().multiply(e.getScreenCTM());
-    if (e.classList.contains('mark'))
+    if (e.classList.contains('mark') || e.classList.contains('failure'))
       return {x: m.e, y: m.f};
     const at = (x, y) => { const p = new DOMPoint(x, y).matrixTransform(m); return {x: p.x, y: p.y}; };
     const v = name => e[name].baseVal.value;

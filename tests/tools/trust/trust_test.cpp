@@ -141,11 +141,11 @@ TEST(Trust, WarningsNameSideValueAndLimitAsFarAsTheStagesCame) {
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView, {}});
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView, {}}, false);
         if (t.oBorder) {
             EXPECT_NEAR(tTrust.oBorderDistance.value_or(1e9), *t.oBorder, 0.1);
         }
-        const std::vector<Warning> a = WarningsOf(Camera::kSlave, tTrust, false);
+        const std::vector<Warning> a = WarningsOf(Camera::kSlave, tTrust);
         ASSERT_EQ(a.size(), t.aWarnings.size());
         for (std::size_t i = 0; i < a.size(); ++i) {
             const std::string strKey = KeyOf(JsonOf(a[i])), strTold = strKey + " " + a[i].strText;
@@ -159,7 +159,7 @@ TEST(Trust, WarningsNameSideValueAndLimitAsFarAsTheStagesCame) {
     tBent.tMeasured.aoCorners[3]->dY += 3; // right down: its two sides no longer follow the picture's
     tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
     const std::vector<Warning> a =
-        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, {tBent.tMeasured, {}, {}}), true);
+        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, {tBent.tMeasured, {}, {}}, true));
     ASSERT_EQ(a.size(), 1u);
     EXPECT_TRUE(a[0].strText.starts_with("master camera, bottom side: its right down corner lies 3.0"))
         << a[0].strText;

@@ -1,4 +1,4 @@
-#include "batch/child_pool.h"
+#include "batch/worker_pool.h"
 
 #include "basics/stop_signals.h"
 
@@ -17,7 +17,7 @@ constexpr std::chrono::milliseconds kPatience(2000);
 
 struct Running {
     std::size_t nJob;
-    std::unique_ptr<Child> pChild;
+    std::unique_ptr<Worker> pWorker;
     Clock::time_point tLimit;
 };
 
@@ -29,7 +29,7 @@ int MillisecondsUntil(Clock::time_point t) {
 
 class Pool {
 public:
-    explicit Pool(const ChildWork& tWork) : m_tWork(tWork) {}
+    explicit Pool(const PoolWork& tWork) : m_tWork(tWork) {}
 
     int Run() {
         for (StartMore(); !m_aRunning.empty(); StartMore()) {
@@ -51,13 +51,27 @@ private:
 
     void StartMore() {
         for (; MayStart(); ++m_nNext)
-            m_aRunning.push_back({m_nNext, m_tWork.Start(m_nNext), Clock::now() + m_tWork.tTimeLimit});
+            m_aRunning.push_back({m_nNext, Asked(m_nNext), Clock::now() + m_tWork.tTimeLimit});
+    }
+
+    // By a worker that has nothing to do, or by a new one.
+    std::unique_ptr<Worker> Asked(std::size_t nJob) {
+        const std::vector<std::string> aQuestion = m_tWork.QuestionOf(nJob);
+        while (!m_aIdle.empty()) {
+            std::unique_ptr<Worker> p = std::move(m_aIdle.back());
+            m_aIdle.pop_back();
+            if (p->Ask(aQuestion))
+                return p;
+        }
+        std::unique_ptr<Worker> p = m_tWork.Start();
+        p->Ask(aQuestion); // one that does not take it has no answer either
+        return p;
     }
 
     void Wait() const {
         std::vector<pollfd> aWaiting = {{m_tStop.Number(), POLLIN, 0}};
         for (const Running& t : m_aRunning)
-            for (const Descriptor& tPipe : t.pChild->Pipes())
+            for (const Descriptor& tPipe : t.pWorker->Pipes())
                 aWaiting.push_back({tPipe.Number(), POLLIN, 0});
         poll(aWaiting.data(), aWaiting.size(), MillisecondsUntil(NextEvent()));
     }
@@ -80,11 +94,13 @@ private:
     }
 
     void TakeDone() {
-        std::erase_if(m_aRunning, [this](const Running& t) {
-            const bool bDone = t.pChild->TakeOutput();
-            if (bDone)
-                m_tWork.Done(t.nJob, t.pChild->Outcome());
-            return bDone;
+        std::erase_if(m_aRunning, [this](Running& t) {
+            if (!t.pWorker->TakeOutput())
+                return false;
+            m_tWork.Done(t.nJob, t.pWorker->Outcome());
+            if (t.pWorker->IsThere())
+                m_aIdle.push_back(std::move(t.pWorker));
+            return true;
         });
     }
 
@@ -92,23 +108,24 @@ private:
     void EndOverdue() {
         for (Running& t : m_aRunning)
             if (Clock::now() >= t.tLimit) {
-                t.pChild->End("the measuring process gave no answer within " +
-                              std::to_string(m_tWork.tTimeLimit.count()) + " s and was ended");
+                t.pWorker->End("the measuring process gave no answer within " +
+                               std::to_string(m_tWork.tTimeLimit.count()) + " s and was ended");
                 t.tLimit = Clock::time_point::max();
             }
     }
 
     StopSignals m_tStop;
-    const ChildWork& m_tWork;
+    const PoolWork& m_tWork;
     std::size_t m_nNext = 0;
     std::list<Running> m_aRunning;
+    std::vector<std::unique_ptr<Worker>> m_aIdle;
     int m_nSignal = 0;
     Clock::time_point m_tPatienceEnds;
 };
 
 } // namespace
 
-int RunChildren(const ChildWork& tWork) {
+int RunWorkers(const PoolWork& tWork) {
     return Pool(tWork).Run();
 }
 

@@ -1,4 +1,4 @@
-#include "batch/child.h"
+#include "batch/worker.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -6,18 +6,18 @@
 #include <cstring>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace tools {
 namespace {
 
-// Where the child's streams lead, and its own process group and clear signal mask.
+// Where the process's streams lead, and its own process group and clear signal mask.
 class SpawnSetup {
 public:
     explicit SpawnSetup(const std::string& strFolder) {
         posix_spawn_file_actions_init(&m_tActions);
-        posix_spawn_file_actions_addopen(&m_tActions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addchdir_np(&m_tActions, strFolder.c_str());
         posix_spawnattr_init(&m_tAttributes);
         posix_spawnattr_setflags(&m_tAttributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
@@ -71,17 +71,23 @@ int Reaped(pid_t nProcess) {
 
 } // namespace
 
-Child::Child(const std::vector<std::string>& aArguments, const std::string& strFolder) {
-    std::array<Descriptor, 2> aEnds;
+Worker::Worker(const std::vector<std::string>& aArguments, const std::string& strFolder) {
+    std::array<Descriptor, 3> aEnds; // the process's
     SpawnSetup tSetup(strFolder);
+    // A socket tells of an end that is gone without a signal.
+    int anEnds[2] = {-1, -1};
+    m_nError = socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, anEnds) == 0 ? 0 : errno;
+    m_tQuestions = Descriptor(anEnds[0]);
+    aEnds[0] = Descriptor(anEnds[1]);
     for (std::size_t i = 0; i < m_aPipes.size() && m_nError == 0; ++i) {
         int anPipe[2] = {-1, -1};
         m_nError = pipe2(anPipe, O_CLOEXEC) == 0 ? 0 : errno;
         m_aPipes[i] = Descriptor(anPipe[0]);
-        aEnds[i] = Descriptor(anPipe[1]);
+        aEnds[i + 1] = Descriptor(anPipe[1]);
         fcntl(anPipe[0], F_SETFL, O_NONBLOCK);
-        tSetup.Lead(i == 0 ? STDOUT_FILENO : STDERR_FILENO, anPipe[1]);
     }
+    for (std::size_t i = 0; i < aEnds.size(); ++i)
+        tSetup.Lead(static_cast<int>(i), aEnds[i].Number());
     std::vector<std::string> aWords = {"orvex-align"};
     aWords.insert(aWords.end(), aArguments.begin(), aArguments.end());
     if (m_nError == 0)
@@ -90,28 +96,46 @@ Child::Child(const std::vector<std::string>& aArguments, const std::string& strF
         m_nProcess = -1;
 }
 
-Child::~Child() {
-    if (m_nProcess != -1) {
+Worker::~Worker() {
+    if (IsThere()) {
         kill(m_nProcess, SIGKILL);
         Reaped(m_nProcess);
     }
 }
 
-bool Child::TakeOutput() {
-    for (std::size_t i = 0; i < m_aPipes.size(); ++i)
-        Drain(m_aPipes[i], m_aOutput[i]);
-    return !m_aPipes[0].IsOpen() && !m_aPipes[1].IsOpen();
+bool Worker::Ask(const std::vector<std::string>& aTexts) {
+    std::string str;
+    for (const std::string& strText : aTexts)
+        str.append(strText).push_back('\0');
+    m_aOutput = {};
+    for (std::size_t nSent = 0; nSent < str.size();) {
+        const ssize_t n = send(m_tQuestions.Number(), str.data() + nSent, str.size() - nSent, MSG_NOSIGNAL);
+        if (n == -1 && errno != EINTR)
+            return false;
+        nSent += static_cast<std::size_t>(std::max<ssize_t>(n, 0));
+    }
+    return true;
 }
 
-void Child::End(const std::string& strReason) {
+bool Worker::TakeOutput() {
+    for (std::size_t i = 0; i < m_aPipes.size(); ++i)
+        Drain(m_aPipes[i], m_aOutput[i]);
+    return m_aOutput[0].ends_with('\0') || (!m_aPipes[0].IsOpen() && !m_aPipes[1].IsOpen());
+}
+
+void Worker::End(const std::string& strReason) {
     m_strEnded = strReason;
-    if (m_nProcess != -1)
+    if (IsThere())
         kill(m_nProcess, SIGKILL);
 }
 
-ChildOutcome Child::Outcome() {
-    ChildOutcome t = {-1, "", m_aOutput[0], m_aOutput[1]};
-    if (m_nProcess == -1) {
+WorkerOutcome Worker::Outcome() {
+    WorkerOutcome t = {-1, "", std::move(m_aOutput[0]), std::move(m_aOutput[1])};
+    if (t.strAnswer.ends_with('\0')) {
+        t.strAnswer.pop_back();
+        return t;
+    }
+    if (!IsThere()) {
         t.strFailure =
             std::string("the measuring process could not be started (") + std::strerror(m_nError) + ")";
         return t;
