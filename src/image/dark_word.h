@@ -16,7 +16,8 @@ using SixteenBytes [[gnu::vector_size(16)]] = unsigned char;
 // 64 neighbouring pixels as bits: dark are those of at most the given value. Most words are all bright, which
 // the darkest of every fourth of them shows; else eight bytes of 0 or 1 become eight bits by a product whose
 // highest byte collects them.
-inline DarkBits::Word WholeDarkWord(const unsigned char* pPixels, unsigned char ubLastDark) {
+[[gnu::always_inline]] inline DarkBits::Word WholeDarkWord(const unsigned char* pPixels,
+                                                           unsigned char ubLastDark) {
     const auto Darker = [](SixteenBytes a, SixteenBytes b) { return a < b ? a : b; };
     const SixteenBytes tLastDark = SixteenBytes{} + ubLastDark;
     SixteenBytes at[4];
@@ -36,8 +37,8 @@ inline DarkBits::Word WholeDarkWord(const unsigned char* pPixels, unsigned char 
 
 // The row's pixels from column x on, without those behind nLast, at most 64: dark are those of at most the
 // given value.
-inline DarkBits::Word DarkWord(PlaneView tPlane, std::int64_t y, std::int64_t x, std::int64_t nLast,
-                               unsigned char ubLastDark) {
+[[gnu::always_inline]] inline DarkBits::Word DarkWord(PlaneView tPlane, std::int64_t y, std::int64_t x,
+                                                      std::int64_t nLast, unsigned char ubLastDark) {
     const unsigned char* const pPixels = tPlane.Row(y).pFirst + x;
     const std::int64_t nPixels = nLast - x + 1;
     if (nPixels >= DarkBits::nWordBits)

@@ -97,13 +97,10 @@ unsigned int MeasureSides(CameraRun& t) {
                   DualCamAlign_NewMeasureSquareLength(t.tResults.afFrameExtent, t.bMaster));
 }
 
-unsigned int MeasureCamera(bool bMaster, unsigned char* pRGB, unsigned char* pGray, unsigned char* pBinary,
+// Without a grey plane the centre search fails with its own status.
+unsigned int MeasureCamera(bool bMaster, unsigned char* pGray, unsigned char* pBinary,
                            unsigned short* pCenter) {
     CameraRun t = {bMaster, ParametersOf(bMaster), ResultsOf(bMaster), pGray, pBinary, pCenter, {}, {}};
-    // Without planes the centre search fails with its own status.
-    if (pRGB == nullptr || !IsUsableSize(t.tParam.nWidth, t.tParam.nHeight))
-        t.pGray = t.pBinary = nullptr;
-    GetGValueFromRGB(pRGB, t.tParam.nWidth, t.tParam.nHeight, t.pGray);
     if (const unsigned int nStatus = MeasureCentre(t))
         return nStatus;
     for (const auto Stage : {LocateFrame, BinariseFrame, MeasureCorners, MeasureSides})
@@ -112,17 +109,20 @@ unsigned int MeasureCamera(bool bMaster, unsigned char* pRGB, unsigned char* pGr
     return ORVEX_OK;
 }
 
-// 0 for a size that no stage accepts.
-std::size_t UsablePixels(PictureSize t) {
-    return IsUsableSize(t.nWidth, t.nHeight) ? t.Pixels() : 0;
-}
+// A camera's picture as the host gives it, and its size; a size that no stage accepts is none.
+struct Picture {
+    unsigned char* pRGB;
+    PictureSize tSize;
 
-// Pixels of one plane of the working buffer: the larger picture's, so that a larger slave is measured and not
-// overrun.
-std::size_t PlanePixels(const DualCamAlignView& t) {
-    return std::max(UsablePixels({t.nWidth_Master, t.nHeight_Master}),
-                    UsablePixels({t.nWidth_Slave, t.nHeight_Slave}));
-}
+    std::size_t Pixels() const { return IsUsableSize(tSize.nWidth, tSize.nHeight) ? tSize.Pixels() : 0; }
+    bool IsUsable() const { return pRGB != nullptr && Pixels() != 0; }
+    unsigned char* CopyTo(unsigned char* pGray) const {
+        if (!IsUsable())
+            return nullptr;
+        GetGValueFromRGB(pRGB, tSize.nWidth, tSize.nHeight, pGray);
+        return pGray;
+    }
+};
 
 // The buffer stays after a run, so that its planes can be looked at, and for the next run of the same size,
 // which then has no page to ask the system for. The heap knows how large it is, also one that the host has
@@ -138,14 +138,26 @@ unsigned char* WorkingBuffer(std::size_t nBytes) {
 } // namespace
 
 unsigned int DualCamAlign_Calculation(unsigned char* pMasterRGB, unsigned char* pSlaveRGB) {
-    const std::size_t nPixels = PlanePixels(m_pCMainView);
+    const DualCamAlignView& tView = m_pCMainView;
+    const Picture tMaster = {pMasterRGB, {tView.nWidth_Master, tView.nHeight_Master}};
+    const Picture tSlave = {pSlaveRGB, {tView.nWidth_Slave, tView.nHeight_Slave}};
+    // The larger picture's, so that a larger slave is measured and not overrun.
+    const std::size_t nPixels = std::max(tMaster.Pixels(), tSlave.Pixels());
     unsigned char* const pGray = WorkingBuffer(nPixels * 3);
     unsigned char* const pBinary = pGray != nullptr ? pGray + nPixels : nullptr;
 
+    // Where the slave's grey plane will take the place of all of the master's, the master's is its picture;
+    // only a master that fails leaves its own.
+    const bool bReplaced =
+        pGray != nullptr && tMaster.IsUsable() && tSlave.IsUsable() && tSlave.Pixels() == nPixels;
+    unsigned char* const pMasterGray = bReplaced ? pMasterRGB : tMaster.CopyTo(pGray);
     unsigned short uwCenterPos[2] = {0, 0};
-    if (const unsigned int n = MeasureCamera(true, pMasterRGB, pGray, pBinary, uwCenterPos))
+    if (const unsigned int n = MeasureCamera(true, pMasterGray, pBinary, uwCenterPos)) {
+        if (bReplaced)
+            tMaster.CopyTo(pGray);
         return n;
-    if (const unsigned int n = MeasureCamera(false, pSlaveRGB, pGray, pBinary, uwCenterPos))
+    }
+    if (const unsigned int n = MeasureCamera(false, tSlave.CopyTo(pGray), pBinary, uwCenterPos))
         return n;
     DualCamAlign_CoordinateTransfer(m_tDualCamAlignData.afCrossCenter_Master,
                                     m_tDualCamAlignData.afTransferredCenter, 1);
