@@ -12,8 +12,10 @@
 #include "report/outputs.h"
 #include "trust/numbers.h"
 
+#include <climits>
 #include <fmt/format.h>
 #include <iostream>
+#include <malloc.h>
 #include <memory>
 
 namespace tools {
@@ -108,6 +110,9 @@ std::string AnswerFor(const Options& options) {
 }
 
 void AnswerAll(Options options) {
+    // Pictures are large: what one leaves is kept for the next, so that the system need not clear it again.
+    mallopt(M_MMAP_THRESHOLD, 1 << 25); // the most that it may be
+    mallopt(M_TRIM_THRESHOLD, INT_MAX);
     const auto Next = [](std::string& str) { return bool(std::getline(std::cin, str, '\0')); };
     while (Next(options.strMaster) && Next(options.strSlave))
         Print(AnswerFor(options) + '\0');

@@ -43,15 +43,14 @@ unsigned char* Bytes(std::string& str) {
 }
 
 PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave) {
-    std::vector<unsigned char> aMaster = tMaster.aGrey, aSlave = tSlave.aGrey;
     std::string strCalibration(kCalibrationBytes, '\0'); // no angle depends on it
     PairResult pair = {};
     Angles tRaw;
     _AFPROTECT tRecord = {};
     CapturedOutput tOutput(STDOUT_FILENO);
-    pair.nStatus = Orvex_Alignment_ForAndroid(aMaster.data(), aSlave.data(), tMaster.nColumns, tMaster.nRows,
-                                              tSlave.nColumns, tSlave.nRows, &tRaw.dRx, &tRaw.dRy, &tRaw.dRz,
-                                              Bytes(strCalibration), &tRecord);
+    pair.nStatus = Orvex_Alignment_ForAndroid(LentToStages(tMaster), LentToStages(tSlave), tMaster.nColumns,
+                                              tMaster.nRows, tSlave.nColumns, tSlave.nRows, &tRaw.dRx,
+                                              &tRaw.dRy, &tRaw.dRz, Bytes(strCalibration), &tRecord);
     pair.aDiagnostics = tOutput.Lines();
     if (pair.nStatus != ORVEX_OK) {
         pair.oFailedCamera = CameraNamedIn(pair.aDiagnostics);

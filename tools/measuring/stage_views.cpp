@@ -4,23 +4,24 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <numeric>
-#include <vector>
 
 namespace tools {
 namespace {
 
-// One camera's picture, with the buffers and parameters as the stages take them. They leave the picture as it
-// is.
+// One camera's picture, with the buffers and parameters as the stages take them.
 struct StageInput {
     Camera tCamera;
     const Picture& tPicture;
-    std::vector<unsigned char> aGrey, aBinary;
+    unsigned char* pGrey;
+    std::unique_ptr<unsigned char[]> pBinary;
     double dBinaryRatio, dWidthRatio, dHeightRatio;
     FrameSearch tFrameSearch;
 
     StageInput(Camera tOf, const Picture& picture, const DualCamAlignParam& tParameters)
-        : tCamera(tOf), tPicture(picture), aGrey(picture.aGrey), aBinary(picture.aGrey.size()),
+        : tCamera(tOf), tPicture(picture), pGrey(LentToStages(picture)),
+          pBinary(std::make_unique_for_overwrite<unsigned char[]>(picture.aGrey.size())),
           dBinaryRatio(IsMaster() ? tParameters.dBinaryRatio_Master : tParameters.dBinaryRatio_Slave),
           dWidthRatio(IsMaster() ? tParameters.dSearchWidthRatio_Master
                                  : tParameters.dSearchWidthRatio_Slave),
@@ -42,16 +43,15 @@ struct FirstPass {
 
 FirstPass RunFirstPass(StageInput& tInput, CoarseCentre& auwCentre) {
     const int nColumns = tInput.tPicture.nColumns, nRows = tInput.tPicture.nRows;
-    if (DualCamAlign_BinaryImage(tInput.aGrey.data(), nColumns, nRows, tInput.dBinaryRatio, nullptr,
-                                 tInput.aBinary.data(), tInput.dWidthRatio, tInput.dHeightRatio,
+    if (DualCamAlign_BinaryImage(tInput.pGrey, nColumns, nRows, tInput.dBinaryRatio, nullptr,
+                                 tInput.pBinary.get(), tInput.dWidthRatio, tInput.dHeightRatio,
                                  tInput.IsMaster(), auwCentre.data(), false) == 0)
         return {std::nullopt, false};
     const double dThreshold = tInput.IsMaster() ? m_tDualCamAlignData.dBinaryThreshold_Master
                                                 : m_tDualCamAlignData.dBinaryThreshold_Slave;
     const unsigned int nStatus = DualCamAlign_CalculateIntersectionAndAngle(
-        tInput.aBinary.data(), tInput.aGrey.data(), nColumns, nRows, nullptr, nullptr, nullptr, nullptr,
-        nullptr, nullptr, tInput.dWidthRatio, tInput.dHeightRatio, tInput.IsMaster(), auwCentre.data(),
-        false);
+        tInput.pBinary.get(), tInput.pGrey, nColumns, nRows, nullptr, nullptr, nullptr, nullptr, nullptr,
+        nullptr, tInput.dWidthRatio, tInput.dHeightRatio, tInput.IsMaster(), auwCentre.data(), false);
     return {dThreshold, nStatus == ORVEX_OK};
 }
 
@@ -96,7 +96,7 @@ void LocateFrame(Point tCentre, StageInput& tInput, StageView& tView) {
     tView.oFrameStart = {tCentre.dX - tSearch.nOffsetX, tCentre.dY - tSearch.nOffsetY,
                          tCentre.dX + tSearch.nOffsetX, tCentre.dY + tSearch.nOffsetY};
     _POINTPOSITION ptOuterLT = {}, ptOuterRD = {}, ptInnerLT = {}, ptInnerRD = {};
-    if (DualCamAlign_CalImageFrame(tInput.aGrey.data(), static_cast<unsigned int>(tInput.tPicture.nColumns),
+    if (DualCamAlign_CalImageFrame(tInput.pGrey, static_cast<unsigned int>(tInput.tPicture.nColumns),
                                    static_cast<unsigned int>(tInput.tPicture.nRows),
                                    static_cast<int>(tCentre.dX), static_cast<int>(tCentre.dY), &ptOuterLT,
                                    &ptOuterRD, &ptInnerLT, &ptInnerRD, tInput.IsMaster() ? 1 : 0) != ORVEX_OK)
@@ -129,6 +129,10 @@ StageView ViewOf(Camera tCamera, const MeasuredPicture& tOf, const DualCamAlignP
 }
 
 } // namespace
+
+unsigned char* LentToStages(const Picture& t) {
+    return const_cast<unsigned char*>(t.aGrey.data()); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+}
 
 StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave,
                    const DualCamAlignParam& tParameters) {

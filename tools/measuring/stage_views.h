@@ -16,6 +16,9 @@ struct MeasuredPicture {
     const CameraMeasurement& tMeasured;
 };
 
+// The picture's pixels as the library takes them: to be written to, but it leaves them as they are.
+unsigned char* LentToStages(const Picture& t);
+
 // Calls the library's stages again with the parameters of that measurement. Writes to the library's parameter
 // and working block.
 StageViews ViewsOf(const MeasuredPicture& tMaster, const MeasuredPicture& tSlave,

@@ -86,7 +86,8 @@ Picture DecodePgm(const std::string& strFile, std::string_view strBytes) {
     RequireEightBits(strFile, NextNumber(strFile, strRest, "largest grey value", 65535));
     strRest.remove_prefix(std::min<std::size_t>(1, strRest.size())); // one white space
     RequirePixels(strFile, {nColumns, nRows}, strRest.size());
-    return {strFile, nColumns, nRows, {strRest.begin(), strRest.end()}};
+    const auto* const pGrey = reinterpret_cast<const unsigned char*>(strRest.data());
+    return {strFile, nColumns, nRows, {pGrey, pGrey + strRest.size()}};
 }
 
 std::string EncodePgm(int nColumns, int nRows, std::string_view strGrey) {

@@ -1,26 +1,17 @@
 #include "trust/cross_levels.h"
 
-#include <array>
-#include <numeric>
+#include "trust/tally.h"
 
 namespace tools {
 namespace {
 
-// How many of the window's pixels have each grey level.
-std::array<int, 256> CountGrey(const Picture& tPicture, const Rectangle& tWindow) {
-    std::array<int, 256> anCounts = {};
-    for (auto y = static_cast<std::size_t>(tWindow.dTop); y <= static_cast<std::size_t>(tWindow.dBottom); ++y)
-        for (auto x = static_cast<std::size_t>(tWindow.dLeft); x <= static_cast<std::size_t>(tWindow.dRight);
-             ++x)
-            ++anCounts[tPicture.aGrey[y * static_cast<std::size_t>(tPicture.nColumns) + x]];
-    return anCounts;
-}
+using GreyCounts = Tally<256>;
 
 // The grey level that this share of the pixels does not exceed.
-double Quantile(const std::array<int, 256>& anCounts, double dShare) {
-    const int nAll = std::accumulate(anCounts.begin(), anCounts.end(), 0);
+double Quantile(const GreyCounts& tCounts, std::size_t nAll, double dShare) {
     std::size_t n = 0;
-    for (int nBelow = anCounts[0]; nBelow < dShare * nAll; nBelow += anCounts[n])
+    for (std::size_t nBelow = tCounts[0]; static_cast<double>(nBelow) < dShare * static_cast<double>(nAll);
+         nBelow += tCounts[n])
         ++n;
     return static_cast<double>(n);
 }
@@ -30,8 +21,14 @@ double Quantile(const std::array<int, 256>& anCounts, double dShare) {
 std::optional<CrossLevels> ReadCrossLevels(const Picture& tPicture, const Rectangle& tWindow) {
     if (tWindow.dLeft > tWindow.dRight || tWindow.dTop > tWindow.dBottom)
         return std::nullopt; // it misses the picture
-    const std::array<int, 256> anCounts = CountGrey(tPicture, tWindow);
-    return CrossLevels{Quantile(anCounts, 0.01), Quantile(anCounts, 0.5)};
+    const auto nFirst = static_cast<std::size_t>(tWindow.dLeft),
+               nLast = static_cast<std::size_t>(tWindow.dRight);
+    GreyCounts tCounts;
+    std::size_t nAll = 0;
+    for (auto y = static_cast<std::size_t>(tWindow.dTop); y <= static_cast<std::size_t>(tWindow.dBottom); ++y)
+        for (std::size_t x = nFirst; x <= nLast; ++x, ++nAll)
+            tCounts.Add(x, tPicture.aGrey[y * static_cast<std::size_t>(tPicture.nColumns) + x]);
+    return CrossLevels{Quantile(tCounts, nAll, 0.01), Quantile(tCounts, nAll, 0.5)};
 }
 
 } // namespace tools

@@ -65,10 +65,10 @@ void AddSamePicture(const MeasuredPair& t, std::vector<Warning>& a) {
     const std::vector<unsigned char>&aMaster = t.tMaster.aGrey, &aSlave = t.tSlave.aGrey;
     if (t.tMaster.Size() != t.tSlave.Size())
         return;
-    std::size_t nDiffering = 0;
-    for (std::size_t i = 0; i < aMaster.size(); ++i)
-        nDiffering += aMaster[i] != aSlave[i] ? 1 : 0;
     const double dLimit = kHandful * static_cast<double>(aMaster.size());
+    std::size_t nDiffering = 0;
+    for (std::size_t i = 0; i < aMaster.size() && static_cast<double>(nDiffering) <= dLimit; ++i)
+        nDiffering += aMaster[i] != aSlave[i] ? 1 : 0;
     if (static_cast<double>(nDiffering) <= dLimit)
         a.push_back({.szKind = kSamePicture.szKey,
                      .oValue = static_cast<double>(nDiffering),

@@ -3,7 +3,10 @@
 #include "reading/robust_line.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
+#include <iterator>
 #include <numeric>
 
 namespace tools {
@@ -29,34 +32,55 @@ struct Profile {
     std::vector<double> adGrey;
 };
 
-double GreyAt(const Picture& picture, double x, double y) {
-    const auto nX = static_cast<int>(x), nY = static_cast<int>(y);
-    const auto PixelAt = [&](int nColumn, int nRow) {
-        const auto nPlace = static_cast<std::size_t>(std::min(nRow, picture.nRows - 1)) *
-                                static_cast<std::size_t>(picture.nColumns) +
-                            static_cast<std::size_t>(std::min(nColumn, picture.nColumns - 1));
-        return static_cast<double>(picture.aGrey[nPlace]);
-    };
-    const double dUpper = std::lerp(PixelAt(nX, nY), PixelAt(nX + 1, nY), x - nX);
-    const double dLower = std::lerp(PixelAt(nX, nY + 1), PixelAt(nX + 1, nY + 1), x - nX);
-    return std::lerp(dUpper, dLower, y - nY);
+double Between(double dFrom, double dTo, double dShare) {
+    return dFrom + dShare * (dTo - dFrom);
+}
+
+// Between the four pixels around the place; the last column and row stand for a next one too.
+double GreyAt(const Picture& t, double x, double y) {
+    const auto nX = static_cast<std::ptrdiff_t>(x), nY = static_cast<std::ptrdiff_t>(y);
+    const unsigned char* const p = t.aGrey.data() + nY * t.nColumns + nX;
+    const std::ptrdiff_t nRight = nX + 1 < t.nColumns ? 1 : 0, nBelow = nY + 1 < t.nRows ? t.nColumns : 0;
+    const double dShare = x - static_cast<double>(nX);
+    return Between(Between(p[0], p[nRight], dShare), Between(p[nBelow], p[nBelow + nRight], dShare),
+                   y - static_cast<double>(nY));
 }
 
 bool Holds(const Picture& t, double x, double y) {
     return x >= 0 && y >= 0 && x <= t.nColumns - 1 && y <= t.nRows - 1;
 }
 
-Profile ProfileAcross(const Picture& picture, Point tMiddle, Point tNormal, Span tAcross) {
-    Profile tProfile = {};
+// What the profile held before is gone.
+void TakeProfile(const Picture& picture, Point tMiddle, Point tNormal, Span tAcross, Profile& profile) {
+    const auto HoldsAt = [&](double d) {
+        return Holds(picture, tMiddle.dX + d * tNormal.dX, tMiddle.dY + d * tNormal.dY);
+    };
+    const bool bWhole = HoldsAt(tAcross.dFirst) && HoldsAt(tAcross.dLast);
+    profile.adGrey.clear();
     for (double d = tAcross.dFirst; d <= tAcross.dLast; d += 1.0) {
-        const double x = tMiddle.dX + d * tNormal.dX, y = tMiddle.dY + d * tNormal.dY;
-        if (!Holds(picture, x, y))
+        if (!bWhole && !HoldsAt(d))
             continue;
-        if (tProfile.adGrey.empty())
-            tProfile.dFirst = d;
-        tProfile.adGrey.push_back(GreyAt(picture, x, y));
+        if (profile.adGrey.empty())
+            profile.dFirst = d;
+        profile.adGrey.push_back(GreyAt(picture, tMiddle.dX + d * tNormal.dX, tMiddle.dY + d * tNormal.dY));
     }
-    return tProfile;
+}
+
+// Of at least one sample, 0 to 255. Counted by whole levels, of which the middle one's few samples are
+// sorted.
+double MedianGrey(std::span<const double> adGrey) {
+    std::array<unsigned short, 256> anCounts = {};
+    for (const double d : adGrey)
+        ++anCounts[static_cast<std::size_t>(d)];
+    std::size_t nLevel = 255, nBehind = (adGrey.size() - 1) / 2; // of those that are as bright or brighter
+    for (; nBehind >= anCounts[nLevel]; --nLevel)
+        nBehind -= anCounts[nLevel];
+    std::vector<double> ad;
+    std::ranges::copy_if(adGrey, std::back_inserter(ad),
+                         [&](double d) { return static_cast<std::size_t>(d) == nLevel; });
+    const auto pMedian = ad.begin() + static_cast<std::ptrdiff_t>(nBehind);
+    std::ranges::nth_element(ad, pMedian, std::greater<>());
+    return *pMedian;
 }
 
 // Distance from the run's darkest sample to where the grey value passes the threshold.
@@ -164,8 +188,9 @@ SideReading ReadLines(const Picture& tPicture, const Way& tWay, Span tAlong, Spa
     SideReading t;
     std::vector<DarkRun> aRuns;
     std::vector<Place> aPlaces;
+    Profile tProfile = {};
     for (double d = tAlong.dFirst; d <= tAlong.dLast; d += kLineStep, ++t.nLines) {
-        const Profile tProfile = ProfileAcross(tPicture, tWay.At(d, 0), tWay.tNormal, tAcross);
+        TakeProfile(tPicture, tWay.At(d, 0), tWay.tNormal, tAcross, tProfile);
         if (const std::optional<DarkRun> oRun = FindDarkRun(tProfile.adGrey)) {
             aRuns.push_back(*oRun);
             aPlaces.push_back({d, tProfile.dFirst + oRun->dCentre});
@@ -192,7 +217,7 @@ std::optional<DarkRun> FindDarkRun(std::span<const double> adGrey) {
     if (adGrey.empty())
         return std::nullopt;
     const auto pDarkest = std::ranges::min_element(adGrey);
-    const double dBright = Median({adGrey.begin(), adGrey.end()}); // the run takes less than half
+    const double dBright = MedianGrey(adGrey); // the run takes less than half
     if (dBright - *pDarkest < kLeastStep)
         return std::nullopt;
     const auto nDarkest = static_cast<std::size_t>(pDarkest - adGrey.begin());
