@@ -162,6 +162,18 @@ void WriteFrame(std::ostream& tOut) {
         tBinarisation.Add(Call(n) + "_slave_thresholds", m_tDualCamAlignData.adFrameThreshold_Slave);
         tBinarisation.Digest(Call(n) + "_plane", tBinary.Data(), tBinary.aPixels.size());
     }
+    // Thresholds of -2, -1.5, -1, -0.5 and 0.
+    StartAnew();
+    for (int n = 0; n <= 4; ++n) {
+        m_tDualCamAlignParam.dFrameParam4_Master = (n - 4) / 400.0;
+        Plane tGrey(40, 40, 200), tBinary(40, 40, 255);
+        tGrey.Fill(5, 5, 34, 34, 0);
+        tGrey.Fill(10, 10, 29, 29, 200);
+        DualCamAlign_BinaryImageFrame(tGrey.Data(), tBinary.Data(), 40, 40, 20, 20, {2, 2}, {37, 37},
+                                      {12, 12}, {27, 27}, 1);
+        tBinarisation.Add("dark_" + Call(n), m_tDualCamAlignData.adFrameThreshold_Master);
+        tBinarisation.Digest("dark_" + Call(n) + "_plane", tBinary.Data(), tBinary.aPixels.size());
+    }
 }
 
 constexpr std::array apMeasureCorner = {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,

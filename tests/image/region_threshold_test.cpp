@@ -1,5 +1,6 @@
 #include "image/region_threshold.h"
 
+#include "image/level_count.h"
 #include "support/any_plane.h"
 
 #include <gtest/gtest.h>
@@ -57,5 +58,25 @@ TEST(RegionThreshold, CountingGivesWhatAllPixelsInOrderGive) {
         ASSERT_EQ(dThreshold, PlainThreshold(tPlane, x1, y1, x2, y2, adFraction[0], adFraction[1], 0.15))
             << "plane " << i << ": columns " << x1 << " to " << x2 << ", rows " << y1 << " to " << y2
             << ", shares " << adFraction[0] << ' ' << adFraction[1];
+    }
+}
+
+TEST(LevelCount, CountsEveryPixelOnce) {
+    Random t(10);
+    for (int i = 0; i < 2000; ++i) {
+        const Plane tPlane = AnyPlane(t);
+        const orvex::Rect tRect = AnyRect(t, tPlane);
+        if (tRect.IsEmpty())
+            continue;
+        const auto ubLevel = static_cast<unsigned char>(t.Int(0, 255));
+        unsigned int nBelow = 0, nUpTo = 0;
+        for (std::int64_t y = tRect.tRows.nFirst; y <= tRect.tRows.nLast; ++y)
+            for (std::int64_t x = tRect.tColumns.nFirst; x <= tRect.tColumns.nLast; ++x) {
+                nBelow += ViewOf(tPlane).Row(y)[x] < ubLevel ? 1 : 0;
+                nUpTo += ViewOf(tPlane).Row(y)[x] <= ubLevel ? 1 : 0;
+            }
+        const orvex::LevelCount tCount = orvex::CountAtLevel(ViewOf(tPlane), tRect, ubLevel);
+        ASSERT_EQ(tCount.nBelow, nBelow);
+        ASSERT_EQ(tCount.nUpTo, nUpTo);
     }
 }
