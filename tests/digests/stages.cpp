@@ -176,6 +176,34 @@ void WriteFrame(std::ostream& tOut) {
     }
 }
 
+void WriteCross(std::ostream& tOut) {
+    const BitLines tLines(tOut, "stage/Cross");
+    for (int n = 0; n < 40; ++n) {
+        Random t(static_cast<unsigned int>(n));
+        StartAnew();
+        m_tDualCamAlignParam.fSlaveShift = static_cast<float>(t.Real(-5, 5));
+        const Layout tLayout = AnyLayout(t);
+        Plane tGrey = AnyChart(t, tLayout), tBinary(tGrey.nColumns, tGrey.nRows, 7);
+        const bool bMaster = t.Int(0, 1) == 0;
+        const double dWidth = 1.6 * tLayout.nHalfWidth / tLayout.nColumns,
+                     dHeight = 1.6 * tLayout.nHalfHeight / tLayout.nRows;
+        unsigned short auwCenter[2] = {};
+        double dAngle = 0;
+        float afCentre[2] = {};
+        int nSpan = 0;
+        for (const bool bRefine : {false, true}) {
+            DualCamAlign_BinaryImage(tGrey.Data(), tGrey.nColumns, tGrey.nRows, 0.6, nullptr, tBinary.Data(),
+                                     dWidth, dHeight, bMaster, auwCenter, bRefine);
+            const unsigned int nStatus = DualCamAlign_CalculateIntersectionAndAngle(
+                tBinary.Data(), tGrey.Data(), tGrey.nColumns, tGrey.nRows, &dAngle, afCentre, &nSpan, nullptr,
+                nullptr, nullptr, dWidth, dHeight, bMaster, auwCenter, bRefine);
+            tLines.Add(Call(n) + (bRefine ? "_refined" : "_coarse"),
+                       std::array{static_cast<int>(nStatus), nSpan, int{auwCenter[0]}, int{auwCenter[1]}});
+        }
+        tLines.Add(Call(n) + "_centre", afCentre);
+    }
+}
+
 constexpr std::array apMeasureCorner = {DualCamAlign_NewMeasureLTPnt, DualCamAlign_NewMeasureRTPnt,
                                         DualCamAlign_NewMeasureLDPnt, DualCamAlign_NewMeasureRDPnt};
 
@@ -365,6 +393,7 @@ void WriteStages(std::ostream& tOut) {
     WriteGreyPlane(tOut);
     WriteBinaryImage(tOut);
     WriteFrame(tOut);
+    WriteCross(tOut);
     WriteCornerPoints(tOut);
     WriteNumbers(tOut);
     WriteRefusals(tOut);
