@@ -160,6 +160,9 @@ std::string ReadStart(const std::string& strFile, std::size_t nBytes, const Chec
     constexpr std::size_t kChunk = std::size_t{1} << 20;
     const Descriptor tFile = OpenToRead(strFile);
     std::string strBytes;
+    struct stat tStat = {};
+    if (fstat(tFile.Number(), &tStat) == 0) // a guess: a file may grow, a pipe has no size
+        strBytes.reserve(std::min(static_cast<std::size_t>(tStat.st_size) + 1, nBytes));
     while (strBytes.size() < nBytes) {
         const std::size_t nOld = strBytes.size();
         strBytes.resize(std::min(nOld + kChunk, nBytes));

@@ -10,7 +10,7 @@ namespace tools {
 double Distance(Point a, Point b);
 
 // Lines across a side, one every so many px along it.
-constexpr double kLineStep = 4.0;
+constexpr double kLineStep = 8.0;
 
 // A dark stretch between bright ones. Positions in samples from the first, levels in grey levels.
 struct DarkRun {
