@@ -199,7 +199,7 @@ void WriteGeometry(std::ostream& tOut) {
         BarLine tLine = {{nNone, nNone}, {nNone, nNone}};
         const Range tRun = {t.Int(0, 20), t.Int(70, 99)}, tBand = {t.Int(0, 4), t.Int(5, 11)};
         const double adAt[] = {t.Int(0, 5) == 0 ? 20 + 79 * t.Int(0, 1)
-                               : t.Int(0, 1)    ? t.Int(10, 90)
+                               : t.Int(0, 1)    ? t.Int(10, 90) - 1e-9 * static_cast<double>(tRun.nFirst % 2)
                                                 : t.Real(10, 90),
                                t.Real(60, 120)};
         pad->push_back(MeasureBarLine({tPlane.Data(), {tPlane.nColumns, tPlane.nRows}}, bHorizontal, tRun,

@@ -61,6 +61,18 @@ TEST(RegionThreshold, CountingGivesWhatAllPixelsInOrderGive) {
     }
 }
 
+TEST(RegionThreshold, HalfThePixelsAreNotMoreThanHalf) {
+    for (int nRows = 64; nRows < 96; ++nRows) {
+        Plane tPlane(128, nRows, 200);
+        for (std::size_t i = 0, nPixels = tPlane.aPixels.size(); i < nPixels; ++i)
+            if (i * 7919 % nPixels < nPixels / 2)
+                tPlane.aPixels[i] = 40;
+        double dThreshold = dNone;
+        orvex::CalcRegionThreshold(tPlane.Data(), 128, 0, 0, 127, nRows - 1, 0.5, 0.1, 0.15, &dThreshold);
+        EXPECT_EQ(dThreshold, PlainThreshold(tPlane, 0, 0, 127, nRows - 1, 0.5, 0.1, 0.15)) << nRows;
+    }
+}
+
 TEST(LevelCount, CountsEveryPixelOnce) {
     Random t(10);
     for (int i = 0; i < 2000; ++i) {
