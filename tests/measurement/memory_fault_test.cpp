@@ -92,6 +92,26 @@ TEST(MemoryFault, EachFailedAllocationEndsInItsStagesStatus) {
     }
 }
 
+TEST(MemoryFault, TheExportedCentreSearchTellsItToo) {
+    unsigned char* const pGrey = Picture(UprightChart()).OnHeap();
+    std::vector<unsigned char> aBinary(1728 * 972, 7);
+    unsigned short auwCenter[2] = {};
+    DualCamAlign_LoadParameters_ForAndroid();
+    WatchHeap(1, nCountedBytes);
+    const int nBinarised = DualCamAlign_BinaryImage(pGrey, 1728, 972, 0.6, nullptr, aBinary.data(), 0.45,
+                                                    0.45, true, auwCenter, false);
+    StopWatching();
+    EXPECT_EQ(nBinarised, 0);
+    EXPECT_EQ(std::count(aBinary.begin(), aBinary.end(), 7), 1728 * 972);
+    WatchHeap(1, nCountedBytes);
+    const unsigned int nStatus = DualCamAlign_CalculateIntersectionAndAngle(
+        aBinary.data(), pGrey, 1728, 972, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0.45, 0.45,
+        true, auwCenter, false);
+    StopWatching();
+    EXPECT_EQ(nStatus, 0x1010006u);
+    std::free(pGrey);
+}
+
 TEST(MemoryFault, EachFailedAllocationLosesAtMostItsOwnRun) {
     const RecordFolder tRecordFolder;
     if (!tRecordFolder.IsWritable())
