@@ -53,12 +53,13 @@ void SetDark(PlaneView tPlane, int nBright, DarkBits* pBits) {
 void PaintBinary(const DarkBits& tBits, PictureSize tSize, unsigned char* pBinary) {
     std::memset(pBinary, ubBright, tSize.Pixels());
     for (std::int64_t y = 0; y < tBits.Rows(); ++y) {
-        unsigned char* pPixels =
+        unsigned char* const pRow =
             pBinary + (tBits.Place().tRows.nFirst + y) * tSize.nWidth + tBits.Place().tColumns.nFirst;
-        for (std::int64_t i = 0; i < tBits.Words(); ++i, pPixels += DarkBits::nWordBits) {
+        for (std::int64_t i = 0; i < tBits.Words(); ++i) {
             const Word nMask = DarkBits::BitsOf(i, 0, tBits.Columns()), nDark = tBits.Row(y)[i] & nMask;
             if (nDark != 0)
-                PaintWord(nDark, static_cast<std::size_t>(std::popcount(nMask)), pPixels);
+                PaintWord(nDark, static_cast<std::size_t>(std::popcount(nMask)),
+                          pRow + i * DarkBits::nWordBits);
         }
     }
 }

@@ -10,11 +10,11 @@ constexpr std::int64_t nBlockColumns = 32, nMostRows = 255;
 LevelCount CountInBlock(const unsigned char* pPixels, std::ptrdiff_t nStride, std::int64_t nRows,
                         unsigned char ubLevel, std::int64_t nSkippedColumns) {
     unsigned char aubBelow[nBlockColumns] = {}, aubUpTo[nBlockColumns] = {};
-    for (std::int64_t y = 0; y < nRows; ++y, pPixels += nStride) {
+    for (std::int64_t y = 0, n = 0; y < nRows; ++y, n += nStride) {
         for (std::int64_t i = 0; i < nBlockColumns; ++i)
-            aubBelow[i] = static_cast<unsigned char>(aubBelow[i] + (pPixels[i] < ubLevel ? 1 : 0));
+            aubBelow[i] = static_cast<unsigned char>(aubBelow[i] + (pPixels[n + i] < ubLevel ? 1 : 0));
         for (std::int64_t i = 0; i < nBlockColumns; ++i)
-            aubUpTo[i] = static_cast<unsigned char>(aubUpTo[i] + (pPixels[i] <= ubLevel ? 1 : 0));
+            aubUpTo[i] = static_cast<unsigned char>(aubUpTo[i] + (pPixels[n + i] <= ubLevel ? 1 : 0));
     }
     LevelCount t = {};
     for (std::int64_t i = nSkippedColumns; i < nBlockColumns; ++i) {
@@ -27,10 +27,10 @@ LevelCount CountInBlock(const unsigned char* pPixels, std::ptrdiff_t nStride, st
 LevelCount CountPixelByPixel(const unsigned char* pPixels, std::ptrdiff_t nStride, std::int64_t nRows,
                              unsigned char ubLevel, std::int64_t nColumns) {
     LevelCount t = {};
-    for (std::int64_t y = 0; y < nRows; ++y, pPixels += nStride)
+    for (std::int64_t y = 0; y < nRows; ++y)
         for (std::int64_t x = 0; x < nColumns; ++x) {
-            t.nBelow += pPixels[x] < ubLevel ? 1 : 0;
-            t.nUpTo += pPixels[x] <= ubLevel ? 1 : 0;
+            t.nBelow += pPixels[y * nStride + x] < ubLevel ? 1 : 0;
+            t.nUpTo += pPixels[y * nStride + x] <= ubLevel ? 1 : 0;
         }
     return t;
 }
