@@ -162,17 +162,18 @@ void WriteFrame(std::ostream& tOut) {
         tBinarisation.Add(Call(n) + "_slave_thresholds", m_tDualCamAlignData.adFrameThreshold_Slave);
         tBinarisation.Digest(Call(n) + "_plane", tBinary.Data(), tBinary.aPixels.size());
     }
-    // Thresholds of -2, -1.5, -1, -0.5 and 0.
+    // Thresholds of -2, -1.5, -1, -0.5 and 0, and of 255 and 256.
     StartAnew();
-    for (int n = 0; n <= 4; ++n) {
-        m_tDualCamAlignParam.dFrameParam4_Master = (n - 4) / 400.0;
-        Plane tGrey(40, 40, 200), tBinary(40, 40, 255);
+    for (int n = 0; n <= 6; ++n) {
+        const unsigned char ubPaper = n < 5 ? 200 : 255;
+        m_tDualCamAlignParam.dFrameParam4_Master = n < 5 ? (n - 4) / 400.0 : 250.0 / 255 + n / 255.0;
+        Plane tGrey(40, 40, ubPaper), tBinary(40, 40, 255);
         tGrey.Fill(5, 5, 34, 34, 0);
-        tGrey.Fill(10, 10, 29, 29, 200);
+        tGrey.Fill(10, 10, 29, 29, ubPaper);
         DualCamAlign_BinaryImageFrame(tGrey.Data(), tBinary.Data(), 40, 40, 20, 20, {2, 2}, {37, 37},
                                       {12, 12}, {27, 27}, 1);
-        tBinarisation.Add("dark_" + Call(n), m_tDualCamAlignData.adFrameThreshold_Master);
-        tBinarisation.Digest("dark_" + Call(n) + "_plane", tBinary.Data(), tBinary.aPixels.size());
+        tBinarisation.Add("at_limits_" + Call(n), m_tDualCamAlignData.adFrameThreshold_Master);
+        tBinarisation.Digest("at_limits_" + Call(n) + "_plane", tBinary.Data(), tBinary.aPixels.size());
     }
 }
 
