@@ -93,10 +93,9 @@ std::string Sentence(const std::string& str) {
 std::string UsageMessage(const CLI::App* pApp, const CLI::Error& tError) {
     const std::vector<CLI::App*> aChosen = pApp->get_subcommands();
     const CLI::App& tCommand = aChosen.empty() ? *pApp : *aChosen.front();
-    const std::string strName =
-        aChosen.empty() ? pApp->get_name() : pApp->get_name() + " " + tCommand.get_name();
-    return strName + ": " + Sentence(Harmless(Reason(tCommand, tError))) + "\n" + Advice(tCommand) +
-           "  See " + strName + " --help.\n";
+    const std::string strCommand = aChosen.empty() ? "" : " " + tCommand.get_name();
+    return pApp->get_name() + strCommand + ": " + Sentence(Harmless(Reason(tCommand, tError))) + "\n" +
+           Advice(tCommand) + "  See " + CalledAs() + strCommand + " --help.\n";
 }
 
 ExitCode Fail(const std::string& strMessage) {
@@ -105,11 +104,11 @@ ExitCode Fail(const std::string& strMessage) {
 }
 
 std::string Footer() {
-    return ExamplesHelp({"orvex-align render --out demo --rx 0.8",
-                         "orvex-align measure demo/master.pgm demo/slave.pgm"}) +
+    return ExamplesHelp({"render --out demo --rx 0.8", "measure demo/master.pgm demo/slave.pgm"}) +
            ExitCodesHelp(VerdictExits()) +
            "\nThese are measure's. Of the other commands 0 is done, or a record accepted, and 2 a record "
-           "refused;\neach command has its own: orvex-align help COMMAND.\n";
+           "refused;\neach command has its own: " +
+           CalledAs() + " help COMMAND.\n";
 }
 
 // As the parser takes them, the last one first. "help measure" is "measure --help"; of a mistyped command the

@@ -50,4 +50,8 @@ std::string ShellWord(const std::string& str) {
     return strWord + "'";
 }
 
+std::string CalledAs() {
+    return ShellWord(program_invocation_name);
+}
+
 } // namespace tools

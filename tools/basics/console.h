@@ -16,4 +16,7 @@ void Tell(const std::string& strMessage);
 // One word for the shell, quoted where its characters ask for it and harmless on the terminal.
 std::string ShellWord(const std::string& str);
 
+// The program as it was called, one word for the shell: what commands begin with that people copy.
+std::string CalledAs();
+
 } // namespace tools

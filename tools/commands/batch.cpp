@@ -198,11 +198,10 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
         "Also a gauge study: the spread of the raw angles within the rows of one id and between ids");
     tCommand.footer(
         std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" +
-        ExamplesHelp({"orvex-align batch LIST.csv --out results.csv",
-                      "orvex-align batch LIST.csv --out results.csv --resume",
-                      "orvex-align batch gauge.csv --out gauge.jsonl --format jsonl --repeatability",
-                      "orvex-align batch frames.csv --raw 1728x972 --out results.csv",
-                      "orvex-align batch LIST.csv --jobs 1 > results.csv"}) +
+        ExamplesHelp({"batch LIST.csv --out results.csv", "batch LIST.csv --out results.csv --resume",
+                      "batch gauge.csv --out gauge.jsonl --format jsonl --repeatability",
+                      "batch frames.csv --raw 1728x972 --out results.csv",
+                      "batch LIST.csv --jobs 1 > results.csv"}) +
         Exits());
     tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
 }

@@ -1,5 +1,6 @@
 #include "commands/help.h"
 
+#include "basics/console.h"
 #include "basics/text_table.h"
 #include "measuring/verdict.h"
 
@@ -100,7 +101,7 @@ std::string ManPage::make_help(const CLI::App* pApp, std::string, CLI::AppFormat
 std::string ExamplesHelp(std::initializer_list<const char*> aszCommands) {
     std::string str = "EXAMPLES\n";
     for (const char* const sz : aszCommands)
-        str += std::string(kIndent, ' ') + sz + "\n";
+        str += std::string(kIndent, ' ') + CalledAs() + " " + sz + "\n";
     return str + "\n";
 }
 

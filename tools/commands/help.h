@@ -13,7 +13,7 @@ public:
     std::string make_help(const CLI::App* pApp, std::string strName, CLI::AppFormatMode tMode) const override;
 };
 
-// The section of examples: commands as they are typed, a line each.
+// The section of examples: each is what is typed behind the program.
 std::string ExamplesHelp(std::initializer_list<const char*> aszCommands);
 
 struct ExitMeaning {

@@ -141,11 +141,11 @@ std::string Description() {
 }
 
 std::string Footer() {
-    return ExamplesHelp({"orvex-align measure master.png slave.png",
-                         "orvex-align measure master.nv21 slave.nv21 --raw 1728x972 --json",
-                         "orvex-align measure master.jpg slave.jpg --calibration calibration.bin --record "
+    return ExamplesHelp({"measure master.png slave.png",
+                         "measure master.nv21 slave.nv21 --raw 1728x972 --json",
+                         "measure master.jpg slave.jpg --calibration calibration.bin --record "
                          "AFProtect.txt",
-                         "orvex-align measure master.png slave.png --report report.html"}) +
+                         "measure master.png slave.png --report report.html"}) +
            ExitCodesHelp(VerdictExits());
 }
 

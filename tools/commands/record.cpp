@@ -32,8 +32,8 @@ constexpr char kDescription[] =
     "warnings tell what of these is not as a measurement writes it.";
 
 std::string Footer() {
-    return ExamplesHelp({"orvex-align record AFProtect.txt --calibration calibration.bin",
-                         "orvex-align record AFProtect.txt --calibration calibration.bin --json"}) +
+    return ExamplesHelp({"record AFProtect.txt --calibration calibration.bin",
+                         "record AFProtect.txt --calibration calibration.bin --json"}) +
            ExitCodesHelp({{ExitCode::kDone, "accepted"},
                           {ExitCode::kNotMeasured, "refused"},
                           {ExitCode::kUnfitFile, "a file could not be read, or does not fit"}});

@@ -60,13 +60,13 @@ ExitCode RenderOne(const Study& tStudy) {
     const PairOptions& tPair = tStudy.tCentre;
     const PairFiles tFiles = WritePair(tStudy.strFolder, tPair, tStudy.bOverwrite);
     Print(fmt::format("Wrote, with the poses in degrees\n{}\n"
-                      "Measure it:\n  orvex-align measure {} {} --calibration {} --truth {}\n",
+                      "Measure it:\n  {} measure {} {} --calibration {} --truth {}\n",
                       Table({{"", "Rx", "Ry", "Rz"},
                              Row(tFiles.strMaster, tPair.tMaster),
                              Row(tFiles.strSlave, tPair.tMaster + tPair.tRelative),
                              Row(tFiles.strTruth + " (slave minus master)", tPair.tRelative),
                              {tFiles.strCalibration, "-", "-", "-"}}),
-                      ShellWord(tFiles.strMaster), ShellWord(tFiles.strSlave),
+                      CalledAs(), ShellWord(tFiles.strMaster), ShellWord(tFiles.strSlave),
                       ShellWord(tFiles.strCalibration), ShellWord(tFiles.strTruth)));
     return ExitCode::kDone;
 }
@@ -80,8 +80,8 @@ ExitCode RenderMany(const Study& tStudy) {
                          tOutcome.nPairs, nPairs));
         return StoppedBy(tOutcome.nSignal);
     }
-    Print(fmt::format("Wrote {} pairs and {}\n\nMeasure them:\n  orvex-align batch {} --out {}{}\n", nPairs,
-                      Harmless(tOutcome.strList), ShellWord(tOutcome.strList),
+    Print(fmt::format("Wrote {} pairs and {}\n\nMeasure them:\n  {} batch {} --out {}{}\n", nPairs,
+                      Harmless(tOutcome.strList), CalledAs(), ShellWord(tOutcome.strList),
                       ShellWord(std::filesystem::path(tStudy.strFolder) / "results.csv"),
                       tStudy.nRepeats > 1 ? " --repeatability" : ""));
     return ExitCode::kDone;
@@ -162,10 +162,10 @@ constexpr char kDescription[] =
     "shows on a terminal.";
 
 std::string Footer() {
-    return ExamplesHelp({"orvex-align render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2",
-                         "orvex-align render --out study --count 200 --range 1.5 --noise 2",
-                         "orvex-align render --out range --count 200 --noise 1 --max-noise 4 --max-blur 2.5",
-                         "orvex-align render --out gauge --count 10 --repeats 5 --noise 2"}) +
+    return ExamplesHelp({"render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2",
+                         "render --out study --count 200 --range 1.5 --noise 2",
+                         "render --out range --count 200 --noise 1 --max-noise 4 --max-blur 2.5",
+                         "render --out gauge --count 10 --repeats 5 --noise 2"}) +
            ExitCodesHelp(
                {{ExitCode::kDone, "all files written"},
                 {ExitCode::kUnfitFile, "a file could not be written, or is there with other content"}},

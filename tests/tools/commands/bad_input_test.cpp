@@ -90,14 +90,14 @@ TEST_F(BadInput, UnusableFileIsToldByName) {
 TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
     Write("-out", "");
     const Refusal aCases[] = {
-        {"", {"name a command", "See orvex-align --help"}},
+        {"", {"name a command", " --help.\n"}},
         {"measure a b --calibration c --jsn", {"\"--jsn\" is not understood; did you mean --json?\n  See"}},
         {"measure -dash.pgm b --calibration c", {"understood.\n  If it is a file, write ./-dash.pgm.\n"}},
         {"measure a -out --calibration c", {"write ./-out."}}, // such a file is there
         {"measure a '' --calibration c", {"SLAVE: the name is empty"}},
         {"measure a b --calibration c --record ''", {"--record: the name is empty"}},
-        {"measre a b", {"did you mean measure?", "See orvex-align --help"}},
-        {"measure a b --record r", {"--record requires --calibration", "See orvex-align measure --help"}},
+        {"measre a b", {"did you mean measure?", " --help.\n"}},
+        {"measure a b --record r", {"--record requires --calibration", " measure --help.\n"}},
         {"measure a b --max-difference -1", {"is not a number from 0 to 90"}},
         {"render --out x --rx 45.1", {"\"45.1\" is not a number from -45 to 45"}},
         {"render --out x --rz nan", {"\"nan\" is not a number"}},
@@ -126,11 +126,22 @@ TEST_F(BadInput, HelpAnswersOnStandardOutput) {
     for (const std::string strCommand : aszCommands) {
         const Outcome t = Run(strCommand + "--help");
         EXPECT_EQ(t.nExit, 0) << strCommand;
-        EXPECT_TRUE(
-            Holds(t.strOut, {"NAME\n    orvex-align ", "\nEXAMPLES\n    orvex-align ",
-                             "\nEXIT CODES\n      0  ", "\n     64  wrong usage\n    1", "\n    130  "}));
+        EXPECT_TRUE(Holds(t.strOut, {"NAME\n    orvex-align ", "\nEXAMPLES\n    ", "\nEXIT CODES\n      0  ",
+                                     "\n     64  wrong usage\n    1", "\n    130  "}));
     }
     EXPECT_TRUE(Run("--version").strOut.starts_with("orvex-align "));
+}
+
+TEST_F(BadInput, CommandsOfHelpAndAdviceRunAsTheyStand) {
+    const auto Between = [](const std::string& str, const std::string& strHead, const std::string& strEnd) {
+        const std::size_t nFirst = str.find(strHead) + strHead.size();
+        return str.substr(nFirst, str.find(strEnd, nFirst) - nFirst);
+    };
+    const Outcome tExamples = RunInShell(Between(Run("--help").strOut, "EXAMPLES\n", "\n\n"));
+    EXPECT_EQ(tExamples.nExit, 0) << tExamples.strErr;
+    EXPECT_TRUE(Holds(tExamples.strOut, {"WITHIN RANGE"}));
+    const Outcome tAdvised = RunInShell(Between(Run("measure").strErr, "  See ", ".\n"));
+    EXPECT_TRUE(Holds(tAdvised.strOut, {"NAME\n    orvex-align measure - "})) << tAdvised.strErr;
 }
 
 } // namespace program

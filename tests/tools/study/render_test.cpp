@@ -83,11 +83,20 @@ TEST_F(RenderCommand, EarlierRenderingIsReplacedOnlyOnRequestAndItsListGoesFirst
     EXPECT_NE(Read("copy/0001/truth.json"), Read("s/0001/truth.json"));
 }
 
-TEST_F(RenderCommand, PrintedCommandMeasuresThePair) {
-    const std::string strOut = Run("render --rx 1 --out \"it's a pair\"").strOut;
-    const Outcome t = Run(strOut.substr(strOut.find("measure ")));
-    EXPECT_EQ(t.nExit, 0) << t.strErr;
-    EXPECT_TRUE(Holds(t.strOut, {"Against the truth"}));
+TEST_F(RenderCommand, PrintedCommandsRunAsTheyStand) {
+    const std::string strCalled = "\"./it's align\" render --out \"it's ", strShown = "  './it'\\''s align' ";
+    std::filesystem::create_symlink(ORVEX_ALIGN_PROGRAM, m_tFolder / "it's align");
+    const std::pair<std::string, std::string> aCases[] = {
+        {"a pair\" --rx 0.8", "Against the truth"},
+        {"a study\" --count 2 --repeats 2 --range 0.5", "Repeatability of the raw angles"}};
+    for (const auto& [strOptions, strTold] : aCases) {
+        const std::string strOut = RunInShell(strCalled + strOptions).strOut;
+        const std::size_t nCommand = strOut.find(strShown);
+        ASSERT_NE(nCommand, strOut.npos) << strOut;
+        const Outcome t = RunInShell(strOut.substr(nCommand));
+        EXPECT_EQ(t.nExit, 0) << t.strErr;
+        EXPECT_TRUE(Holds(t.strOut, {strTold}));
+    }
 }
 
 TEST_F(RenderCommand, FailureLeavesTheFolderAsItWas) {
