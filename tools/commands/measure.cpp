@@ -124,8 +124,13 @@ std::string Description() {
         "Pictures are told by their content, not by their names: {}, or raw planes with --raw. Colour "
         "becomes grey by its luminance; pixels are taken as they lie in the file. A picture that shows the "
         "whole frame has at least {}.\n"
-        "Angles come raw, as measured, and rescaled, as the station receives them. The rescaled ones decide: "
-        "allowed are {} degrees, raw {} degrees.\n"
+        "Angles are the slave's less the master's, in degrees. In the picture of a camera turned by a "
+        "positive angle Rx, about the horizontal axis, the frame's bottom side is longer than its top side; "
+        "Ry, about the vertical one, the left side is longer than the right one; Rz, about the optical axis, "
+        "the right end of the horizontal bar is higher than its left end.\n"
+        "Angles come raw, as measured, and rescaled, as the station receives them. Below 1 degree in "
+        "magnitude both are the same; from there on the rescaled magnitude is (raw - 0.2) * 1.8 / 2.3 + 0.2. "
+        "The rescaled ones decide: allowed are {} degrees, raw {} degrees.\n"
         "A second reading of both pictures, the tool's own, tells each angle once more, with its standard "
         "uncertainty. A pair within range is doubtful where something speaks against it: the two readings "
         "differ, an angle is uncertain or too near to its limit, a trust number is beyond its limit, both "
@@ -166,10 +171,11 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
     AddJson(tCommand, pOptions->bJson);
     tCommand.add_flag("--verbose", pOptions->bVerbose, "Print all numbers, and what the library printed");
     pOptions->tDoubt.AddTo(tCommand);
-    AddFile(tCommand, "--record", pOptions->strRecord,
-            "Also write the autofocus record file, encrypted for this module; all zeros inside if the chart "
-            "could not be measured. The phone's own record file is then replaced too where its folder "
-            "/sdcard is there")
+    AddFile(
+        tCommand, "--record", pOptions->strRecord,
+        "Also write the autofocus record file, encrypted for this module; all zeros inside if the chart "
+        "could not be measured. The phone's own, /sdcard/AFProtect.txt, is then replaced too if there is a "
+        "folder /sdcard")
         .needs(&tCalibration);
     AddFile(tCommand, "--report", pOptions->strReport,
             "Also write one HTML page with both pictures, what was found in them, and every number");

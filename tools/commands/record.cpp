@@ -45,7 +45,7 @@ void AddRecordCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand("record", kDescription);
     AddFile(tCommand, "FILE", pOptions->strFile,
-            "The record file: AFProtect.txt of a phone, or measure --record's", "")
+            "The record file: /sdcard/AFProtect.txt of a phone, or measure --record's", "")
         .required();
     AddCalibration(tCommand, pOptions->strCalibration, "the record's key is made from it").required();
     AddJson(tCommand, pOptions->bJson);
