@@ -133,7 +133,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
                   "that a measurement leaves, and render pairs with known rotation.",
                   "orvex-align");
     tApp.set_version_flag("--version", [] {
-        return std::string("orvex-align ") + kToolVersion + "\nlibOrvex_Alignment " + LibraryVersion();
+        return "orvex-align " + ToolVersion() + "\nlibOrvex_Alignment " + LibraryVersion();
     });
     tApp.formatter(std::make_shared<ManPage>());
     tApp.failure_message(UsageMessage);

@@ -8,6 +8,10 @@
 
 namespace tools {
 
+std::string ToolVersion() {
+    return ORVEX_VERSION;
+}
+
 std::string LibraryVersion() {
     const std::unique_ptr<char, decltype(&std::free)> pVersion(getVersion(), &std::free);
     if (!pVersion)

@@ -4,9 +4,10 @@
 
 namespace tools {
 
-constexpr char kToolVersion[] = "1.0.0";
+// Of the release.
+std::string ToolVersion();
 
-// As the loaded library tells it.
+// As the loaded library tells it; the same in every release.
 std::string LibraryVersion();
 
 } // namespace tools

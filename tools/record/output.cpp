@@ -104,7 +104,7 @@ std::string JsonTextOf(const RecordReport& report) {
                        {"file_bytes", tReading.nFileBytes},
                        {"calibration_file", report.strCalibrationFile},
                        {"library_version", LibraryVersion()},
-                       {"tool_version", kToolVersion}});
+                       {"tool_version", ToolVersion()}});
 }
 
 } // namespace tools

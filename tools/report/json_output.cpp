@@ -78,7 +78,7 @@ std::string JsonTextOf(const Report& report) {
         tJson["truth"] = ComparisonJson(report);
     tJson["diagnostics"] = pair.aDiagnostics;
     tJson["library_version"] = LibraryVersion();
-    tJson["tool_version"] = kToolVersion;
+    tJson["tool_version"] = ToolVersion();
     return TextOf(tJson);
 }
 

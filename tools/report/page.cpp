@@ -159,7 +159,7 @@ std::string HtmlOf(const Report& report) {
                        Head(report), report.tVerdict.tVerdict.szLook, Banner(report), Legend(),
                        Figure(report.tMaster, report), Figure(report.tSlave, report), Numbers(report),
                        fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())),
-                       kToolVersion, Escaped(LibraryVersion()), kReportScript);
+                       ToolVersion(), Escaped(LibraryVersion()), kReportScript);
 }
 
 } // namespace tools
