@@ -13,7 +13,7 @@ CONFIGURE := cmake --log-level=NOTICE -DORVEX_WERROR=$(if $(CI),ON,OFF)
 MAKEFLAGS += --no-print-directory
 .NOTPARALLEL: # two targets may build in one folder; each uses all cores
 .PHONY: all build help setup demo test test-clang test-asan test-browser fuzz test-arm64 compare-arm64 lint valgrind \
-  coverage install aar bench bench-compare compare-base digests study mutants clean
+  coverage install aar bench bench-compare compare-base digests study mutants limits clean
 
 all: build
 build: build-release ## all that there is, optimised, into build/release
@@ -49,6 +49,10 @@ study: ## the second reading of 2,000 clean and 1,000 dirty pairs against the tr
 	@$(MAKE) build-release TARGET=reading_tests
 	@build/release/tests/reading_tests --clean $(or $(FIRST),0) 2000
 	@build/release/tests/reading_tests --dirt $(or $(FIRST),0) 1000
+
+limits: ## how much noise, blur, roll, faintness and what sizes are borne; writes docs/limits.svg anew and prints its table
+	@$(MAKE) build-release TARGET=orvex-align PACKAGES="$(TOOL_PACKAGES) python3"
+	@python3 docs/limits.py build/release/bin/orvex-align docs/limits.svg
 
 mutants: ## plants COUNT (100) faults in a copy of src/, drawn by SEED (1); lists what no test catches; fails below 95 %
 	@$(NEED) $(PACKAGES) python3
