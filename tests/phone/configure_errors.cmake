@@ -1,4 +1,4 @@
-# Without the NDK or without Mbed TLS's source the configuration stops and tells what to set.
+# Without the NDK or without Mbed TLS's source the configuration stops and tells what to set, and nothing else.
 cmake_minimum_required(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/expect_refused.cmake)
 file(REMOVE_RECURSE ${WORK})
@@ -7,11 +7,16 @@ file(WRITE ${WORK}/ndk/source.properties "Pkg.Revision = 26.3.11579264\n")
 function(expect_stop ndk mbedtls expected)
   set(ENV{ANDROID_NDK_HOME} "${ndk}")
   set(ENV{ORVEX_MBEDTLS_SOURCE} "${mbedtls}")
-  file(REMOVE_RECURSE ${WORK}/build)
   expect_refused("${expected}" ${CMAKE_COMMAND} --preset android-arm64 -S ${SOURCE} -B ${WORK}/build
     -DCMAKE_C_COMPILER=${C} -DCMAKE_CXX_COMPILER=${CXX})
+  string(REGEX MATCHALL "CMake Error" errors "${told}")
+  if(NOT errors STREQUAL "CMake Error")
+    message(SEND_ERROR "one error was expected:\n${told}")
+  endif()
 endfunction()
 expect_stop("" ${WORK} "ANDROID_NDK_HOME is \"\", which is no folder of an Android NDK")
 expect_stop(${WORK} ${WORK} "ANDROID_NDK_HOME is \"${WORK}\", which is no folder of an Android NDK")
 expect_stop(${WORK}/ndk "" "ORVEX_MBEDTLS_SOURCE is \"\", which is no source folder of Mbed TLS")
 expect_stop(${WORK}/ndk ${WORK} "ORVEX_MBEDTLS_SOURCE is \"${WORK}\", which is no source folder of Mbed TLS")
+# Now that the folder knows its compilers:
+expect_stop("" ${WORK} "ANDROID_NDK_HOME is \"\", which is no folder of an Android NDK")
