@@ -25,7 +25,7 @@ function(check library script)
   if(NOT result EQUAL 0)
     string(REGEX REPLACE "\n[ \n]*\n" "\n" told "${told}")
     message(FATAL_ERROR "${library} is not fit for phones, nothing was packed: build it anew with one of the android "
-      "presets; if it stays so, its link is at fault (cmake/PhoneLink.cmake).\n${told}")
+      "presets; if it stays so, its link (cmake/PhoneLink.cmake) or what is linked into it is at fault.\n${told}")
   endif()
 endfunction()
 
@@ -60,6 +60,7 @@ foreach(folder IN LISTS folders)
   cache_value(CMAKE_NM ${folder} nm)
   check(${library} phone/linked_library.cmake -DREADELF=${readelf})
   check(${library} exported_symbols.cmake -DNM=${nm} -DLIST=${project}/src/exports.list)
+  check(${library} phone/platform.cmake -DNM=${nm} -DSOURCE=${project} -DLIST=${project}/tests/phone/platform.list)
 
   file(COPY ${library} DESTINATION ${stage}/jni/${abi})
   file(COPY ${library} DESTINATION ${stage}/${module}/libs/android.${abi})

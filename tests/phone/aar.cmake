@@ -14,12 +14,21 @@ write_build(arm64-v8a 1.2.3.04)
 expect_refused("arm64-v8a/lib/libOrvex_Alignment.so is missing" ${pack})
 write_build(x86_64 1.2.3.05)
 configure_file(${UNFIT} ${WORK}/android-arm64-v8a/lib/libOrvex_Alignment.so COPYONLY)
-expect_refused("is not fit for phones" ${pack})
+expect_refused("needs what phones lack" ${pack})
 foreach(abi arm64-v8a x86_64) # by content: the unfit library may be of the same second
   configure_file(${LIBRARY} ${WORK}/android-${abi}/lib/libOrvex_Alignment.so COPYONLY)
 endforeach()
 expect_refused("versions 1.2.3.04 and 1.2.3.05" ${pack})
 write_build(x86_64 1.2.3.04)
+# Names of the same length, so that the library stays whole.
+function(expect_refused_with change told)
+  execute_process(COMMAND sed ${change} ${LIBRARY} OUTPUT_FILE ${WORK}/android-x86_64/lib/libOrvex_Alignment.so
+    COMMAND_ERROR_IS_FATAL ANY)
+  expect_refused("${told}" ${pack})
+endfunction()
+expect_refused_with(s/__android_log_print/__android_log_other/g "platform.list): __android_log_other")
+expect_refused_with(s/bubblesort/bubblesink/g "exported:")
+configure_file(${LIBRARY} ${WORK}/android-x86_64/lib/libOrvex_Alignment.so COPYONLY)
 execute_process(COMMAND ${pack} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 
 # What must come out byte for byte, beside the descriptions.
