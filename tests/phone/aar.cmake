@@ -3,23 +3,30 @@ cmake_minimum_required(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/expect_refused.cmake)
 set(pack ${CMAKE_COMMAND} -DBUILD=${WORK} -P ${SOURCE}/cmake/aar/pack.cmake)
 
-function(write_build abi version)
+function(write_build abi version readelf protected)
   file(WRITE ${WORK}/android-${abi}/CMakeCache.txt "CMAKE_PROJECT_VERSION:STATIC=${version}\n"
     "ANDROID_ABI:STRING=${abi}\nANDROID_PLATFORM:STRING=android-24\nORVEX_NDK_VERSION:INTERNAL=26\n"
-    "CMAKE_READELF:FILEPATH=${READELF}\nCMAKE_NM:FILEPATH=${NM}\n")
+    "CMAKE_READELF:FILEPATH=${readelf}\nCMAKE_NM:FILEPATH=${NM}\n"
+    "ORVEX_HAS_mbranch_protection_standard:INTERNAL=${protected}\n")
 endfunction()
 file(REMOVE_RECURSE ${WORK})
+# As if the library were of arm64 and had its note, which this system's own libraries lack or lose.
+file(WRITE ${WORK}/readelf "#!/bin/sh\n'${READELF}' \"$@\" && echo '  Properties: AArch64 feature: BTI, PAC'\n")
+file(CHMOD ${WORK}/readelf PERMISSIONS OWNER_READ OWNER_EXECUTE)
 expect_refused("Run `make build-android-arm64`" ${pack})
-write_build(arm64-v8a 1.2.3.04)
+write_build(arm64-v8a 1.2.3.04 ${WORK}/readelf 1)
 expect_refused("arm64-v8a/lib/libOrvex_Alignment.so is missing" ${pack})
-write_build(x86_64 1.2.3.05)
+write_build(x86_64 1.2.3.05 ${READELF} "")
 configure_file(${UNFIT} ${WORK}/android-arm64-v8a/lib/libOrvex_Alignment.so COPYONLY)
 expect_refused("needs what phones lack" ${pack})
 foreach(abi arm64-v8a x86_64) # by content: the unfit library may be of the same second
   configure_file(${LIBRARY} ${WORK}/android-${abi}/lib/libOrvex_Alignment.so COPYONLY)
 endforeach()
 expect_refused("versions 1.2.3.04 and 1.2.3.05" ${pack})
-write_build(x86_64 1.2.3.04)
+write_build(x86_64 1.2.3.04 ${READELF} "")
+write_build(arm64-v8a 1.2.3.04 ${READELF} 1)
+expect_refused("the note for BTI and PAC was lost" ${pack})
+write_build(arm64-v8a 1.2.3.04 ${WORK}/readelf 1)
 # Names of the same length, so that the library stays whole.
 function(expect_refused_with change told)
   execute_process(COMMAND sed ${change} ${LIBRARY} OUTPUT_FILE ${WORK}/android-x86_64/lib/libOrvex_Alignment.so

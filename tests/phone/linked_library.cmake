@@ -1,10 +1,12 @@
-# A library as it is linked for phones: what it needs, how it is laid out, how large it is.
+# A library as it is linked for phones: what it needs, how it is laid out, how large it is. With BRANCH_PROTECTION it
+# was compiled for arm64 with marks of where a jump may land and with signed return addresses.
 cmake_minimum_required(VERSION 3.25)
 set(page 16384)
 set(largest 512000) # bytes of the file
 
 set(ENV{LC_ALL} C)
-execute_process(COMMAND ${READELF} --wide --dynamic --dyn-syms --program-headers --section-headers ${LIBRARY}
+execute_process(COMMAND ${READELF} --wide --dynamic --dyn-syms --program-headers --section-headers --notes
+  ${LIBRARY}
   OUTPUT_VARIABLE elf COMMAND_ERROR_IS_FATAL ANY)
 
 string(REPLACE "[" "<" elf "${elf}")
@@ -21,6 +23,12 @@ foreach(what
 endforeach()
 if(elf MATCHES "\\(TEXTREL\\)|\\((RPATH|RUNPATH)\\)[^\n]*|\n +LOAD [^\n]* RWE [^\n]*|[^\n]* \\.z?debug_[^\n]*")
   message(SEND_ERROR "relocated code, search path, writable code or debug information: ${CMAKE_MATCH_0}")
+endif()
+
+# One object without the note takes it from the whole library, and the phone then loads it unprotected.
+if(BRANCH_PROTECTION AND NOT elf MATCHES "feature: BTI, PAC")
+  message(SEND_ERROR "the note for BTI and PAC was lost in the link; with -Wl,-z,force-bti the linker names the "
+    "objects that lack it")
 endif()
 
 # Here the libraries' names carry versions, and the C library's loader stands beside it.
