@@ -61,6 +61,13 @@ TEST(RegionThreshold, CountingGivesWhatAllPixelsInOrderGive) {
     }
 }
 
+TEST(RegionThreshold, NoPixelsGiveNone) {
+    double dThreshold = dNone;
+    EXPECT_FALSE(
+        orvex::CalcRegionThreshold(Plane(9, 9, 200).Data(), 9, 5, 5, 4, 8, 0.1, 0.1, 0.15, &dThreshold));
+    EXPECT_EQ(dThreshold, dNone);
+}
+
 TEST(RegionThreshold, HalfThePixelsAreNotMoreThanHalf) {
     for (int nRows = 64; nRows < 96; ++nRows) {
         Plane tPlane(128, nRows, 200);
