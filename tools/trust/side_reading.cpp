@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <iterator>
 #include <numeric>
@@ -69,7 +70,7 @@ void TakeProfile(const Picture& picture, Point tMiddle, Point tNormal, Span tAcr
 // Of at least one sample, 0 to 255. Counted by whole levels, of which the middle one's few samples are
 // sorted.
 double MedianGrey(std::span<const double> adGrey) {
-    std::array<unsigned short, 256> anCounts = {};
+    std::array<std::uint32_t, 256> anCounts = {};
     for (const double d : adGrey)
         ++anCounts[static_cast<std::size_t>(d)];
     std::size_t nLevel = 255, nBehind = (adGrey.size() - 1) / 2; // of those that are as bright or brighter
