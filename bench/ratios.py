@@ -12,7 +12,8 @@ def rows(files):
         for row in json.loads(file.read_text())['benchmarks']:
             if 'copies' not in row:
                 sys.exit(f'{file}: {row["name"]}: {row.get("error_message", "no figure")}')
-            values.setdefault(row.get('label') or row['name'].split('/iterations')[0], []).append((row['copies'], row['faults']))
+            name = row.get('label') or row['name'].split('/iterations')[0]
+            values.setdefault(name, []).append((row['copies'], row['faults']))
     return {name: [statistics.median(column) for column in zip(*runs)] for name, runs in values.items()}
 
 

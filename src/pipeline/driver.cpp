@@ -146,8 +146,8 @@ unsigned int DualCamAlign_Calculation(unsigned char* pMasterRGB, unsigned char* 
     unsigned char* const pGray = WorkingBuffer(nPixels * 3);
     unsigned char* const pBinary = pGray != nullptr ? pGray + nPixels : nullptr;
 
-    // Where the slave's grey plane will take the place of all of the master's, the master's is its picture;
-    // only a master that fails leaves its own.
+    // A master whose grey plane the slave's will overwrite whole is measured in its own picture. The plane is
+    // made only if the master fails, so that it can be looked at.
     const bool bReplaced =
         pGray != nullptr && tMaster.IsUsable() && tSlave.IsUsable() && tSlave.Pixels() == nPixels;
     unsigned char* const pMasterGray = bReplaced ? pMasterRGB : tMaster.CopyTo(pGray);

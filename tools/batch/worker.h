@@ -17,8 +17,8 @@ struct WorkerOutcome {
 };
 
 // This same program in a process of its own that answers one question after the other, each of some texts.
-// Every text of a question or an answer ends in a zero byte. Ctrl-C on the terminal does
-// not reach it. A process that still runs is killed when its Worker goes.
+// Every text of a question or an answer ends in a zero byte. Ctrl-C on the terminal does not reach it. A
+// process that still runs is killed when its Worker goes.
 class Worker {
 public:
     // aArguments without the program's name; strFolder: where it runs.

@@ -45,8 +45,9 @@ constexpr double kLeastRead = 90.0;
 // px. The frame is searched outward from 450 px beside the cross and 200 px above and below it.
 constexpr double kLeastFrameWidth = 900, kLeastFrameHeight = 400;
 
-// px by which the roll moves the ends of the frame's long sides: rendered pairs of any size are measured up
-// to 38, that is 3.7 degrees of roll in a picture of 1728 x 972 px.
+// px by which the roll moves the ends of the frame's long sides: rendered pairs up to 3072 px wide are
+// measured up to 38, that is 3.7 degrees of roll in a picture of 1728 x 972 px. Of larger ones a few fail at
+// a corner before.
 constexpr double kLargeRoll = 38;
 
 // What something on the chart leaves in the second reading's numbers: of 501 clean rendered pairs none was
