@@ -1,3 +1,4 @@
+#include "basics/closest_word.h"
 #include "basics/console.h"
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"
@@ -13,9 +14,7 @@
 #include <filesystem>
 #include <memory>
 #include <new>
-#include <numeric>
 #include <unistd.h>
-#include <utility>
 
 namespace {
 
@@ -36,30 +35,14 @@ std::vector<std::string> Commands(const CLI::App& tApp) {
     return a;
 }
 
-// How many letters must be put in, left out or changed to make one word of the other.
-std::size_t Distance(const std::string& strOne, const std::string& strOther) {
-    std::vector<std::size_t> an(strOther.size() + 1);
-    std::iota(an.begin(), an.end(), std::size_t{0});
-    for (std::size_t i = 0; i < strOne.size(); ++i) {
-        std::size_t nDiagonal = std::exchange(an[0], i + 1);
-        for (std::size_t j = 0; j < strOther.size(); ++j) {
-            const std::size_t nChanged = nDiagonal + (strOne[i] == strOther[j] ? 0 : 1);
-            nDiagonal = an[j + 1];
-            an[j + 1] = std::min({nChanged, an[j] + 1, nDiagonal + 1});
-        }
-    }
-    return an.back();
-}
-
 // "; did you mean measure?"
 std::string Suggestion(const CLI::App& tCommand, const std::string& strTyped) {
     std::vector<std::string> a = Commands(tCommand);
     for (const CLI::Option* const p : tCommand.get_options())
         if (!p->get_lnames().empty())
             a.push_back("--" + p->get_lnames().front());
-    const auto p =
-        std::ranges::min_element(a, {}, [&](const std::string& str) { return Distance(str, strTyped); });
-    return p == a.end() || Distance(*p, strTyped) > 2 ? "" : "; did you mean " + *p + "?";
+    const std::optional<std::string> o = ClosestWord(strTyped, a);
+    return o ? "; did you mean " + *o + "?" : "";
 }
 
 // What the parser could not place comes first: it is often the cause of what is then missing.
@@ -144,6 +127,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     AddRecordCommand(tApp, tExit);
     AddBatchCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
+    AddParametersCommand(tApp, tExit);
     try {
         tApp.parse(Arguments(tApp, nArguments, aszArguments));
     } catch (const CLI::ParseError& t) {

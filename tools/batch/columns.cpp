@@ -33,6 +33,7 @@ constexpr TextColumn kTexts[] = {{kPairColumns[0], &BatchRow::strId, nullptr},
                                  {"camera", &BatchRow::strCamera, "status/camera"},
                                  {"stage", &BatchRow::strStage, "status/stage"},
                                  {"words", &BatchRow::strWords, "status/words"},
+                                 {"product", &BatchRow::strProduct, "product/file"},
                                  {"warnings", &BatchRow::strWarnings, nullptr}}; // where people see them
 constexpr char kWarningKinds[] = "warning_kinds";
 constexpr std::size_t kExitAt = 4, kVerdictAt = 6;
@@ -100,9 +101,12 @@ const std::vector<NumberColumn>& NumberColumns() {
     static const std::vector<NumberColumn> kColumns = [] {
         std::vector<NumberColumn> a;
         const auto Add = [&](const std::string& strOwner, const Quantities& aQuantities) {
+            const std::string strWords = strOwner.ends_with("master/")  ? "master: "
+                                         : strOwner.ends_with("slave/") ? "slave: "
+                                                                        : "";
             for (const Quantity& tQuantity : aQuantities)
                 a.push_back({ColumnOf(strOwner + tQuantity.strKey), strOwner + tQuantity.strKey,
-                             tQuantity.nDecimals == 0});
+                             strWords + tQuantity.strLabel, tQuantity.nDecimals == 0});
         };
         Add("raw_deg/", QuantitiesOf(std::optional<Angles>()));
         Add("rescaled_deg/", QuantitiesOf(std::optional<Angles>()));
@@ -136,7 +140,8 @@ BatchRow RowOfAnswer(const PairNames& tNames, const Json& tAnswer) {
         throw Json::other_error::create(501, "no verdict", &tAnswer);
     for (const TextColumn& tColumn : kTexts)
         if (tColumn.szKey != nullptr)
-            tRow.*tColumn.pText = TextIn(tAnswer.at(PlaceOf(tColumn.szKey)));
+            tRow.*tColumn.pText =
+                TextIn(tAnswer.value(PlaceOf(tColumn.szKey), Json())); // some are told at need
     tRow.strWarnings =
         fmt::to_string(fmt::join(tAnswer.at("warnings").get<std::vector<std::string>>(), kBetween));
     for (const Json& tWarning : tAnswer.at("warning_details"))

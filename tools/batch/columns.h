@@ -7,9 +7,10 @@ namespace tools {
 
 // A measurement or trust number in the rows.
 struct NumberColumn {
-    std::string strName; // ends in the unit: "raw_rx_deg"
-    std::string strKey;  // in the object that measure prints: "raw_deg/rx"
-    bool bWhole;         // it counts something
+    std::string strName;  // ends in the unit: "raw_rx_deg"
+    std::string strKey;   // in the object that measure prints: "raw_deg/rx"
+    std::string strLabel; // for people
+    bool bWhole;          // it counts something
 };
 
 // The raw angles come first.

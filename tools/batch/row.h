@@ -14,6 +14,7 @@ struct BatchRow : PairNames {
     std::string strWarnings;
     std::vector<std::string> aWarningKinds;      // as KeyOf has them
     std::vector<std::optional<double>> aNumbers; // as NumberColumns()
+    std::string strProduct = {};                 // whose parameters measured it; empty for the library's own
 };
 
 // What the process that measured this pair has to say, whatever became of it.

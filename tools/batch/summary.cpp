@@ -2,6 +2,7 @@
 
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"
+#include "batch/columns.h"
 #include "measuring/verdict.h"
 #include "trust/warnings.h"
 
@@ -48,6 +49,10 @@ std::string ReasonOf(const BatchItem& tItem, const std::string& strWords) {
     return strWords;
 }
 
+bool IsMargin(std::string_view strKey) {
+    return strKey.ends_with("_margin_px") || strKey.ends_with("border_distance_px");
+}
+
 bool IsMeasured(VerdictKind tVerdict) {
     return tVerdict < VerdictKind::kNotMeasured;
 }
@@ -82,8 +87,14 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
     if (!tRow.aWarningKinds.empty() && IsMeasured(tRow.pVerdict->tKind)) {
         m_tWarned[tItem.nLine] = tItem.strId;
         for (const std::string& strKey : tRow.aWarningKinds)
-            ++m_tWarnings[GeneralText(strKey).value_or(strKey)];
+            ++m_tWarnings[GeneralText(strKey, m_limits).value_or(strKey)];
     }
+    for (std::size_t i = 0; i < tRow.aNumbers.size(); ++i)
+        if (const std::optional<double> o = tRow.aNumbers[i]; o && IsMargin(NumberColumns()[i].strKey)) {
+            const Least tLeast = {*o, tItem.nLine, tItem.strId}; // rows come in any order
+            Least& t = m_tMargins.try_emplace(i, tLeast).first->second;
+            t = std::min(t, tLeast);
+        }
     for (std::size_t i = 0; i < m_aAxes.size(); ++i)
         if (const std::optional<double> oRaw = tRow.aNumbers[i]) {
             m_aAxes[i].aRaw.push_back(*oRaw);
@@ -104,6 +115,14 @@ std::string BatchSummary::WarningsText() const {
                        " angles may be wrong" +
                        (aIds.size() > kIdsShown ? "" : " (id " + Harmless(Listed(aIds)) + ")"),
                    m_tWarnings);
+}
+
+// What fails first where the next module sits a little differently.
+std::string BatchSummary::MarginsText() const {
+    std::vector<Cells> aRows = {{"", "px", "id"}};
+    for (const auto& [nColumn, tLeast] : m_tMargins)
+        aRows.push_back({NumberColumns()[nColumn].strLabel, Fixed(tLeast.dValue, 0), tLeast.strId});
+    return aRows.size() == 1 ? "" : "\nLeast margins\n" + Table(aRows);
 }
 
 std::string BatchSummary::Text() const {
@@ -128,14 +147,14 @@ std::string BatchSummary::Text() const {
                       "\nRaw angles, degrees (standard deviation with n - 1)\n" + Table(aRaw);
     if (!m_aAxes[0].aDeviations.empty())
         str += "\nRaw angles minus the list's truth, degrees\n" + Table(aDeviations);
-    return str;
+    return str + MarginsText();
 }
 
 std::string BatchSummary::RepeatabilityText() const {
     std::vector<Cells> aRows = {{"", "ids", "rows per id", "within", "between", "total", "share"}};
     for (std::size_t i = 0; i < m_aAxes.size(); ++i) {
         const GaugeStudy t = StudyOf(m_aAxes[i].tById);
-        const double dShare = 100 * 6 * t.dWithin / (2 * kRawLimit);
+        const double dShare = 100 * 6 * t.dWithin / (2 * m_limits.Raw());
         aRows.push_back({kAxes[i].szLabel, std::to_string(t.nGroups), Fixed(t.dPerGroup, 1),
                          Number(t.dWithin), Number(t.dBetween), Number(t.dTotal),
                          std::isnan(dShare) ? "-" : Fixed(dShare, 1) + " %"});

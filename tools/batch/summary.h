@@ -14,6 +14,9 @@ extern const char kGaugeFormulae[];
 // Gathers what is told of all rows together.
 class BatchSummary {
 public:
+    // By which the rows were judged.
+    explicit BatchSummary(Limits limits) : m_limits(std::move(limits)) {}
+
     // The row as it was made or read back.
     void Add(const BatchItem& tItem, const BatchRow& tRow);
 
@@ -36,13 +39,22 @@ private:
     };
 
     std::string WarningsText() const;
+    std::string MarginsText() const;
 
+    Limits m_limits;
     std::map<VerdictKind, std::size_t> m_tCounts;   // the gravest one last
     std::map<std::string, std::size_t> m_tFailures; // by status, place and words
     std::map<std::string, std::size_t> m_tUnfit;    // by reason
     std::map<std::size_t, std::string> m_tWarned;   // ids of rows measured with warnings, by line in the list
     std::map<std::string, std::size_t> m_tWarnings; // by kind
     std::array<Axis, 3> m_aAxes;
+    struct Least {
+        double dValue;
+        std::size_t nLine;
+        std::string strId;
+        auto operator<=>(const Least&) const = default;
+    };
+    std::map<std::size_t, Least> m_tMargins; // by the place of the margin in a row's numbers
 };
 
 } // namespace tools

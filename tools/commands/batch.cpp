@@ -26,6 +26,7 @@ struct Options {
     std::string strList, strOut, strFormat = "csv";
     RawOptions tRaw;
     DoubtOptions tDoubt;
+    ProductOption tProduct;
     std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
     std::size_t nTimeout = kDefaultTimeout;
     bool bResume = false, bOverwrite = false, bRepeatability = false;
@@ -49,9 +50,12 @@ bool IsThere(const std::string& strFile) {
     return std::filesystem::exists(strFile, tIgnored);
 }
 
-void RefuseToReplaceInput(const std::string& strOut, const BatchList& tList) {
+void RefuseToReplaceInput(const Options& tOptions, const BatchList& tList) {
+    const std::string& strOut = tOptions.strOut;
     if (IsSameFile(strOut, tList.strFile))
         throw ToolError(strOut, "is the list itself", "Name another file for the results");
+    if (IsSameFile(strOut, tOptions.tProduct.File()))
+        throw ToolError(strOut, "is the product's file", "Name another file for the results");
     for (const BatchItem& tItem : tList.aItems)
         for (const std::string& str : {tItem.strMaster, tItem.strSlave, tItem.strCalibration})
             if (!str.empty() && IsSameFile(std::filesystem::path(tList.strFolder) / str, strOut))
@@ -61,7 +65,7 @@ void RefuseToReplaceInput(const std::string& strOut, const BatchList& tList) {
 
 void CheckList(const Options& tOptions, const BatchList& tList) {
     if (IsThere(tOptions.strOut)) // nothing can be lost otherwise
-        RefuseToReplaceInput(tOptions.strOut, tList);
+        RefuseToReplaceInput(tOptions, tList);
     if (tOptions.bRepeatability && !tList.bHasIds)
         throw ToolError(tOptions.strList, "has no column \"id\", by which --repeatability groups the rows",
                         "Add a column id, with the same id for pictures of the same module");
@@ -101,6 +105,7 @@ void TellSummary(const Options& tOptions, const BatchSummary& tSummary) {
 
 ExitCode Run(const Options& tOptions) {
     CheckOptions(tOptions);
+    const Limits limits = tOptions.tProduct.Read().tSetup.tLimits;
     const BatchList tList = ReadBatchList(tOptions.strList);
     CheckList(tOptions, tList);
     const bool bNothingToResume = tOptions.bResume && !IsThere(tOptions.strOut);
@@ -109,7 +114,7 @@ ExitCode Run(const Options& tOptions) {
         Tell(Harmless(tOptions.strOut) + ": no such file yet; starting with the first row.");
     const StoredRows tEarlier = EarlierRows(tOptions, tList);
     const std::size_t nFirst = tEarlier.aRows.size(), nTotal = tList.aItems.size();
-    BatchSummary tSummary;
+    BatchSummary tSummary(limits);
     for (std::size_t i = 0; i < nFirst; ++i)
         tSummary.Add(tList.aItems[i], tEarlier.aRows[i]);
     tSink.KeepOnly(tEarlier.nBytes);
@@ -117,6 +122,7 @@ ExitCode Run(const Options& tOptions) {
         tSink.Write(HeadOf(tOptions.Format()));
     std::vector<std::string> aPassedOn = tOptions.tRaw.Arguments();
     std::ranges::move(tOptions.tDoubt.Arguments(), std::back_inserter(aPassedOn));
+    std::ranges::move(tOptions.tProduct.Arguments(), std::back_inserter(aPassedOn));
     const bool bProgress = !tOptions.strOut.empty() || isatty(STDOUT_FILENO) == 0;
     const MeasuredRows tMeasured = MeasureRows({tList, nFirst, aPassedOn, tOptions.Format(), tOptions.nJobs,
                                                 std::chrono::seconds(tOptions.nTimeout), bProgress},
@@ -174,6 +180,7 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
         .default_str(fmt::format("one per core, here {}", pOptions->nJobs));
     pOptions->tRaw.AddTo(tCommand);
     pOptions->tDoubt.AddTo(tCommand);
+    pOptions->tProduct.AddTo(tCommand, "all pairs are measured with its parameters and judged by its limits");
     AddCount(
         tCommand, "--timeout", pOptions->nTimeout,
         "Longest time for one pair, 1 to 86400 s; a process that takes longer is ended, and its row says so",

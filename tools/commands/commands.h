@@ -13,5 +13,6 @@ void AddRecordCommand(CLI::App& tApp, ExitCode& tExit);
 void AddMeasureEachCommand(CLI::App& tApp, ExitCode& tExit);
 void AddBatchCommand(CLI::App& tApp, ExitCode& tExit);
 void AddRenderCommand(CLI::App& tApp, ExitCode& tExit);
+void AddParametersCommand(CLI::App& tApp, ExitCode& tExit);
 
 } // namespace tools

@@ -25,7 +25,14 @@ struct Options {
     std::string strMaster, strSlave, strCalibration, strTruth, strRecord, strReport;
     RawOptions tRaw;
     DoubtOptions tDoubt;
+    ProductOption tProduct;
     bool bJson = false, bVerbose = false;
+
+    MeasuringSetup Setup() const {
+        MeasuringSetup setup = tProduct.Read().tSetup;
+        tDoubt.ApplyTo(setup.tLimits);
+        return setup;
+    }
 };
 
 NewFile RecordFile(const Options& tOptions, const Picture& tMaster, const Picture& tSlave,
@@ -47,12 +54,24 @@ void RefuseTooSmall(Camera tCamera, const Picture& tPicture) {
             "Name the picture as the camera took it, not a reduced copy or a part of it");
 }
 
+void RefuseUnfitSize(Camera tCamera, const Picture& tPicture, const MeasuringSetup& setup) {
+    if (setup.strProduct.empty())
+        return RefuseTooSmall(tCamera, tPicture);
+    const Parameters& t = setup.tParameters;
+    const PictureSize tOwn = tCamera == Camera::kMaster ? t.tMaster : t.tSlave;
+    if (tPicture.Size() != tOwn)
+        throw ToolError(tPicture.strFile,
+                        fmt::format("is {}, but {} says {} for the {}", SizeText(tPicture.Size()),
+                                    setup.strProduct, SizeText(tOwn), NameOf(tCamera)),
+                        "Name the picture as that product's camera took it, or the right product");
+}
+
 // An output in the place of one of the sources would destroy it, and one of two outputs in one place the
 // other.
 void RefuseToReplaceSource(const Options& tOptions) {
     for (const std::string& strOutput : {tOptions.strRecord, tOptions.strReport})
-        for (const std::string& strInput :
-             {tOptions.strMaster, tOptions.strSlave, tOptions.strCalibration, tOptions.strTruth})
+        for (const std::string& strInput : {tOptions.strMaster, tOptions.strSlave, tOptions.strCalibration,
+                                            tOptions.strTruth, tOptions.tProduct.File()})
             if (IsSameFile(strInput, strOutput))
                 throw ToolError(strOutput, "is an input of this measurement and is not replaced",
                                 "Name another file for the output");
@@ -60,25 +79,36 @@ void RefuseToReplaceSource(const Options& tOptions) {
         throw ToolError(tOptions.strReport, "is named for the record and for the report", "Name two files");
 }
 
-Report Run(const Options& tOptions) {
+// The phone would read another product's record as its own.
+void RefuseRecordOfOther(const Options& tOptions, const MeasuringSetup& setup) {
+    const std::vector<std::string> aChanged = ChangedParameters(setup.tParameters);
+    if (!tOptions.strRecord.empty() && !aChanged.empty())
+        throw ToolError(tOptions.strRecord,
+                        fmt::format("is not written: {} changes the library's parameters ({}), and a record "
+                                    "holds what the phone measures with its own",
+                                    setup.strProduct, Listed(aChanged)),
+                        "Measure without --record, or write the record without --product");
+}
+
+Report Run(const Options& tOptions, const MeasuringSetup& setup) {
     RefuseToReplaceSource(tOptions);
+    RefuseRecordOfOther(tOptions, setup);
     const std::optional<PictureSize> oRaw = tOptions.tRaw.MasterSize(), oSlaveRaw = tOptions.tRaw.SlaveSize();
     const bool bReport = !tOptions.strReport.empty();
     Picture tMaster = ReadPicture(tOptions.strMaster, oRaw, bReport),
             tSlave = ReadPicture(tOptions.strSlave, oSlaveRaw, bReport);
-    RefuseTooSmall(Camera::kMaster, tMaster);
-    RefuseTooSmall(Camera::kSlave, tSlave);
+    RefuseUnfitSize(Camera::kMaster, tMaster, setup);
+    RefuseUnfitSize(Camera::kSlave, tSlave, setup);
     const std::string strCalibration =
         tOptions.strCalibration.empty() ? "" : ReadCalibration(tOptions.strCalibration);
     std::optional<Truth> oTruth;
     if (!tOptions.strTruth.empty())
         oTruth = ReadTruth(tOptions.strTruth);
-    const Measurement measurement = Measure(tMaster, tSlave);
+    const Measurement measurement = Measure(tMaster, tSlave, setup);
     std::vector<NewFile> aOutputs;
     if (!tOptions.strRecord.empty())
         aOutputs.push_back(RecordFile(tOptions, tMaster, tSlave, strCalibration));
-    Report report =
-        ReportOf(std::move(tMaster), std::move(tSlave), measurement, tOptions.tDoubt.MaxDifference());
+    Report report = ReportOf(std::move(tMaster), std::move(tSlave), measurement, setup);
     report.tExit = tOptions.tDoubt.Answer(report.tVerdict.tVerdict.tExit);
     report.strCalibrationFile = tOptions.strCalibration;
     report.strRecordFile = tOptions.strRecord;
@@ -91,7 +121,7 @@ Report Run(const Options& tOptions) {
 
 ExitCode Show(const Options& options) {
     try {
-        const Report report = Run(options);
+        const Report report = Run(options, options.Setup());
         Print(options.bJson ? JsonTextOf(report) : options.bVerbose ? TextOf(report) : BriefTextOf(report));
         return report.tExit;
     } catch (const ToolError& tError) {
@@ -101,9 +131,9 @@ ExitCode Show(const Options& options) {
     }
 }
 
-std::string AnswerFor(const Options& options) {
+std::string AnswerFor(const Options& options, const MeasuringSetup& setup) {
     try {
-        return JsonTextOf(Run(options));
+        return JsonTextOf(Run(options, setup));
     } catch (const ToolError& tError) {
         return JsonTextOf(tError);
     }
@@ -113,9 +143,10 @@ void AnswerAll(Options options) {
     // Pictures are large: what one leaves is kept for the next, so that the system need not clear it again.
     mallopt(M_MMAP_THRESHOLD, 1 << 25); // the most that it may be
     mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    const MeasuringSetup setup = options.Setup();
     const auto Next = [](std::string& str) { return bool(std::getline(std::cin, str, '\0')); };
     while (Next(options.strMaster) && Next(options.strSlave))
-        Print(AnswerFor(options) + '\0');
+        Print(AnswerFor(options, setup) + '\0');
 }
 
 std::string Description() {
@@ -142,7 +173,7 @@ std::string Description() {
         "the grey levels in the search window. Warnings come with {}. A pair that fails has them as far as "
         "it came.",
         ListedFormats(&PictureFormat::szLimits, ", "), SizeText(LeastSizeOf(Camera::kMaster)),
-        AllowedRange(kRescaledLimit), AllowedRange(kRawLimit), kLineStep, TrustLimitsHelp());
+        AllowedRange(Limits().dRescaled), AllowedRange(Limits().Raw()), kLineStep, TrustLimitsHelp());
 }
 
 std::string Footer() {
@@ -169,6 +200,7 @@ void AddMeasureCommand(CLI::App& tApp, ExitCode& tExit) {
                        "only the record needs it, whose key is made from it; no angle does");
     pOptions->tRaw.AddTo(tCommand);
     AddJson(tCommand, pOptions->bJson);
+    pOptions->tProduct.AddTo(tCommand, "the pair is measured with its parameters and judged by its limits");
     tCommand.add_flag("--verbose", pOptions->bVerbose, "Print all numbers, and what the library printed");
     pOptions->tDoubt.AddTo(tCommand);
     AddFile(
@@ -190,6 +222,7 @@ void AddMeasureEachCommand(CLI::App& tApp, ExitCode& tExit) {
     CLI::App& tCommand = *tApp.add_subcommand(kMeasureEach)->group("");
     pOptions->tRaw.AddTo(tCommand);
     pOptions->tDoubt.AddTo(tCommand);
+    pOptions->tProduct.AddTo(tCommand, "as measure has it");
     tCommand.callback([pOptions, &tExit] {
         AnswerAll(*pOptions);
         tExit = ExitCode::kDone;

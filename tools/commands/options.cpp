@@ -2,10 +2,12 @@
 
 #include "basics/text_table.h"
 #include "measuring/calibration.h"
+#include "product/file.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <fmt/format.h>
 
 namespace tools {
@@ -88,6 +90,23 @@ CLI::Option& AddJson(CLI::App& tCommand, bool& bJson) {
     return *tCommand.add_flag("--json", bJson, "Print one JSON object instead of text");
 }
 
+CLI::Option& ProductOption::AddTo(CLI::App& tCommand, const char* szWhatFor) {
+    return AddFile(tCommand, "--product", m_strFile,
+                   fmt::format("A product that differs from the one that the library is made for: {}. The "
+                               "file's values are those that \"parameters\" tells",
+                               szWhatFor));
+}
+
+Product ProductOption::Read() const {
+    return IsGiven() ? ReadProduct(m_strFile) : Product();
+}
+
+std::vector<std::string> ProductOption::Arguments() const {
+    if (!IsGiven())
+        return {};
+    return {"--product=" + std::filesystem::absolute(m_strFile).string()};
+}
+
 void RawOptions::AddTo(CLI::App& tCommand) {
     CLI::Option* const pRaw =
         tCommand
@@ -122,18 +141,20 @@ std::vector<std::string> RawOptions::Arguments() const {
 void DoubtOptions::AddTo(CLI::App& tCommand) {
     tCommand
         .add_option(
-            "--max-difference", m_dMaxDifference,
+            "--max-difference", m_oMaxDifference,
             "Degrees by which the library's angle and the tool's second reading may differ, twice the "
             "latter's uncertainty counted, before the verdict is doubtful")
         ->check(Within(0, 90))
         ->type_name("DEG")
-        ->capture_default_str();
+        ->default_str(fmt::format("{:g}, or the product's", Limits().dMaxDifference));
     tCommand.add_flag("--accept-doubtful", m_bAccept,
                       "Return 0 for a doubtful verdict, which is told all the same");
 }
 
 std::vector<std::string> DoubtOptions::Arguments() const {
-    return {fmt::format("--max-difference={}", m_dMaxDifference)};
+    if (!m_oMaxDifference)
+        return {};
+    return {fmt::format("--max-difference={}", *m_oMaxDifference)};
 }
 
 } // namespace tools

@@ -2,7 +2,7 @@
 
 #include "basics/exit_codes.h"
 #include "pictures/picture_size.h"
-#include "trust/pair_warnings.h"
+#include "product/product.h"
 
 #include <CLI/CLI.hpp>
 #include <optional>
@@ -37,6 +37,22 @@ CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile, const char
 
 CLI::Option& AddJson(CLI::App& tCommand, bool& bJson);
 
+// A product that the library is not made for: --product.
+class ProductOption {
+public:
+    CLI::Option& AddTo(CLI::App& tCommand, const char* szWhatFor);
+
+    bool IsGiven() const { return !m_strFile.empty(); }
+    const std::string& File() const { return m_strFile; }
+    Product Read() const; // the library's own if it is not given; throws ToolError
+
+    // As it is given to another command, wherever that runs.
+    std::vector<std::string> Arguments() const;
+
+private:
+    std::string m_strFile;
+};
+
 // Sizes of raw planes: --raw and --raw-slave.
 class RawOptions {
 public:
@@ -58,14 +74,17 @@ class DoubtOptions {
 public:
     void AddTo(CLI::App& tCommand);
 
-    double MaxDifference() const { return m_dMaxDifference; } // degrees
+    // An option that was given stands in place of the limit.
+    void ApplyTo(Limits& limits) const {
+        limits.dMaxDifference = m_oMaxDifference.value_or(limits.dMaxDifference);
+    }
     ExitCode Answer(ExitCode t) const { return m_bAccept && t == ExitCode::kDoubtful ? ExitCode::kDone : t; }
 
     // As they are given to another command, without the acceptance.
     std::vector<std::string> Arguments() const;
 
 private:
-    double m_dMaxDifference = kMaxDifference;
+    std::optional<double> m_oMaxDifference; // degrees
     bool m_bAccept = false;
 };
 

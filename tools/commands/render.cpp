@@ -20,6 +20,7 @@ namespace {
 struct Options {
     Study tStudy; // of no module: a single pair
     std::string strSize = "1728x972";
+    ProductOption tProduct;
 };
 
 // dRange: how far a study's angles are drawn away.
@@ -46,7 +47,14 @@ Study Checked(const Options& tOptions) {
     CheckPose("x", tSlave.dRx, dRange);
     CheckPose("y", tSlave.dRy, dRange);
     CheckPose("z", tSlave.dRz, dRange);
-    t.tCentre.tSize = ParsedSize("--size", tOptions.strSize);
+    if (tOptions.tProduct.IsGiven()) {
+        const Product product = tOptions.tProduct.Read();
+        t.tCentre.tChart = ChartOf(product);
+        t.tCentre.tMasterCamera = MasterOf(product);
+        t.tCentre.tSlaveCamera = SlaveOf(product);
+    } else {
+        ScaleTo(ParsedSize("--size", tOptions.strSize), t.tCentre);
+    }
     CheckHighest("noise", t.tCentre.dNoise, t.oMaxNoise);
     CheckHighest("blur", t.tCentre.dBlur, t.oMaxBlur);
     return t;
@@ -136,6 +144,11 @@ void AddStudy(CLI::App& tCommand, Study& tStudy) {
     AddRange("--range", tStudy.dRange,
              "How far each module's angles are drawn to both sides of --rx, --ry, --rz");
     AddRange("--master-range", tStudy.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
+    AddNumber(tCommand, "--decentring", tStudy.dDecentring, 0, 10000, "PX",
+              "How far each module's crosses are drawn from where the cameras should see them, to both sides "
+              "along x and y",
+              " px");
+    tCommand.get_option("--decentring")->needs(&tCount);
 }
 
 // Not given: all pairs have the lowest.
@@ -184,11 +197,14 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand.add_flag("--overwrite", tStudy.bOverwrite,
                       "Replace files that are there with other content; without it they are refused");
     AddPose(tCommand, tStudy.tCentre);
+    CLI::Option& tProduct =
+        pOptions->tProduct.AddTo(tCommand, "its chart, cameras and picture sizes are rendered");
     tCommand
         .add_option("--size", pOptions->strSize,
                     "Size of both pictures in px, with the same field of view; the chart can be measured "
                     "from 1440x810")
         ->type_name("WxH")
+        ->excludes(&tProduct)
         ->capture_default_str();
     AddCapture(tCommand, tStudy.tCentre);
     AddStudy(tCommand, tStudy);

@@ -42,26 +42,44 @@ unsigned char* Bytes(std::string& str) {
     return reinterpret_cast<unsigned char*>(str.data());
 }
 
-PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave) {
+unsigned int RunEntry(const Picture& tMaster, const Picture& tSlave) {
     std::string strCalibration(kCalibrationBytes, '\0'); // no angle depends on it
-    PairResult pair = {};
-    Angles tRaw;
+    Angles tIgnored;
     _AFPROTECT tRecord = {};
+    return Orvex_Alignment_ForAndroid(LentToStages(tMaster), LentToStages(tSlave), tMaster.nColumns,
+                                      tMaster.nRows, tSlave.nColumns, tSlave.nRows, &tIgnored.dRx,
+                                      &tIgnored.dRy, &tIgnored.dRz, Bytes(strCalibration), &tRecord);
+}
+
+// The entry loads its own parameters; else it does the same.
+unsigned int RunStages(const Picture& tMaster, const Picture& tSlave, const DualCamAlignParam& tParameters) {
+    m_pCMainView.nWidth_Master = tMaster.nColumns;
+    m_pCMainView.nHeight_Master = tMaster.nRows;
+    m_pCMainView.nWidth_Slave = tSlave.nColumns;
+    m_pCMainView.nHeight_Slave = tSlave.nRows;
+    m_tDualCamAlignParam = tParameters;
+    DualCamAlign_Initial();
+    if (const unsigned int nStatus = DualCamAlign_Calculation(LentToStages(tMaster), LentToStages(tSlave)))
+        return nStatus;
+    return DualCamAlign_FirstResultJudgement();
+}
+
+PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, const MeasuringSetup& setup) {
+    PairResult pair = {};
     CapturedOutput tOutput(STDOUT_FILENO);
-    pair.nStatus = Orvex_Alignment_ForAndroid(LentToStages(tMaster), LentToStages(tSlave), tMaster.nColumns,
-                                              tMaster.nRows, tSlave.nColumns, tSlave.nRows, &tRaw.dRx,
-                                              &tRaw.dRy, &tRaw.dRz, Bytes(strCalibration), &tRecord);
+    pair.nStatus = setup.strProduct.empty() ? RunEntry(tMaster, tSlave)
+                                            : RunStages(tMaster, tSlave, setup.tParameters.tBlock);
     pair.aDiagnostics = tOutput.Lines();
     if (pair.nStatus != ORVEX_OK) {
         pair.oFailedCamera = CameraNamedIn(pair.aDiagnostics);
         return pair;
     }
-    pair.oRaw = tRaw;
-    pair.oRescaled = {orvex::RescaledAngle(tRaw.dRx), orvex::RescaledAngle(tRaw.dRy),
-                      orvex::RescaledAngle(tRaw.dRz)};
-    const auto& [dRx, dRy, dRz] = *pair.oRescaled;
-    if (orvex::IsOutOfRange(dRx) || orvex::IsOutOfRange(dRy) || orvex::IsOutOfRange(dRz))
-        pair.nStatus = ORVEX_ANGLE_OUT_OF_RANGE;
+    const auto& [dRx, dRy, dRz] =
+        pair.oRaw.emplace(m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz);
+    pair.oRescaled = {orvex::RescaledAngle(dRx), orvex::RescaledAngle(dRy), orvex::RescaledAngle(dRz)};
+    for (const AxisName& t : kAxes)
+        if (setup.tLimits.IsBeyond((*pair.oRaw).*t.pAngle, (*pair.oRescaled).*t.pAngle))
+            pair.nStatus = ORVEX_ANGLE_OUT_OF_RANGE;
     return pair;
 }
 
@@ -84,7 +102,7 @@ CameraMeasurement MeasuredBy(Camera tCamera, PairResult& pair) {
 } // namespace
 
 std::optional<std::array<Point, 4>> KnownCorners(const CameraResult& tResult) {
-    const auto& [tMeasured, tView, tReading] = tResult;
+    const auto& [tMeasured, tView, tReading, tFrameSearch] = tResult;
     std::array<Point, 4> aCorners = {};
     for (std::size_t i = 0; i < aCorners.size(); ++i)
         if (tMeasured.aoCorners[i])
@@ -105,7 +123,7 @@ std::optional<std::size_t> MissingCorner(const CameraMeasurement& measured) {
 
 PictureSize LeastSizeOf(Camera tCamera) {
     constexpr int kBorder = 3; // px that a search starts before the picture's border
-    const FrameSearch tSearch = FrameSearchOf(tCamera, DefaultParameters());
+    const FrameSearch tSearch = FrameSearchOf(tCamera, DefaultParameters().tBlock);
     return {2 * (tSearch.nOffsetX + kBorder), 2 * (tSearch.nOffsetY + kBorder)};
 }
 
@@ -125,8 +143,8 @@ std::string RecordOf(const Picture& tMaster, const Picture& tSlave, const std::s
     return IsRecordFile(strRecord) ? strRecord : "";
 }
 
-Measurement Measure(const Picture& tMaster, const Picture& tSlave) {
-    Measurement t = {CallLibrary(tMaster, tSlave), {}, {}, {}};
+Measurement Measure(const Picture& tMaster, const Picture& tSlave, const MeasuringSetup& setup) {
+    Measurement t = {CallLibrary(tMaster, tSlave, setup), {}, {}, {}};
     // All of the working block is copied before the views' stages write to it.
     t.tMaster.tMeasured = MeasuredBy(Camera::kMaster, t.tPair);
     t.tSlave.tMeasured = MeasuredBy(Camera::kSlave, t.tPair);
@@ -135,6 +153,8 @@ Measurement Measure(const Picture& tMaster, const Picture& tSlave) {
         ViewsOf({tMaster, t.tMaster.tMeasured}, {tSlave, t.tSlave.tMeasured}, tParameters);
     t.tMaster.tView = tViews.tMaster;
     t.tSlave.tView = tViews.tSlave;
+    t.tMaster.tFrameSearch = FrameSearchOf(Camera::kMaster, tParameters);
+    t.tSlave.tFrameSearch = FrameSearchOf(Camera::kSlave, tParameters);
     const ChartMeasures tChart = ChartMeasuresOf(tParameters);
     t.tMaster.tReading = ReadCamera(tMaster, tChart, KnownCorners(t.tMaster));
     t.tSlave.tReading = ReadCamera(tSlave, tChart, KnownCorners(t.tSlave));

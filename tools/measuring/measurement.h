@@ -1,7 +1,7 @@
 #pragma once
 
 #include "measuring/camera_measurement.h"
-#include "measuring/stage_view.h"
+#include "measuring/parameters.h"
 #include "pictures/picture.h"
 #include "reading/angles.h"
 
@@ -25,6 +25,7 @@ struct CameraResult {
     CameraMeasurement tMeasured;
     StageView tView;
     ReadingOutcome tReading; // the tool's own
+    FrameSearch tFrameSearch = {};
 };
 
 // A copy of all that one call of the library tells, so that it outlasts the next call.
@@ -44,8 +45,9 @@ std::optional<std::size_t> MissingCorner(const CameraMeasurement& measured);
 // Of the frame, as far as the stages know them: measured, or about where they met its edge.
 std::optional<std::array<Point, 4>> KnownCorners(const CameraResult& tResult);
 
-// Measures a pair as getAlign does, but leaves the phone's record file alone.
-Measurement Measure(const Picture& tMaster, const Picture& tSlave);
+// Measures a pair as getAlign does, but leaves the phone's record file alone. For a product the stages run in
+// the same order with its parameters, and its limit decides.
+Measurement Measure(const Picture& tMaster, const Picture& tSlave, const MeasuringSetup& setup = {});
 
 // The bytes of the record file of that pair, empty if it could not be encrypted. strCalibration holds at
 // least ORVEX_CALIBRATION_SIZE bytes. getAlign also writes the phone's record file where its folder is there.

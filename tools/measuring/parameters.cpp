@@ -4,10 +4,10 @@
 
 namespace tools {
 
-DualCamAlignParam DefaultParameters() {
+Parameters DefaultParameters() {
     const DualCamAlignParam tBefore = m_tDualCamAlignParam;
     DualCamAlign_LoadParameters_ForAndroid();
-    return std::exchange(m_tDualCamAlignParam, tBefore);
+    return {std::exchange(m_tDualCamAlignParam, tBefore)};
 }
 
 ChartMeasures ChartMeasuresOf(const DualCamAlignParam& tParameters) {

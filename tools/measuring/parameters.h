@@ -2,18 +2,48 @@
 
 #include "Orvex_Alignment_Stages.h"
 #include "measuring/camera_measurement.h"
+#include "measuring/limits.h"
+#include "measuring/stage_view.h"
+#include "pictures/picture_size.h"
 #include "reading/camera_reading.h"
+
+#include <span>
 
 namespace tools {
 
-// What every measurement of the library works with. Leaves the library's own block as it is.
-DualCamAlignParam DefaultParameters();
-
-// Where the library searches for the frame, px.
-struct FrameSearch {
-    int nMargin;            // taken to both sides of the edges that are met
-    int nOffsetX, nOffsetY; // from the cross's centre to the search's start
+// What the stages work with.
+struct Parameters {
+    DualCamAlignParam tBlock;
+    PictureSize tMaster = {1728, 972}, tSlave = {1728, 972};
 };
+
+// What every measurement of the library works with, and the sizes that it takes where the host sets none.
+// Leaves the library's own block as it is.
+Parameters DefaultParameters();
+
+// By what a pair is measured and judged.
+struct MeasuringSetup {
+    Parameters tParameters = DefaultParameters();
+    Limits tLimits = {};
+    std::string strProduct = {}; // the file that it comes from; empty for the library's own
+};
+
+enum class ParameterKind { kNumber, kWhole, kFlag };
+
+// One of them: all that is told of it, and what it may be. Each value is exact in a double.
+struct Parameter {
+    const char* szName; // as in the library's headers
+    const char *szUnit, *szMeaning;
+    Stage tStage; // that reads it; kComplete: none
+    ParameterKind tKind;
+    double dLowest, dHighest;
+    double (*Get)(const Parameters& parameters);
+    void (*Set)(Parameters& parameters, double d);
+};
+std::span<const Parameter> ParameterTable();
+
+// Names of those of the library's block that differ from the defaults.
+std::vector<std::string> ChangedParameters(const Parameters& parameters);
 
 // The chart and its distance, for a second reading by the library's own formulas.
 ChartMeasures ChartMeasuresOf(const DualCamAlignParam& tParameters);

@@ -15,6 +15,12 @@ struct Rectangle {
     }
 };
 
+// Where the library searches for the frame, px.
+struct FrameSearch {
+    int nMargin;            // taken to both sides of the edges that are met
+    int nOffsetX, nOffsetY; // from the cross's centre to the search's start
+};
+
 // Where the library's stages looked in one camera's picture; nothing for a stage that was not reached.
 struct StageView {
     std::optional<Rectangle> oFirstWindow;  // of the first pass over the cross

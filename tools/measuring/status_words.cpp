@@ -14,7 +14,7 @@ constexpr std::array<StageWords, 9> kStages = {{
     {"entry check", "two pictures of a usable size and the calibration memory"},
     {"centre search", "dark pixels in a window around the picture's centre"},
     {"centre cross", "the two dark bars of the cross near the picture's centre"},
-    {"frame location", "the dark frame's edges, at least 450 px beside and 200 px above and below the cross"},
+    {"frame location", "the dark frame's edges, outward from the search's start beside, above and below the cross"},
     {"frame binarisation", "the frame's dark line on bright paper all around"},
     {"corner points", "the frame's sides next to each corner, as straight dark lines"},
     {"angles", "the rotation from the frames' sides and the crosses' roll"},

@@ -14,11 +14,12 @@ bool LacksAnAngle(const Angles& t) {
     return !std::isfinite(t.dRx) || !std::isfinite(t.dRy) || !std::isfinite(t.dRz);
 }
 
-std::string AnglesBeyondLimit(const Angles& tAngles) {
+std::string AnglesBeyondLimit(const PairResult& pair, const Limits& limits) {
+    const Quantities aRaw = QuantitiesOf(pair.oRaw), aRescaled = QuantitiesOf(pair.oRescaled);
     std::vector<std::string> a;
-    for (const Quantity& t : QuantitiesOf(tAngles))
-        if (std::fabs(*t.oValue) > kRescaledLimit)
-            a.push_back(t.strLabel + " " + Shown(t));
+    for (std::size_t i = 0; i < aRaw.size(); ++i)
+        if (limits.IsBeyond(*aRaw[i].oValue, *aRescaled[i].oValue))
+            a.push_back(aRescaled[i].strLabel + " " + Shown(aRescaled[i]));
     return Listed(a);
 }
 
@@ -43,7 +44,8 @@ constexpr StatusWords kDoubtedRange = {
 } // namespace
 
 std::string AllowedRange(double dLimit) {
-    return Fixed(-dLimit, 1) + " to " + Fixed(dLimit, 1);
+    const int nDecimals = std::round(dLimit * 10) == dLimit * 10 ? 1 : 4;
+    return Fixed(-dLimit, nDecimals) + " to " + Fixed(dLimit, nDecimals);
 }
 
 std::string PlaceOfFailure(const PairResult& pair) {
@@ -58,7 +60,7 @@ bool IsMeasured(const PairResult& pair) {
     return pair.oRaw && !LacksAnAngle(*pair.oRaw);
 }
 
-Verdict VerdictOf(const PairResult& pair, std::size_t nDoubts) {
+Verdict VerdictOf(const PairResult& pair, const Limits& limits, std::size_t nDoubts) {
     const StatusWords& tStatus = DescribeStatus(pair.nStatus);
     if (!pair.oRaw)
         return NotMeasured(tStatus, PlaceOfFailure(pair));
@@ -69,8 +71,8 @@ Verdict VerdictOf(const PairResult& pair, std::size_t nDoubts) {
     if (pair.nStatus == ORVEX_ANGLE_OUT_OF_RANGE)
         return {DescribeVerdict(VerdictKind::kOutOfRange),
                 fmt::format(
-                    "OUT OF RANGE: {} degrees rescaled, allowed are {}.{}",
-                    AnglesBeyondLimit(*pair.oRescaled), AllowedRange(kRescaledLimit),
+                    "OUT OF RANGE: {} degrees rescaled, allowed are {}.{}", AnglesBeyondLimit(pair, limits),
+                    AllowedRange(limits.dRescaled),
                     nDoubts == 0 ? "" : " But " + strAgainst + " against it: do not judge the module yet."),
                 nDoubts == 0 ? tStatus : kDoubtedRange};
     if (nDoubts != 0)
@@ -78,7 +80,7 @@ Verdict VerdictOf(const PairResult& pair, std::size_t nDoubts) {
                 "DOUBTFUL: within range, but " + strAgainst + " against it. Do not rely on these angles.",
                 tStatus};
     return {DescribeVerdict(VerdictKind::kWithinRange),
-            "WITHIN RANGE: all three rescaled angles lie within " + AllowedRange(kRescaledLimit) +
+            "WITHIN RANGE: all three rescaled angles lie within " + AllowedRange(limits.dRescaled) +
                 " degrees.",
             tStatus};
 }

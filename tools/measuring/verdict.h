@@ -5,10 +5,6 @@
 
 namespace tools {
 
-// Largest magnitude of a rescaled angle, and the raw angle that is rescaled to it, degrees.
-constexpr double kRescaledLimit = 2.0;
-constexpr double kRawLimit = 2.5;
-
 // "-2.0 to 2.0"
 std::string AllowedRange(double dLimit);
 
@@ -57,6 +53,6 @@ bool IsMeasured(const PairResult& pair);
 std::string PlaceOfFailure(const PairResult& pair);
 
 // nDoubts: how many reasons speak against the measurement.
-Verdict VerdictOf(const PairResult& pair, std::size_t nDoubts);
+Verdict VerdictOf(const PairResult& pair, const Limits& limits, std::size_t nDoubts);
 
 } // namespace tools

@@ -48,6 +48,7 @@ Json ComparisonJson(const Report& report) {
 std::string JsonTextOf(const Report& report) {
     const PairResult& pair = report.tPair;
     const VerdictWords& tVerdict = report.tVerdict.tVerdict;
+    const Limits& tLimits = report.tSetup.tLimits;
     Json tJson = {
         {"verdict", tVerdict.szKey},
         {"headline", report.tVerdict.strHeadline},
@@ -56,14 +57,14 @@ std::string JsonTextOf(const Report& report) {
         {"status", StatusJson(pair, report.tVerdict.tStatus, AdviceOf(report))},
         {"raw_deg", JsonOf(QuantitiesOf(pair.oRaw))},
         {"rescaled_deg", JsonOf(QuantitiesOf(pair.oRescaled))},
-        {"raw_limit_deg", kRawLimit},
-        {"rescaled_limit_deg", kRescaledLimit},
+        {"raw_limit_deg", tLimits.Raw()},
+        {"rescaled_limit_deg", tLimits.dRescaled},
         {"master", CameraJson(report.tMaster)},
         {"slave", CameraJson(report.tSlave)},
         {"trust", {{"master", TrustJson(report.tMaster.tTrust)}, {"slave", TrustJson(report.tSlave.tTrust)}}},
         {"trust_limits", TrustLimitsJson(report.tSlave.tTrust)},
-        {"max_difference_deg", report.dMaxDifference},
-        {"max_uncertainty_deg", kMaxUncertainty},
+        {"max_difference_deg", tLimits.dMaxDifference},
+        {"max_uncertainty_deg", tLimits.dMaxUncertainty},
         {"warnings", Json::array()},
         {"warning_details", Json::array()},
         {"calibration_file", report.strCalibrationFile}};
@@ -72,6 +73,8 @@ std::string JsonTextOf(const Report& report) {
         tJson["warnings"].push_back(tWarning.strText);
         tJson["warning_details"].push_back(JsonOf(tWarning));
     }
+    if (const MeasuringSetup& t = report.tSetup; !t.strProduct.empty())
+        tJson["product"] = {{"file", t.strProduct}, {"changed_parameters", ChangedParameters(t.tParameters)}};
     if (!report.strRecordFile.empty())
         tJson["record_file"] = report.strRecordFile;
     if (report.oTruth)

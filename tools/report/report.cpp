@@ -14,19 +14,23 @@ void KeepCauses(Camera tCamera, std::vector<Warning>& a) {
         std::erase_if(a, [&](const Warning& t) { return t.oCamera == tCamera && t.nRank > 0; });
 }
 
-CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult& tResult, bool bMeasured) {
-    const CameraTrust tTrust = TrustOf(tPicture, tResult, bMeasured);
+CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult& tResult,
+                            const Limits& limits, bool bMeasured) {
+    const CameraTrust tTrust = TrustOf(tPicture, tResult, limits, bMeasured);
     return {tCamera, std::move(tPicture), tResult.tMeasured, tResult.tView, tResult.tReading, tTrust};
 }
 
 } // namespace
 
-Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, double dMaxDifference) {
-    std::vector<Warning> aWarnings = WarningsOf({measurement, tMaster, tSlave, dMaxDifference});
+Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement,
+                const MeasuringSetup& setup) {
+    const Limits& limits = setup.tLimits;
+    std::vector<Warning> aWarnings = WarningsOf({measurement, tMaster, tSlave, limits});
     const bool bMeasured = IsMeasured(measurement.tPair);
     CameraReport tOfMaster =
-        CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster, bMeasured);
-    CameraReport tOfSlave = CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave, bMeasured);
+        CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster, limits, bMeasured);
+    CameraReport tOfSlave =
+        CameraReportOf(Camera::kSlave, std::move(tSlave), measurement.tSlave, limits, bMeasured);
     for (const CameraReport* const p : {&tOfMaster, &tOfSlave}) {
         std::ranges::move(WarningsOf(p->tCamera, p->tTrust), std::back_inserter(aWarnings));
         if (!bMeasured)
@@ -34,14 +38,14 @@ Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement,
     }
     std::ranges::stable_sort(aWarnings, {}, &Warning::nRank);
     const auto nDoubts = static_cast<std::size_t>(std::ranges::count(aWarnings, true, &Warning::bDoubt));
-    const Verdict tVerdict = VerdictOf(measurement.tPair, nDoubts);
+    const Verdict tVerdict = VerdictOf(measurement.tPair, limits, nDoubts);
     return {std::move(tOfMaster),
             std::move(tOfSlave),
             measurement.tPair,
             measurement.oSecondAngles,
             tVerdict,
             tVerdict.tVerdict.tExit,
-            dMaxDifference,
+            setup,
             std::move(aWarnings),
             {},
             {},

@@ -22,17 +22,16 @@ struct Report {
     PairResult tPair;
     std::optional<UncertainAngles> oSecondAngles;
     Verdict tVerdict;
-    ExitCode tExit;                 // the verdict's, unless the caller takes another
-    double dMaxDifference;          // of both readings, degrees
+    ExitCode tExit; // the verdict's, unless the caller takes another
+    MeasuringSetup tSetup;
     std::vector<Warning> aWarnings; // of both cameras and the pair
     std::string strCalibrationFile;
     std::string strRecordFile; // empty unless it was written
     std::optional<Truth> oTruth;
 };
 
-// What was measured, with verdict, trust and warnings. The rest is the caller's to add. dMaxDifference: that
-// both readings may have before the verdict is doubtful, degrees.
-Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, double dMaxDifference);
+// What was measured, with verdict, trust and warnings. The rest is the caller's to add.
+Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement, const MeasuringSetup& setup);
 
 // The measurement against the report's truth; nothing without one.
 std::vector<Comparison> ComparisonsOf(const Report& report);

@@ -27,8 +27,8 @@ std::string WithSecond(const Quantity& tRaw, const std::optional<UncertainAngles
 
 // Out of range, or spoken against.
 bool IsBeyond(const Report& report, std::size_t nAxis) {
-    const double dRescaled = (*report.tPair.oRescaled).*kAxes[nAxis].pAngle;
-    return std::fabs(dRescaled) > kRescaledLimit ||
+    const auto pAngle = kAxes[nAxis].pAngle;
+    return report.tSetup.tLimits.IsBeyond((*report.tPair.oRaw).*pAngle, (*report.tPair.oRescaled).*pAngle) ||
            std::ranges::count(report.aWarnings, kAxes[nAxis].szKey, &Warning::szAxis) != 0;
 }
 
@@ -41,7 +41,7 @@ ReportTable Rotation(const Report& report) {
     for (std::size_t i = 0; i < kAxes.size() && report.tPair.oRaw; ++i)
         tTable.aRows.push_back({kAxes[i].szLabel, WithSecond(aRaw[i], report.oSecondAngles, i),
                                 Shown(aRescaled[i]) + (IsBeyond(report, i) ? kBeyond : ""),
-                                AllowedRange(kRescaledLimit)});
+                                AllowedRange(report.tSetup.tLimits.dRescaled)});
     return tTable;
 }
 
@@ -80,6 +80,15 @@ std::string SecondReadingOf(const CameraReport& tCamera) {
     const CameraTrust::Frame& t = *tCamera.tTrust.oFrame;
     return fmt::format("the chart, its frame {:.0f} x {:.0f} px, rolled by {} degrees", t.dWidth, t.dHeight,
                        Fixed(tCamera.tReading.oReading->tRoll.dValue, 1));
+}
+
+// Whoever reads the numbers must know that the phone would measure otherwise.
+std::string ProductText(const MeasuringSetup& setup) {
+    if (setup.strProduct.empty())
+        return "";
+    const std::vector<std::string> aChanged = ChangedParameters(setup.tParameters);
+    return setup.strProduct + (aChanged.empty() ? ", with the library's own parameters"
+                                                : ", not as the phone measures: " + Listed(aChanged));
 }
 
 // In the order of the pictures above.
@@ -131,6 +140,7 @@ std::vector<Fact> FactsOf(const Report& report) {
         {"Master", WithSize(report.tMaster.tPicture), true},
         {"Slave", WithSize(report.tSlave.tPicture), true},
         {"SHA-256", Checksums(report), true},
+        {"Product", ProductText(report.tSetup), false, true},
         {"Calibration", report.strCalibrationFile, true},
         {"Record", report.strRecordFile, true},
     };

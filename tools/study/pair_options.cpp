@@ -2,11 +2,16 @@
 
 namespace tools {
 
+void ScaleTo(PictureSize size, PairOptions& options) {
+    for (chart::Camera* const p : {&options.tMasterCamera, &options.tSlaveCamera})
+        *p = chart::ScaledTo(*p, size.nColumns, size.nRows);
+}
+
 chart::PairSetup SetupOf(const PairOptions& tOptions) {
-    const auto [nColumns, nRows] = tOptions.tSize;
     chart::PairSetup tSetup;
-    tSetup.tMaster = chart::ScaledTo(chart::DefaultMaster(), nColumns, nRows);
-    tSetup.tSlave = chart::ScaledTo(chart::DefaultSlave(), nColumns, nRows);
+    tSetup.tChart = tOptions.tChart;
+    tSetup.tMaster = tOptions.tMasterCamera;
+    tSetup.tSlave = tOptions.tSlaveCamera;
     tSetup.tMasterPose = tOptions.tMaster;
     tSetup.tRelativePose = tOptions.tRelative;
     tSetup.tMasterCapture = {.aOcclusions = {},

@@ -15,7 +15,8 @@ constexpr double kMaxBlur = chart::kMaxBlurSigma; // px
 
 // What a pair is rendered with, both cameras alike.
 struct PairOptions {
-    PictureSize tSize = {1728, 972};
+    chart::Chart tChart;
+    chart::Camera tMasterCamera = chart::DefaultMaster(), tSlaveCamera = chart::DefaultSlave();
     Angles tMaster, tRelative;
     double dBlur =
         1.0;           // px; edges sharper than a lens draws them cost the measurement hundredths of a degree
@@ -25,7 +26,9 @@ struct PairOptions {
     std::uint64_t nSeed = 1;
 };
 
-// The chart and both cameras, with the same field of view whatever the pictures' size.
+// Another size, with the same field of view.
+void ScaleTo(PictureSize size, PairOptions& options);
+
 chart::PairSetup SetupOf(const PairOptions& tOptions);
 
 } // namespace tools

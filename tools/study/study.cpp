@@ -48,6 +48,12 @@ Angles DrawnPose(std::uint64_t nSeed, std::uint64_t nFirst, double dRange) {
     return {Drawn(nSeed, nFirst, dRange), Drawn(nSeed, nFirst + 1, dRange), Drawn(nSeed, nFirst + 2, dRange)};
 }
 
+// The cross stands aside in the picture, as in a module whose lens does not sit in the sensor's middle.
+void Decentre(std::uint64_t nSeed, std::uint64_t nFirst, double dRange, chart::Camera& camera) {
+    camera.dPrincipalX += Drawn(nSeed, nFirst, dRange);
+    camera.dPrincipalY += Drawn(nSeed, nFirst + 1, dRange);
+}
+
 double DrawnBetween(double dLowest, std::optional<double> oHighest, double dUnit) {
     const double dHighest = oHighest.value_or(dLowest);
     return std::clamp(Stepped(dLowest + (dHighest - dLowest) * dUnit), dLowest, dHighest);
@@ -73,6 +79,10 @@ StudyPair PairOf(const Study& tStudy, std::size_t nPair) {
     PairOptions tOptions = tStudy.tCentre;
     tOptions.tRelative = tOptions.tRelative + DrawnPose(nSeed, 0, tStudy.dRange);
     tOptions.tMaster = tOptions.tMaster + DrawnPose(nSeed, 3, tStudy.dMasterRange);
+    if (tStudy.dDecentring > 0) {
+        Decentre(nSeed, 6, tStudy.dDecentring, tOptions.tMasterCamera);
+        Decentre(nSeed, 8, tStudy.dDecentring, tOptions.tSlaveCamera);
+    }
     tOptions.nSeed = nRepeat == 0 ? nSeed : ShortSeed(nSeed, kRepeatStream, nRepeat);
     // The pair's own seed draws first its noise, then its blur.
     tOptions.dNoise =

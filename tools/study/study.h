@@ -14,6 +14,7 @@ struct Study {
     std::size_t nCount = 0;                    // modules, each with angles of its own
     std::size_t nRepeats = 1;                  // pairs of one module, each with noise of its own
     double dRange = 1.5, dMasterRange = 0;     // degrees to both sides
+    double dDecentring = 0;                    // px to both sides, of each camera along both axes
     std::optional<double> oMaxNoise, oMaxBlur; // of both cameras: grey levels, px; none: all have the lowest
     bool bOverwrite = false;                   // replace files that are there with other content
 };

@@ -76,6 +76,11 @@ Value OfFrame(const CameraTrust& trust, std::size_t) {
     return trust.oFrame ? Value((*trust.oFrame).*pMember) : std::nullopt;
 }
 
+template <Value Margins::*pMember>
+Value OfMargins(const CameraTrust& trust, std::size_t) {
+    return trust.tMargins.*pMember;
+}
+
 template <std::size_t Soundness::*pMember>
 std::string WhereLine(const Soundness& t) {
     return NameOfLine(t.*pMember);
@@ -150,24 +155,32 @@ const TrustNumber kNumbers[] = {
                 "pixels as ink. Check for reflections and overexposure."}},
     {Of::kPicture, "noise_grey", "noise of the paper", "grey levels", 2, Noise},
     {Of::kPicture, nullptr, nullptr, nullptr, 2, SpoilingNoise,
-     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 0, nullptr, nullptr, kNoiseText}},
+     TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 0, "noise_grey", nullptr, kNoiseText}},
     {Of::kPicture, nullptr, nullptr, nullptr, 2, BearableNoise,
      TrustLimit{"much_noise", Warned::kAbove, kLargeNoise, 1, "noise_grey", "noise above {limit} grey levels",
                 kNoiseText}},
     {Of::kPicture, "frame_width_px", "width of the frame", "px", 0, OfFrame<&CameraTrust::Frame::dWidth>,
-     TrustLimit{"narrow_frame", Warned::kAtMost, kLeastFrameWidth, 0, "frame_width_px", nullptr,
+     TrustLimit{"narrow_frame", Warned::kAtMost, 0, 0, "frame_width_px", nullptr,
                 ": the chart is too small, its frame {value} px wide; it must be wider than {limit} px. Move "
-                "the module nearer to the chart, or take the picture in the sensor's full size."}},
+                "the module nearer to the chart, or take the picture in the sensor's full size.",
+                0, nullptr, [](const FrameSearch& t) { return 2.0 * t.nOffsetX; }}},
     {Of::kPicture, "frame_height_px", "height of the frame", "px", 0, OfFrame<&CameraTrust::Frame::dHeight>,
-     TrustLimit{"low_frame", Warned::kAtMost, kLeastFrameHeight, 0, "frame_height_px", nullptr,
+     TrustLimit{"low_frame", Warned::kAtMost, 0, 0, "frame_height_px", nullptr,
                 ": the chart is too small, its frame {value} px high; it must be higher than {limit} px. "
-                "Move the module nearer to the chart, or take the picture in the sensor's full size."}},
+                "Move the module nearer to the chart, or take the picture in the sensor's full size.",
+                0, nullptr, [](const FrameSearch& t) { return 2.0 * t.nOffsetY; }}},
     {Of::kPicture, "roll_shift_px", "ends of the long sides, moved by the roll", "px", 0,
      OfFrame<&CameraTrust::Frame::dRollShift>,
      TrustLimit{"rolled_chart", Warned::kAbove, kNoLimit, 0, "roll_shift_px", nullptr,
                 ": the chart is rolled too far, which moves the ends of its frame's long sides by {value} "
                 "px, more than {limit} px. Turn the module or the chart until the cross's bar lies level.",
-                kLargeRoll}},
+                0, nullptr, [](const FrameSearch& t) { return t.nMargin - kMarginBesideRoll; }}},
+    {Of::kPicture, "frame_start_margin_px", "start of the frame's search to the frame", "px", 0,
+     OfMargins<&Margins::oFrameStart>},
+    {Of::kPicture, "window_margin_px", "ends of the cross's bars to its search window", "px", 0,
+     OfMargins<&Margins::oWindow>},
+    {Of::kPicture, "roll_margin_px", "margin around the frame less its roll", "px", 0,
+     OfMargins<&Margins::oRoll>},
     {Of::kPicture, "used_lines_percent", "length of the chart's lines that can be read, worst", "%", 1,
      OfReading<&Soundness::dLeastUsed>,
      TrustLimit{
@@ -209,25 +222,36 @@ std::optional<Point> LineEnd(const CameraTrust& trust, std::size_t nSide, std::s
     return o && o->oEnds ? std::optional((*o->oEnds)[nEnd]) : std::nullopt;
 }
 
-// Whichever row has it; nullptr if none has.
-const TrustLimit* LimitOf(std::string_view strKey) {
-    for (const TrustNumber& t : kNumbers)
-        if (t.oLimit && t.oLimit->szJsonKey != nullptr && t.oLimit->szJsonKey == strKey)
-            return &*t.oLimit;
-    return nullptr;
-}
-
 std::string InWords(const TrustLimit& tLimit, double dLimit) {
-    constexpr std::array<const char*, 3> kWords = {"at most", "at least", "more than"};
-    return std::isfinite(dLimit)
-               ? fmt::format("{} {:g}", kWords[static_cast<std::size_t>(tLimit.tWarned)], dLimit)
-               : "";
+    return std::isfinite(dLimit) ? fmt::format("{} {:g}", BoundOf(tLimit), dLimit) : "";
 }
 
 } // namespace
 
 double LimitFor(const TrustLimit& tLimit, const CameraTrust& trust) {
-    return trust.bMeasured ? tLimit.dLimit : tLimit.dOfFailure;
+    const double dOfTable = trust.bMeasured ? tLimit.dLimit : tLimit.dOfFailure;
+    if (!std::isfinite(dOfTable))
+        return dOfTable;
+    if (tLimit.FollowsFrom != nullptr)
+        return tLimit.FollowsFrom(trust.tFrameSearch);
+    const auto p = trust.tLimits.find(tLimit.szJsonKey != nullptr ? tLimit.szJsonKey : "");
+    return p != trust.tLimits.end() && dOfTable == UsualLimit(tLimit) ? p->second : dOfTable;
+}
+
+const char* BoundOf(const TrustLimit& tLimit) {
+    constexpr std::array<const char*, 3> kWords = {"at most", "at least", "more than"};
+    return kWords[static_cast<std::size_t>(tLimit.tWarned)];
+}
+
+double UsualLimit(const TrustLimit& tLimit) {
+    return std::isfinite(tLimit.dLimit) ? tLimit.dLimit : tLimit.dOfFailure;
+}
+
+const TrustLimit* LimitOf(std::string_view strKey) {
+    for (const TrustNumber& t : kNumbers)
+        if (t.oLimit && t.oLimit->szJsonKey != nullptr && t.oLimit->szJsonKey == strKey)
+            return &*t.oLimit;
+    return nullptr;
 }
 
 std::optional<double> Excess(const TrustNumber& tNumber, const TrustLimit& tLimit, const CameraTrust& trust,

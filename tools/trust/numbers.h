@@ -21,8 +21,9 @@ struct TrustLimit {
     const char* szJsonKey; // of the limit in JSON; nullptr where another number's says it
     const char* szHelp;    // with {limit}: "a residual above {limit} px"; nullptr likewise
     const char* szWarning; // what, how much and what to do, with {limit}, {value} and other measured numbers
-    double dOfFailure = dLimit;                           // the limit where it may be the cause of a failure
-    std::string (*WhereOf)(const Soundness& t) = nullptr; // {where}
+    double dOfFailure = dLimit;                            // the limit where it may be the cause of a failure
+    std::string (*WhereOf)(const Soundness& t) = nullptr;  // {where}
+    double (*FollowsFrom)(const FrameSearch& t) = nullptr; // the limit, in place of the others
 };
 
 // What a number is told of: each side, or the picture, whatever the side.
@@ -44,6 +45,15 @@ std::span<const TrustNumber> TrustNumbers();
 
 // The one that holds for a camera.
 double LimitFor(const TrustLimit& tLimit, const CameraTrust& trust);
+
+// "at most", "at least" or "more than"
+const char* BoundOf(const TrustLimit& tLimit);
+
+// Of those that a product may set, as the table has it.
+double UsualLimit(const TrustLimit& tLimit);
+
+// Whichever row has it; nullptr if none has.
+const TrustLimit* LimitOf(std::string_view strKey);
 
 // By how much the number of a side is worse than allowed; nothing if it is not.
 std::optional<double> Excess(const TrustNumber& tNumber, const TrustLimit& tLimit, const CameraTrust& trust,

@@ -106,12 +106,13 @@ void AddAxis(const MeasuredPair& tPair, std::size_t nAxis, std::vector<Warning>&
     const double dRaw = (*tPair.tMeasurement.tPair.oRaw).*tAxis.pAngle;
     const double dDifference = std::fabs(dRaw - tSecond.dValue), dUncertainty = std::sqrt(tSecond.dVariance);
     const double dReach = 2 * dUncertainty + dDifference; // so far off may the angle be
-    if (!(dReach <= tPair.dMaxDifference))
-        a.push_back(WarningOf(kDifference, tAxis, dReach, tPair.dMaxDifference,
+    const Limits& tLimits = tPair.tLimits;
+    if (!(dReach <= tLimits.dMaxDifference))
+        a.push_back(WarningOf(kDifference, tAxis, dReach, tLimits.dMaxDifference,
                               ": the two readings differ by " + Fixed(dDifference, 4)));
-    if (!(dUncertainty <= kMaxUncertainty))
-        a.push_back(WarningOf(kUncertain, tAxis, dUncertainty, kMaxUncertainty));
-    const double dDistance = kRawLimit - std::fabs(dRaw);
+    if (!(dUncertainty <= tLimits.dMaxUncertainty))
+        a.push_back(WarningOf(kUncertain, tAxis, dUncertainty, tLimits.dMaxUncertainty));
+    const double dDistance = tLimits.Raw() - std::fabs(dRaw);
     if (dDistance >= 0 && dDistance < dReach)
         a.push_back(WarningOf(kNearLimit, tAxis, dDistance, dReach));
 }

@@ -107,17 +107,19 @@ void FinishBorder(const CameraMeasurement& tMeasured, CameraTrust& trust) {
 
 CameraTrust::Frame FrameOf(const CameraReading& t) {
     const auto& [tLeft, tTop, tRight, tBottom] = t.aSides;
-    const Point tFrom = t.aCorners[kSides[1].nFrom].tPlace, tTo = t.aCorners[kSides[1].nTo].tPlace;
     return {std::midpoint(tTop.dValue, tBottom.dValue), std::midpoint(tLeft.dValue, tRight.dValue),
-            std::fabs(tTo.dY - tFrom.dY) / 2};
+            RollShift(t)};
 }
 
 } // namespace
 
-CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, bool bMeasured) {
-    const auto& [tMeasured, tView, tReading] = tResult;
+CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, const Limits& limits,
+                    bool bMeasured) {
+    const auto& [tMeasured, tView, tReading, tFrameSearch] = tResult;
     CameraTrust trust;
     trust.bMeasured = bMeasured;
+    trust.tFrameSearch = tFrameSearch;
+    trust.tLimits = limits.tTrust;
     for (std::size_t i = 0; i < kSides.size(); ++i)
         AddSide(i, tPicture, tMeasured, tView, trust);
     FinishBorder(tMeasured, trust);
@@ -130,6 +132,7 @@ CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, bool b
     if (tView.oFirstWindow)
         trust.oCross = ReadCrossLevels(tPicture, *tView.oFirstWindow);
     trust.oCrossThreshold = tView.oCrossThreshold;
+    trust.tMargins = MarginsOf(tPicture, tResult);
     return trust;
 }
 

@@ -3,6 +3,7 @@
 #include "measuring/measurement.h"
 #include "reading/soundness.h"
 #include "trust/cross_levels.h"
+#include "trust/margins.h"
 #include "trust/side_reading.h"
 
 namespace tools {
@@ -42,13 +43,10 @@ constexpr double kNearBorder = 20.0;
 // wrong one.
 constexpr double kLeastRead = 90.0;
 
-// px. The frame is searched outward from 450 px beside the cross and 200 px above and below it.
-constexpr double kLeastFrameWidth = 900, kLeastFrameHeight = 400;
-
-// px by which the roll moves the ends of the frame's long sides: rendered pairs up to 3072 px wide are
-// measured up to 38, that is 3.7 degrees of roll in a picture of 1728 x 972 px. Of larger ones a few fail at
-// a corner before.
-constexpr double kLargeRoll = 38;
+// px of the frame's margin that a roll may not take, where it moves the ends of the frame's long sides:
+// rendered pairs up to 3072 px wide are measured up to 38 of 40, that is 3.7 degrees of roll in a picture of
+// 1728 x 972 px. Of larger ones a few fail at a corner before.
+constexpr double kMarginBesideRoll = 2;
 
 // What something on the chart leaves in the second reading's numbers: of 501 clean rendered pairs none was
 // beyond these limits (one had a corner off its line), of 27 that dirt had turned by more than 0.05 degrees
@@ -76,10 +74,14 @@ struct CameraTrust {
     std::optional<Frame> oFrame; // as the second reading sees it
     std::optional<CrossLevels> oCross;
     std::optional<double> oCrossThreshold; // the cross's search takes pixels up to it as ink
+    Margins tMargins;
+    FrameSearch tFrameSearch;                                // some limits follow from it
+    std::map<std::string, double, std::less<>> tLimits = {}; // others may be a product's own
 };
 
 // From the picture's pixels. A side is read between its corners, where they were not measured beside the
 // frame's edge that the stages met, and without that from where they began to search for it.
-CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, bool bMeasured);
+CameraTrust TrustOf(const Picture& tPicture, const CameraResult& tResult, const Limits& limits,
+                    bool bMeasured);
 
 } // namespace tools

@@ -15,8 +15,8 @@ struct Told {
     std::string strValue, strRead, strLines, strDark, strBright, strThreshold, strCorner, strWhere;
 };
 
-std::string Filled(const TrustLimit& tLimit, double dLimit, const Told& t) {
-    return fmt::format(fmt::runtime(tLimit.szWarning), fmt::arg("limit", dLimit),
+std::string Filled(const TrustLimit& tLimit, const std::string& strLimit, const Told& t) {
+    return fmt::format(fmt::runtime(tLimit.szWarning), fmt::arg("limit", strLimit),
                        fmt::arg("value", t.strValue), fmt::arg("read", t.strRead),
                        fmt::arg("lines", t.strLines), fmt::arg("dark", t.strDark),
                        fmt::arg("bright", t.strBright), fmt::arg("threshold", t.strThreshold),
@@ -57,6 +57,7 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
     const bool bSides = tNumber.tOf == Of::kSide;
     const TrustLimit& tLimit = *tNumber.oLimit;
     const double dLimit = LimitFor(tLimit, trust);
+    const std::string strLimit = fmt::format("{}", dLimit);
     std::vector<const char*> aSides;
     std::size_t nWorst = 0;
     double dWorst = 0;
@@ -75,8 +76,8 @@ std::optional<Warning> WarningOf(Camera tCamera, const TrustNumber& tNumber, con
     const std::string strText =
         bSides ? fmt::format(" camera, {} {}{}", fmt::join(aSides, ", "),
                              aSides.size() == 1 ? "side: " : "sides: at worst ",
-                             Filled(tLimit, dLimit, ToldOfSide(strValue, trust, nWorst)))
-               : " camera" + Filled(tLimit, dLimit, ToldOfPicture(strValue, trust, tLimit));
+                             Filled(tLimit, strLimit, ToldOfSide(strValue, trust, nWorst)))
+               : " camera" + Filled(tLimit, strLimit, ToldOfPicture(strValue, trust, tLimit));
     return Warning{.szKind = tLimit.szKind,
                    .oCamera = tCamera,
                    .aSides = bSides ? aSides : std::vector<const char*>(),
@@ -114,12 +115,18 @@ std::string KeyOf(const Json& tWarning) {
            tWarning.at("kind").get<std::string>();
 }
 
-std::optional<std::string> GeneralText(const std::string& strKey) {
+std::optional<std::string> GeneralText(const std::string& strKey, const Limits& limits) {
+    CameraTrust tAny; // of a measured picture
+    tAny.bMeasured = true;
+    tAny.tLimits = limits.tTrust;
+    const auto LimitText = [&](const TrustLimit& t) {
+        return t.FollowsFrom != nullptr ? "N" : fmt::format("{}", LimitFor(t, tAny));
+    };
     for (const TrustNumber& t : TrustNumbers())
         for (const Camera tCamera : {Camera::kMaster, Camera::kSlave})
             if (t.oLimit && strKey == fmt::format("{}:{}", NameOf(tCamera), t.oLimit->szKind))
                 return fmt::format("{} camera{}{}", NameOf(tCamera), t.tOf == Of::kSide ? ": " : "",
-                                   Filled(*t.oLimit, t.oLimit->dLimit,
+                                   Filled(*t.oLimit, LimitText(*t.oLimit),
                                           {"N", "N", "N", "N", "N", "N", "measured", "one of its lines"}));
     const std::size_t nColon = strKey.find(':');
     std::optional<std::string> o = GeneralPairText(strKey.substr(nColon + 1));

@@ -33,6 +33,6 @@ std::string KeyOf(const Json& tWarning);
 
 // What warnings of a key have in common: N for every measured number, and no sides. Nothing for an unknown
 // key.
-std::optional<std::string> GeneralText(const std::string& strKey);
+std::optional<std::string> GeneralText(const std::string& strKey, const Limits& limits = {});
 
 } // namespace tools

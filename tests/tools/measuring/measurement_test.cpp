@@ -1,6 +1,8 @@
 #include "measuring/measurement.h"
+#include "support/documented_status.h"
 #include "support/failing_charts.h"
 #include "support/get_align.h"
+#include "support/random.h"
 
 #include <bit>
 #include <gtest/gtest.h>
@@ -39,4 +41,25 @@ TEST(Measurement, IsWhatGetAlignReturns) {
         EXPECT_EQ(BitsOf(t.dRy), BitsOf(tReturned.dRy)) << tReturned.nStatus;
         EXPECT_EQ(BitsOf(t.dRz), BitsOf(tReturned.dRz)) << tReturned.nStatus;
     }
+}
+
+// Whatever a product's file may say, and without a trace in the next measurement.
+TEST(Measurement, AnyParametersEndWithAKnownStatus) {
+    const chart::Pair tPair = support::NoisyPair({0.3, -0.2, 0.1}, {0.5, -0.4, 0.3}, 3);
+    const tools::Picture tMaster = Named(tPair.tMaster), tSlave = Named(tPair.tSlave);
+    const double dUsual = tools::Measure(tMaster, tSlave).tPair.oRaw->dRx;
+    support::Random tRandom(1);
+    for (int nRound = 0; nRound < 60; ++nRound) {
+        tools::MeasuringSetup setup;
+        setup.strProduct = "any";
+        for (const tools::Parameter& t : tools::ParameterTable()) {
+            const double adAny[] = {t.dLowest, t.dHighest, tRandom.Real(t.dLowest, t.dHighest),
+                                    std::min(t.dHighest, t.Get(setup.tParameters) * tRandom.Real(0.5, 2))};
+            const double dAny = adAny[tRandom.Int(0, 3)];
+            if (tRandom.Int(0, nRound % 8) == 0)
+                t.Set(setup.tParameters, t.tKind == tools::ParameterKind::kNumber ? dAny : std::trunc(dAny));
+        }
+        EXPECT_TRUE(support::IsDocumented(tools::Measure(tMaster, tSlave, setup).tPair.nStatus)) << nRound;
+    }
+    EXPECT_EQ(BitsOf(tools::Measure(tMaster, tSlave).tPair.oRaw->dRx), BitsOf(dUsual));
 }

@@ -52,7 +52,7 @@ Picture Shot(support::Random& t, const chart::PairSetup& tSetup, bool bSlave, in
 
 std::string DoubtsOf(const StudyPair& tPair, const Measurement& t) {
     std::string str;
-    for (const Warning& tWarning : ReportOf(tPair.tMaster, tPair.tSlave, t, kMaxDifference).aWarnings)
+    for (const Warning& tWarning : ReportOf(tPair.tMaster, tPair.tSlave, t, MeasuringSetup()).aWarnings)
         str += tWarning.bDoubt ? std::string(" ") + tWarning.szKind : "";
     return str;
 }
@@ -87,7 +87,7 @@ StudyPair PairOf(unsigned int nPair, bool bDirt) {
 
 StudyResult ResultOf(const StudyPair& tPair) {
     StudyResult result = {Measure(tPair.tMaster, tPair.tSlave), 0, {}, {}};
-    const ChartMeasures tMeasures = ChartMeasuresOf(DefaultParameters());
+    const ChartMeasures tMeasures = ChartMeasuresOf(DefaultParameters().tBlock);
     const std::clock_t tStart = std::clock();
     ReadCamera(tPair.tMaster, tMeasures, KnownCorners(result.tFirst.tMaster));
     ReadCamera(tPair.tSlave, tMeasures, KnownCorners(result.tFirst.tSlave));

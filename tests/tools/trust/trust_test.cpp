@@ -141,7 +141,7 @@ TEST(Trust, WarningsNameSideValueAndLimitAsFarAsTheStagesCame) {
     };
     for (const auto& t : aCases) {
         SCOPED_TRACE(t.szWhat);
-        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView, {}}, false);
+        const CameraTrust tTrust = TrustOf(t.tFrame.tPicture, {t.tFrame.tMeasured, t.tView, {}}, {}, false);
         if (t.oBorder) {
             EXPECT_NEAR(tTrust.oBorderDistance.value_or(1e9), *t.oBorder, 0.1);
         }
@@ -159,7 +159,7 @@ TEST(Trust, WarningsNameSideValueAndLimitAsFarAsTheStagesCame) {
     tBent.tMeasured.aoCorners[3]->dY += 3; // right down: its two sides no longer follow the picture's
     tBent.tMeasured.aoCorners[0].reset();  // the other two cannot be read
     const std::vector<Warning> a =
-        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, {tBent.tMeasured, {}, {}}, true));
+        WarningsOf(Camera::kMaster, TrustOf(tBent.tPicture, {tBent.tMeasured, {}, {}}, {}, true));
     ASSERT_EQ(a.size(), 1u);
     EXPECT_TRUE(a[0].strText.starts_with("master camera, bottom side: its right down corner lies 3.0"))
         << a[0].strText;
