@@ -150,6 +150,15 @@ private:
     Product m_product;
 };
 
+// Each side alone may be longer than a picture's that is as long on both.
+void RefuseTooLarge(const std::string& strFile, PictureSize size) {
+    if (PixelsOf(size) > kMaxGivenPixels)
+        throw ToolError(
+            strFile,
+            fmt::format("pictures of {} are more than {} px in all", SizeText(size), kMaxGivenPixels),
+            "Mend nWidth and nHeight, or nWidth_Slave and nHeight_Slave");
+}
+
 } // namespace
 
 Product ReadProduct(const std::string& strFile) {
@@ -159,6 +168,9 @@ Product ReadProduct(const std::string& strFile) {
     Json::sax_parse(CountingBytes{strText.data(), &nLine},
                     CountingBytes{strText.data() + strText.size(), &nLine}, &tReader,
                     nlohmann::detail::input_format_t::json, true, true);
+    const Parameters& tParameters = tReader.Read().tSetup.tParameters;
+    for (const PictureSize size : {tParameters.tMaster, tParameters.tSlave})
+        RefuseTooLarge(strFile, size);
     return tReader.Read();
 }
 

@@ -81,6 +81,8 @@ TEST_F(Product, UnfitFileIsToldByLineNameAndRange) {
          {"line 2: \"parameters/nWidth\" stands there twice"}},
         {R"({"parameters": {}, "parameters": {}})", {"\"parameters\" stands there twice"}},
         {R"({"parameters": 5})", {"\"parameters\" is 5; allowed is an object"}},
+        {R"({"parameters": {"nWidth": 60000, "nHeight": 60000}})",
+         {"60000 x 60000 px are more than 100000000"}},
         {"[1]", {"is a list; allowed is an object"}},
         {"{\"parameters\": {\n\"a\\u001b\\n\": 5}}", {"line 2: \"parameters/a??\" is not known"}},
         {"", {"line 1: " + strNotJson}},
