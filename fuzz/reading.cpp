@@ -35,7 +35,7 @@ void RequireVariance(double d) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes) {
     Input t(pBytes, nBytes);
     const tools::Picture tMaster = AnyPicture(t), tSlave = AnyPicture(t);
-    const tools::ChartMeasures tMeasures = tools::ChartMeasuresOf(tools::DefaultParameters());
+    const tools::ChartMeasures tMeasures = tools::ChartMeasuresOf(tools::MeasuringSetup());
     const tools::ReadingOutcome tOutcome = tools::ReadCamera(tMaster, tMeasures, AnyCorners(t));
     if (tOutcome.oReading) {
         RequireVariance(tOutcome.oReading->tTiltX.dVariance);

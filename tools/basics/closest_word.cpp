@@ -7,8 +7,14 @@
 namespace tools {
 namespace {
 
-// How many letters must be put in, left out or changed to make one word of the other.
+constexpr std::size_t kOtherLetters = 2;
+
+// How many letters must be put in, left out or changed to make one word of the other; of words that differ in
+// length no more than that.
 std::size_t Distance(const std::string& strOne, const std::string& strOther) {
+    const auto [nShort, nLong] = std::minmax({strOne.size(), strOther.size()});
+    if (nLong - nShort > kOtherLetters)
+        return nLong - nShort;
     std::vector<std::size_t> an(strOther.size() + 1);
     std::iota(an.begin(), an.end(), std::size_t{0});
     for (std::size_t i = 0; i < strOne.size(); ++i) {
@@ -27,7 +33,7 @@ std::size_t Distance(const std::string& strOne, const std::string& strOther) {
 std::optional<std::string> ClosestWord(const std::string& strTyped, const std::vector<std::string>& aKnown) {
     const auto p =
         std::ranges::min_element(aKnown, {}, [&](const std::string& str) { return Distance(str, strTyped); });
-    return p == aKnown.end() || Distance(*p, strTyped) > 2 ? std::nullopt : std::optional(*p);
+    return p == aKnown.end() || Distance(*p, strTyped) > kOtherLetters ? std::nullopt : std::optional(*p);
 }
 
 } // namespace tools

@@ -82,6 +82,14 @@ StoredRows EarlierRows(const Options& tOptions, const BatchList& tList) {
                 tOptions.strOut,
                 fmt::format("belongs to another list: its row {} is not that of {}", i + 1, tOptions.strList),
                 "Name the list and the results that belong together, or a new file; nothing was changed");
+    for (std::size_t i = 0; i < tRows.aRows.size(); ++i)
+        if (const BatchRow& t = tRows.aRows[i];
+            t.pVerdict->tKind < VerdictKind::kNoAnswer && t.strProduct != tOptions.tProduct.Everywhere())
+            throw ToolError(
+                tOptions.strOut,
+                fmt::format("its row {} was measured {}", i + 1,
+                            t.strProduct.empty() ? "without --product" : "with --product " + t.strProduct),
+                "Go on with the same --product, or name a new file; nothing was changed");
     return tRows;
 }
 

@@ -59,7 +59,7 @@ void RefuseUnfitSize(Camera tCamera, const Picture& tPicture, const MeasuringSet
         return RefuseTooSmall(tCamera, tPicture);
     const Parameters& t = setup.tParameters;
     const PictureSize tOwn = tCamera == Camera::kMaster ? t.tMaster : t.tSlave;
-    if (tPicture.Size() != tOwn)
+    if (t.bSizesHold && tPicture.Size() != tOwn)
         throw ToolError(tPicture.strFile,
                         fmt::format("is {}, but {} says {} for the {}", SizeText(tPicture.Size()),
                                     setup.strProduct, SizeText(tOwn), NameOf(tCamera)),

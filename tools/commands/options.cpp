@@ -102,9 +102,11 @@ Product ProductOption::Read() const {
 }
 
 std::vector<std::string> ProductOption::Arguments() const {
-    if (!IsGiven())
-        return {};
-    return {"--product=" + std::filesystem::absolute(m_strFile).string()};
+    return IsGiven() ? std::vector{"--product=" + Everywhere()} : std::vector<std::string>();
+}
+
+std::string ProductOption::Everywhere() const {
+    return IsGiven() ? std::filesystem::absolute(m_strFile).lexically_normal().string() : "";
 }
 
 void RawOptions::AddTo(CLI::App& tCommand) {

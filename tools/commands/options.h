@@ -46,6 +46,9 @@ public:
     const std::string& File() const { return m_strFile; }
     Product Read() const; // the library's own if it is not given; throws ToolError
 
+    // The file's name from anywhere; empty if it is not given.
+    std::string Everywhere() const;
+
     // As it is given to another command, wherever that runs.
     std::vector<std::string> Arguments() const;
 

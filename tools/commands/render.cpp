@@ -64,22 +64,28 @@ std::vector<std::string> Row(const std::string& strFile, const Angles& tAngles) 
     return {strFile, Fixed(tAngles.dRx, 4), Fixed(tAngles.dRy, 4), Fixed(tAngles.dRz, 4)};
 }
 
-ExitCode RenderOne(const Study& tStudy) {
+// Behind a command that goes on with what was rendered.
+std::string ProductArgument(const ProductOption& tProduct) {
+    return tProduct.IsGiven() ? " --product " + ShellWord(tProduct.File()) : "";
+}
+
+ExitCode RenderOne(const Study& tStudy, const ProductOption& tProduct) {
     const PairOptions& tPair = tStudy.tCentre;
     const PairFiles tFiles = WritePair(tStudy.strFolder, tPair, tStudy.bOverwrite);
     Print(fmt::format("Wrote, with the poses in degrees\n{}\n"
-                      "Measure it:\n  {} measure {} {} --calibration {} --truth {}\n",
+                      "Measure it:\n  {} measure {} {} --calibration {} --truth {}{}\n",
                       Table({{"", "Rx", "Ry", "Rz"},
                              Row(tFiles.strMaster, tPair.tMaster),
                              Row(tFiles.strSlave, tPair.tMaster + tPair.tRelative),
                              Row(tFiles.strTruth + " (slave minus master)", tPair.tRelative),
                              {tFiles.strCalibration, "-", "-", "-"}}),
                       CalledAs(), ShellWord(tFiles.strMaster), ShellWord(tFiles.strSlave),
-                      ShellWord(tFiles.strCalibration), ShellWord(tFiles.strTruth)));
+                      ShellWord(tFiles.strCalibration), ShellWord(tFiles.strTruth),
+                      ProductArgument(tProduct)));
     return ExitCode::kDone;
 }
 
-ExitCode RenderMany(const Study& tStudy) {
+ExitCode RenderMany(const Study& tStudy, const ProductOption& tProduct) {
     const std::size_t nPairs = tStudy.nCount * tStudy.nRepeats;
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
@@ -88,10 +94,10 @@ ExitCode RenderMany(const Study& tStudy) {
                          tOutcome.nPairs, nPairs));
         return StoppedBy(tOutcome.nSignal);
     }
-    Print(fmt::format("Wrote {} pairs and {}\n\nMeasure them:\n  {} batch {} --out {}{}\n", nPairs,
+    Print(fmt::format("Wrote {} pairs and {}\n\nMeasure them:\n  {} batch {} --out {}{}{}\n", nPairs,
                       Harmless(tOutcome.strList), CalledAs(), ShellWord(tOutcome.strList),
                       ShellWord(std::filesystem::path(tStudy.strFolder) / "results.csv"),
-                      tStudy.nRepeats > 1 ? " --repeatability" : ""));
+                      tStudy.nRepeats > 1 ? " --repeatability" : "", ProductArgument(tProduct)));
     return ExitCode::kDone;
 }
 
@@ -213,7 +219,8 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand.footer(Footer());
     tCommand.callback([pOptions, &tExit] {
         const Study tChecked = Checked(*pOptions);
-        tExit = tChecked.nCount > 0 ? RenderMany(tChecked) : RenderOne(tChecked);
+        tExit = tChecked.nCount > 0 ? RenderMany(tChecked, pOptions->tProduct)
+                                    : RenderOne(tChecked, pOptions->tProduct);
     });
 }
 

@@ -25,10 +25,9 @@ struct Limits {
     std::map<std::string, double, std::less<>> tTrust = {};
 
     // The raw angle that is rescaled to the limit: 2.5.
-    double Raw() const { return dRescaled < 1 ? dRescaled : (dRescaled - 0.2) * 2.3 / 1.8 + 0.2; }
-    bool IsBeyond(double dRaw, double dOfRescaled) const {
-        return std::fabs(dRescaled < 1 ? dRaw : dOfRescaled) > dRescaled;
-    }
+    double Raw() const { return HoldsForRaw() ? dRescaled : (dRescaled - 0.2) * 2.3 / 1.8 + 0.2; }
+    bool HoldsForRaw() const { return dRescaled < 1; }
+    bool IsBeyond(double dAngle) const { return std::fabs(dAngle) > dRescaled; } // the one that it holds for
 };
 
 } // namespace tools

@@ -78,7 +78,7 @@ PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, const Meas
         pair.oRaw.emplace(m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz);
     pair.oRescaled = {orvex::RescaledAngle(dRx), orvex::RescaledAngle(dRy), orvex::RescaledAngle(dRz)};
     for (const AxisName& t : kAxes)
-        if (setup.tLimits.IsBeyond((*pair.oRaw).*t.pAngle, (*pair.oRescaled).*t.pAngle))
+        if (setup.tLimits.IsBeyond((setup.tLimits.HoldsForRaw() ? *pair.oRaw : *pair.oRescaled).*t.pAngle))
             pair.nStatus = ORVEX_ANGLE_OUT_OF_RANGE;
     return pair;
 }
@@ -155,7 +155,7 @@ Measurement Measure(const Picture& tMaster, const Picture& tSlave, const Measuri
     t.tSlave.tView = tViews.tSlave;
     t.tMaster.tFrameSearch = FrameSearchOf(Camera::kMaster, tParameters);
     t.tSlave.tFrameSearch = FrameSearchOf(Camera::kSlave, tParameters);
-    const ChartMeasures tChart = ChartMeasuresOf(tParameters);
+    const ChartMeasures tChart = ChartMeasuresOf(setup);
     t.tMaster.tReading = ReadCamera(tMaster, tChart, KnownCorners(t.tMaster));
     t.tSlave.tReading = ReadCamera(tSlave, tChart, KnownCorners(t.tSlave));
     if (t.tMaster.tReading.oReading && t.tSlave.tReading.oReading)

@@ -38,23 +38,29 @@ double GetSide(const Parameters& parameters) {
 template <PictureSize Parameters::*pSize, int PictureSize::*pSide>
 void SetSide(Parameters& parameters, double d) {
     parameters.*pSize.*pSide = static_cast<int>(d);
+    parameters.bSizesHold = true;
 }
 
 constexpr ParameterKind kNumber = ParameterKind::kNumber, kCount = ParameterKind::kWhole,
                         kFlag = ParameterKind::kFlag;
 
 // clang-format off
+#define FROM_TO(Name, Unit, Meaning, First, Last, Kind, Lowest, Highest) \
+    {#Name, Unit, Meaning, First, Last, Kind, Lowest, Highest, Get<&Block::Name>, Set<&Block::Name>}
 #define FIELD(Name, Unit, Meaning, Reader, Kind, Lowest, Highest) \
-    {#Name, Unit, Meaning, Reader, Kind, Lowest, Highest, Get<&Block::Name>, Set<&Block::Name>}
+    FROM_TO(Name, Unit, Meaning, Reader, Reader, Kind, Lowest, Highest)
 #define BOTH(Name, Unit, Meaning, Reader, Kind, Lowest, Highest) \
     FIELD(Name##_Master, Unit, "master: " Meaning, Reader, Kind, Lowest, Highest), \
     FIELD(Name##_Slave, Unit, "slave: " Meaning, Reader, Kind, Lowest, Highest)
+#define WINDOW(Name, Meaning) \
+    FROM_TO(Name##_Master, "", "master: " Meaning, Stage::kCentreSearch, Stage::kCross, kNumber, 0.01, 1), \
+    FROM_TO(Name##_Slave, "", "slave: " Meaning, Stage::kCentreSearch, Stage::kCross, kNumber, 0.01, 1)
 #define SIDE(Name, Camera, Side, Meaning) \
-    {#Name, "px", Meaning, Stage::kEntry, kCount, 1, kMaxSide, \
+    {#Name, "px", Meaning, Stage::kEntry, Stage::kEntry, kCount, 1, kMaxSide, \
      GetSide<&Parameters::Camera, &PictureSize::Side>, SetSide<&Parameters::Camera, &PictureSize::Side>}
 #define RESERVED(n) \
-    {"anReservedParam[" #n "]", "", "kept for hosts; changes nothing", Stage::kComplete, kCount, -kWhole, \
-     kWhole, GetReserved<n>, SetReserved<n>}
+    {"anReservedParam[" #n "]", "", "kept for hosts; changes nothing", Stage::kComplete, Stage::kComplete, kCount, \
+     -kWhole, kWhole, GetReserved<n>, SetReserved<n>}
 
 // In the order in which a measurement reads them.
 constexpr Parameter kTable[] = {
@@ -62,13 +68,14 @@ constexpr Parameter kTable[] = {
     SIDE(nHeight, tMaster, nRows, "master: height of its pictures"),
     SIDE(nWidth_Slave, tSlave, nColumns, "slave: width of its pictures"),
     SIDE(nHeight_Slave, tSlave, nRows, "slave: height of its pictures"),
-    BOTH(dSearchWidthRatio, "", "width of the cross's search window over that of the picture", Stage::kCentreSearch,
-         kNumber, 0.01, 1),
-    BOTH(dSearchHeightRatio, "", "its height over that of the picture", Stage::kCentreSearch, kNumber, 0.01, 1),
-    FIELD(fSlaveShift, "px", "where the slave sees the chart, less where the master does, along one axis; it also moves the transferred centre",
-          Stage::kCentreSearch, kNumber, -20000, 20000),
-    FIELD(bShiftAlongY, "", "true: that axis is y, down the picture; false: x, to the right", Stage::kCentreSearch, kFlag, 0, 1),
-    FIELD(bUseSlaveShift, "", "true: the slave's first search window follows the shift", Stage::kCentreSearch, kFlag, 0, 1),
+    WINDOW(dSearchWidthRatio, "width of the cross's search window over that of the picture"),
+    WINDOW(dSearchHeightRatio, "its height over that of the picture"),
+    FROM_TO(fSlaveShift, "px", "where the slave sees the chart, less where the master does, along one axis; it also "
+            "moves the transferred centre", Stage::kCentreSearch, Stage::kCross, kNumber, -20000, 20000),
+    FROM_TO(bShiftAlongY, "", "true: that axis is y, down the picture; false: x, to the right", Stage::kCentreSearch,
+            Stage::kCross, kFlag, 0, 1),
+    FROM_TO(bUseSlaveShift, "", "true: the slave's first search window follows the shift", Stage::kCentreSearch,
+            Stage::kCross, kFlag, 0, 1),
     BOTH(dBinaryRatio, "", "the cross's threshold over the mean grey of the window's corners", Stage::kCentreSearch,
          kNumber, 0.01, 2),
     BOTH(nFrameOffsetX, "px", "from the cross's centre to the left and right to where the frame search starts",

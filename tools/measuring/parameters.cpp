@@ -10,9 +10,10 @@ Parameters DefaultParameters() {
     return {std::exchange(m_tDualCamAlignParam, tBefore)};
 }
 
-ChartMeasures ChartMeasuresOf(const DualCamAlignParam& tParameters) {
-    return {static_cast<double>(tParameters.nChartDistance), tParameters.dChartHalfSpanX,
-            tParameters.dChartHalfSpanY};
+ChartMeasures ChartMeasuresOf(const MeasuringSetup& setup) {
+    const DualCamAlignParam& t = setup.tParameters.tBlock;
+    return {static_cast<double>(t.nChartDistance), t.dChartHalfSpanX, t.dChartHalfSpanY, setup.dHorizontalBar,
+            setup.dVerticalBar};
 }
 
 FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters) {

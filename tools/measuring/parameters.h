@@ -15,6 +15,7 @@ namespace tools {
 struct Parameters {
     DualCamAlignParam tBlock;
     PictureSize tMaster = {1728, 972}, tSlave = {1728, 972};
+    bool bSizesHold = false; // they were set: pictures of another size are not the product's
 };
 
 // What every measurement of the library works with, and the sizes that it takes where the host sets none.
@@ -25,7 +26,8 @@ Parameters DefaultParameters();
 struct MeasuringSetup {
     Parameters tParameters = DefaultParameters();
     Limits tLimits = {};
-    std::string strProduct = {}; // the file that it comes from; empty for the library's own
+    std::string strProduct = {};                 // the file that it comes from; empty for the library's own
+    double dHorizontalBar = 1, dVerticalBar = 1; // widths of the cross's bars, in those of the frame's line
 };
 
 enum class ParameterKind { kNumber, kWhole, kFlag };
@@ -34,7 +36,8 @@ enum class ParameterKind { kNumber, kWhole, kFlag };
 struct Parameter {
     const char* szName; // as in the library's headers
     const char *szUnit, *szMeaning;
-    Stage tStage; // that reads it; kComplete: none
+    Stage tStage; // that reads it first; kComplete: none
+    Stage tLast;  // and that reads it last
     ParameterKind tKind;
     double dLowest, dHighest;
     double (*Get)(const Parameters& parameters);
@@ -46,7 +49,7 @@ std::span<const Parameter> ParameterTable();
 std::vector<std::string> ChangedParameters(const Parameters& parameters);
 
 // The chart and its distance, for a second reading by the library's own formulas.
-ChartMeasures ChartMeasuresOf(const DualCamAlignParam& tParameters);
+ChartMeasures ChartMeasuresOf(const MeasuringSetup& setup);
 
 FrameSearch FrameSearchOf(Camera tCamera, const DualCamAlignParam& tParameters);
 

@@ -15,12 +15,11 @@ bool LacksAnAngle(const Angles& t) {
 }
 
 std::string AnglesBeyondLimit(const PairResult& pair, const Limits& limits) {
-    const Quantities aRaw = QuantitiesOf(pair.oRaw), aRescaled = QuantitiesOf(pair.oRescaled);
     std::vector<std::string> a;
-    for (std::size_t i = 0; i < aRaw.size(); ++i)
-        if (limits.IsBeyond(*aRaw[i].oValue, *aRescaled[i].oValue))
-            a.push_back(aRescaled[i].strLabel + " " + Shown(aRescaled[i]));
-    return Listed(a);
+    for (const Quantity& t : QuantitiesOf(limits.HoldsForRaw() ? pair.oRaw : pair.oRescaled))
+        if (limits.IsBeyond(*t.oValue))
+            a.push_back(t.strLabel + " " + Shown(t));
+    return Listed(a) + " degrees " + (limits.HoldsForRaw() ? "raw" : "rescaled");
 }
 
 Verdict NotMeasured(const StatusWords& tStatus, const std::string& strPlace) {
@@ -71,7 +70,7 @@ Verdict VerdictOf(const PairResult& pair, const Limits& limits, std::size_t nDou
     if (pair.nStatus == ORVEX_ANGLE_OUT_OF_RANGE)
         return {DescribeVerdict(VerdictKind::kOutOfRange),
                 fmt::format(
-                    "OUT OF RANGE: {} degrees rescaled, allowed are {}.{}", AnglesBeyondLimit(pair, limits),
+                    "OUT OF RANGE: {}, allowed are {}.{}", AnglesBeyondLimit(pair, limits),
                     AllowedRange(limits.dRescaled),
                     nDoubts == 0 ? "" : " But " + strAgainst + " against it: do not judge the module yet."),
                 nDoubts == 0 ? tStatus : kDoubtedRange};

@@ -3,6 +3,7 @@
 #include "basics/text_table.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tools {
 namespace {
@@ -17,7 +18,9 @@ std::vector<double> ViewOf(const Product& product, Camera tCamera) {
     const double dScale = tView.dFocal / tChart.dDistance;
     const double dHalfWidth = tChart.dFrameHalfWidth * dScale, dHalfHeight = tChart.dFrameHalfHeight * dScale,
                  dHalfLine = tChart.dFrameLineWidth / 2 * dScale;
-    // The slave's window follows the shift, as its chart does.
+    // The slave's window follows the shift, as its chart does, unless that is turned off.
+    const double dAside =
+        bMaster || t.bUseSlaveShift != 0 ? 0 : std::fabs(static_cast<double>(t.fSlaveShift));
     const double dWindowX =
         tView.nWidth / 2.0 * (bMaster ? t.dSearchWidthRatio_Master : t.dSearchWidthRatio_Slave);
     const double dWindowY =
@@ -28,8 +31,8 @@ std::vector<double> ViewOf(const Product& product, Camera tCamera) {
             2 * dHalfHeight,
             2 * dHalfLine,
             std::min(dHalfWidth - tSearch.nOffsetX, dHalfHeight - tSearch.nOffsetY) - dHalfLine,
-            std::min(dWindowX - tChart.dHorizontalBarHalfLength * dScale,
-                     dWindowY - tChart.dVerticalBarHalfLength * dScale),
+            std::min(dWindowX - tChart.dHorizontalBarHalfLength * dScale - (t.bShiftAlongY != 0 ? 0 : dAside),
+                     dWindowY - tChart.dVerticalBarHalfLength * dScale - (t.bShiftAlongY != 0 ? dAside : 0)),
             std::min(dToBorderX - dHalfWidth, dToBorderY - dHalfHeight) - dHalfLine};
 }
 
@@ -47,7 +50,7 @@ std::string ExpectedViewText(const Product& product) {
     std::vector<std::vector<std::string>> aRows = {{"", "master", "slave"}};
     for (std::size_t i = 0; i < aMaster.size(); ++i)
         aRows.push_back({kRows[i], Fixed(aMaster[i], 0), Fixed(aSlave[i], 0)});
-    return "\nWhat follows: the chart in an upright picture, px (less than 0: it is missed)\n" + Table(aRows);
+    return "\nWhat follows: the chart in an upright picture, px (less than 0: beyond it)\n" + Table(aRows);
 }
 
 } // namespace tools

@@ -33,6 +33,11 @@ struct CountingBytes {
     bool operator==(const CountingBytes& other) const { return p == other.p; }
 };
 
+// As much of a text as a message takes.
+std::string Shortened(const std::string& str) {
+    return str.size() <= 60 ? str : str.substr(0, 60) + "...";
+}
+
 // Takes the file's parts as they are parsed, and refuses the first that does not fit.
 class ProductReader : public nlohmann::json_sax<Json> {
 public:
@@ -71,7 +76,9 @@ public:
     bool number_float(number_float_t d, const string_t&) override { return Take(d, false, Json(d)); }
     bool boolean(bool b) override { return Take(b ? 1 : 0, true, Json(b)); }
     bool null() override { return TakeOther("null"); }
-    bool string(string_t& str) override { return TakeOther(Json(str).dump(kOneLine, ' ', true)); }
+    bool string(string_t& str) override {
+        return TakeOther(Json(Shortened(str)).dump(kOneLine, ' ', true, Json::error_handler_t::replace));
+    }
     bool binary(binary_t&) override { return TakeOther("bytes"); }
     bool start_array(std::size_t) override { return TakeOther("a list"); }
     bool end_array() override { return true; }
@@ -101,11 +108,11 @@ private:
     }
     [[noreturn]] void Refuse(const std::string& strWhat, const std::string& strAllowed,
                              const std::string& strHint = "Mend that line") const {
-        throw ToolError(
-            m_strFile,
-            fmt::format("line {}: {}{}", m_nKeyLine, Path().empty() ? "" : "\"" + Path() + "\" ", strWhat) +
-                (strAllowed.empty() ? "" : "; allowed is " + strAllowed),
-            strHint + "; orvex-align parameters tells all names and ranges");
+        throw ToolError(m_strFile,
+                        fmt::format("line {}: {}{}", m_nKeyLine,
+                                    Path().empty() ? "" : "\"" + Shortened(Path()) + "\" ", strWhat) +
+                            (strAllowed.empty() ? "" : "; allowed is " + strAllowed),
+                        strHint + "; orvex-align parameters tells all names and ranges");
     }
     void CheckName() const {
         std::vector<std::string> aKnown;
@@ -165,13 +172,18 @@ Product ReadProduct(const std::string& strFile) {
     const std::string strText = ReadFile(strFile, kLimit);
     std::size_t nLine = 1;
     ProductReader tReader(strFile, nLine);
+    if (strText.find('\0') != strText.npos) // where the parser would end
+        throw ToolError(strFile, "is not JSON: it holds a zero byte", "Save it as plain text in UTF-8");
     Json::sax_parse(CountingBytes{strText.data(), &nLine},
                     CountingBytes{strText.data() + strText.size(), &nLine}, &tReader,
                     nlohmann::detail::input_format_t::json, true, true);
-    const Parameters& tParameters = tReader.Read().tSetup.tParameters;
-    for (const PictureSize size : {tParameters.tMaster, tParameters.tSlave})
+    Product product = tReader.Read();
+    for (const PictureSize size : {product.tSetup.tParameters.tMaster, product.tSetup.tParameters.tSlave})
         RefuseTooLarge(strFile, size);
-    return tReader.Read();
+    const chart::Chart& tChart = product.tChart;
+    product.tSetup.dHorizontalBar = tChart.dHorizontalBarWidth / tChart.dFrameLineWidth;
+    product.tSetup.dVerticalBar = tChart.dVerticalBarWidth / tChart.dFrameLineWidth;
+    return product;
 }
 
 } // namespace tools

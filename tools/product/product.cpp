@@ -10,7 +10,7 @@ chart::Camera CameraOf(PictureSize size, double dFocal) {
 } // namespace
 
 chart::Chart ChartOf(const Product& product) {
-    const ChartMeasures tMeasures = ChartMeasuresOf(product.tSetup.tParameters.tBlock);
+    const ChartMeasures tMeasures = ChartMeasuresOf(product.tSetup);
     chart::Chart t = product.tChart;
     t.dDistance = tMeasures.dDistance;
     t.dFrameHalfWidth = tMeasures.dHalfSpanX;

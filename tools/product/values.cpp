@@ -9,15 +9,16 @@
 namespace tools {
 namespace {
 
-const char* ReaderOf(Stage tStage) {
-    return tStage == Stage::kEntry      ? "every stage"
-           : tStage == Stage::kComplete ? "no stage"
-                                        : DescribeStage(tStage).szName;
+std::string ReaderOf(const Parameter& t) {
+    if (t.tStage == Stage::kEntry || t.tStage == Stage::kComplete)
+        return t.tStage == Stage::kEntry ? "every stage" : "no stage";
+    const std::string strFirst = DescribeStage(t.tStage).szName;
+    return t.tLast == t.tStage ? strFirst : strFirst + ", " + DescribeStage(t.tLast).szName;
 }
 
 void AddParameters(std::vector<ProductValue>& a) {
     for (const Parameter& t : ParameterTable())
-        a.push_back({"parameters", t.szName, t.szUnit, t.szMeaning, ReaderOf(t.tStage), t.tKind, t.dLowest,
+        a.push_back({"parameters", t.szName, t.szUnit, t.szMeaning, ReaderOf(t), t.tKind, t.dLowest,
                      t.dHighest, [&t](const Product& product) { return t.Get(product.tSetup.tParameters); },
                      [&t](Product& product, double d) { t.Set(product.tSetup.tParameters, d); }});
 }
@@ -43,14 +44,19 @@ void AddTrustLimits(std::vector<ProductValue>& a) {
                          const auto pOwn = tTrust.find(strKey);
                          return pOwn != tTrust.end() ? pOwn->second : UsualLimit(*p);
                      },
-                     [=](Product& product, double d) { product.tSetup.tLimits.tTrust[strKey] = d; }});
+                     [=](Product& product, double d) {
+                         auto& tTrust = product.tSetup.tLimits.tTrust;
+                         tTrust.erase(strKey);
+                         if (d != UsualLimit(*p)) // which differs for a pair that failed
+                             tTrust[strKey] = d;
+                     }});
     }
 }
 
 void AddLength(const char* szName, const char* szMeaning, double chart::Chart::*pLength, const char* szUnit,
-               double dHighest, std::vector<ProductValue>& a) {
-    a.push_back({"chart", szName, szUnit, szMeaning, "render, chart", ParameterKind::kNumber, 0, dHighest,
-                 [=](const Product& product) { return product.tChart.*pLength; },
+               double dLowest, double dHighest, std::vector<ProductValue>& a) {
+    a.push_back({"chart", szName, szUnit, szMeaning, "render, chart", ParameterKind::kNumber, dLowest,
+                 dHighest, [=](const Product& product) { return product.tChart.*pLength; },
                  [=](Product& product, double d) { product.tChart.*pLength = d; }});
 }
 
@@ -60,7 +66,7 @@ void AddChart(std::vector<ProductValue>& a) {
                  1000, [](const Product& product) { return product.dUnit; },
                  [](Product& product, double d) { product.dUnit = d; }});
     const auto Add = [&](const char* szName, const char* szMeaning, double Chart::*pLength) {
-        AddLength(szName, szMeaning, pLength, "units", 1e6, a);
+        AddLength(szName, szMeaning, pLength, "units", 0.01, 1e6, a);
     };
     Add("frame_line_width_units", "width of the frame's line", &Chart::dFrameLineWidth);
     Add("horizontal_bar_half_length_units", "from the cross's middle to the horizontal bar's end",
@@ -69,8 +75,8 @@ void AddChart(std::vector<ProductValue>& a) {
     Add("vertical_bar_half_length_units", "from the cross's middle to the vertical bar's end",
         &Chart::dVerticalBarHalfLength);
     Add("vertical_bar_width_units", "its width", &Chart::dVerticalBarWidth);
-    AddLength("ink_grey", "what is printed, as the camera sees it", &Chart::dInk, "grey levels", 255, a);
-    AddLength("paper_grey", "what is not", &Chart::dPaper, "grey levels", 255, a);
+    AddLength("ink_grey", "what is printed, as the camera sees it", &Chart::dInk, "grey levels", 0, 255, a);
+    AddLength("paper_grey", "what is not", &Chart::dPaper, "grey levels", 0, 255, a);
 }
 
 void AddCamera(const char* szName, const char* szMeaning, double Product::*pFocal,

@@ -78,8 +78,10 @@ std::optional<LineCentres> ReadHalf(const Picture& tPicture, std::size_t nHalf, 
 }
 
 // A bar is expected between the middles of the sides that it points to.
-std::optional<LineCentres> ReadBar(const Picture& tPicture, bool bHorizontal, const Corners& a,
-                                   double dWidth) {
+std::optional<LineCentres> ReadBar(const Picture& tPicture, const ChartMeasures& tMeasures, bool bHorizontal,
+                                   const Corners& a, double dFrameLine) {
+    const double dWidth = dFrameLine * (bHorizontal ? tMeasures.dHorizontalBar : tMeasures.dVerticalBar),
+                 dOther = dFrameLine * (bHorizontal ? tMeasures.dVerticalBar : tMeasures.dHorizontalBar);
     const auto Between = [&](std::size_t n, std::size_t m) {
         return Point{(a[n].dX + a[m].dX) / 2, (a[n].dY + a[m].dY) / 2};
     };
@@ -87,7 +89,7 @@ std::optional<LineCentres> ReadBar(const Picture& tPicture, bool bHorizontal, co
     const UncertainLine t = LineBetween(bHorizontal, tFrom, tTo);
     const double dMiddle = Along(bHorizontal, MiddleOf(a));
     return ReadBar(ViewAlong(bHorizontal, tPicture), {{dMiddle, t.At(dMiddle), t.dSlope}, dWidth},
-                   (Along(bHorizontal, tTo) - Along(bHorizontal, tFrom)) / 2);
+                   (Along(bHorizontal, tTo) - Along(bHorizontal, tFrom)) / 2, dOther);
 }
 
 CameraReading ReadingOf(std::span<const LineCentres> aLines, const ChartMeasures& tMeasures) {
@@ -113,7 +115,7 @@ ReadingOutcome ReadFrom(const Picture& tPicture, const ChartMeasures& tMeasures,
     std::vector<LineCentres> aLines;
     for (std::size_t n = 0; n < kChartLines; ++n) {
         auto o = n < kHalfSides ? ReadHalf(tPicture, n, a, aRough[n])
-                                : ReadBar(tPicture, n == kHorizontalBar, a, aRough[0].dWidth);
+                                : ReadBar(tPicture, tMeasures, n == kHorizontalBar, a, aRough[0].dWidth);
         if (!o)
             return {{}, n < kHalfSides ? NoReading::kSideHidden : NoReading::kNoCross, n};
         aLines.push_back(std::move(*o));

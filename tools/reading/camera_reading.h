@@ -8,7 +8,8 @@ namespace tools {
 // Of the printed chart and its place, as the library has them: chart units.
 struct ChartMeasures {
     double dDistance;
-    double dHalfSpanX, dHalfSpanY; // from the cross to the frame's sides' middle lines
+    double dHalfSpanX, dHalfSpanY;               // from the cross to the frame's sides' middle lines
+    double dHorizontalBar = 1, dVerticalBar = 1; // widths of the cross's bars, in those of the frame's line
 };
 
 struct UncertainNumber {

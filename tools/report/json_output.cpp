@@ -69,6 +69,8 @@ std::string JsonTextOf(const Report& report) {
         {"warning_details", Json::array()},
         {"calibration_file", report.strCalibrationFile}};
     tJson.update(JsonOf(QuantitiesOf(report.oSecondAngles)));
+    if (const Json t = TrustLimitsJson(report.tMaster.tTrust); t != tJson["trust_limits"])
+        tJson["master_trust_limits"] = t; // where a product's cameras are searched differently
     for (const Warning& tWarning : report.aWarnings) {
         tJson["warnings"].push_back(tWarning.strText);
         tJson["warning_details"].push_back(JsonOf(tWarning));

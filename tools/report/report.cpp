@@ -25,7 +25,7 @@ CameraReport CameraReportOf(Camera tCamera, Picture tPicture, const CameraResult
 Report ReportOf(Picture tMaster, Picture tSlave, const Measurement& measurement,
                 const MeasuringSetup& setup) {
     const Limits& limits = setup.tLimits;
-    std::vector<Warning> aWarnings = WarningsOf({measurement, tMaster, tSlave, limits});
+    std::vector<Warning> aWarnings = WarningsOf({measurement, tMaster, tSlave, setup});
     const bool bMeasured = IsMeasured(measurement.tPair);
     CameraReport tOfMaster =
         CameraReportOf(Camera::kMaster, std::move(tMaster), measurement.tMaster, limits, bMeasured);

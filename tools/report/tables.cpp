@@ -27,8 +27,9 @@ std::string WithSecond(const Quantity& tRaw, const std::optional<UncertainAngles
 
 // Out of range, or spoken against.
 bool IsBeyond(const Report& report, std::size_t nAxis) {
-    const auto pAngle = kAxes[nAxis].pAngle;
-    return report.tSetup.tLimits.IsBeyond((*report.tPair.oRaw).*pAngle, (*report.tPair.oRescaled).*pAngle) ||
+    const Limits& tLimits = report.tSetup.tLimits;
+    const Angles& tJudged = tLimits.HoldsForRaw() ? *report.tPair.oRaw : *report.tPair.oRescaled;
+    return tLimits.IsBeyond(tJudged.*kAxes[nAxis].pAngle) ||
            std::ranges::count(report.aWarnings, kAxes[nAxis].szKey, &Warning::szAxis) != 0;
 }
 
@@ -37,11 +38,12 @@ ReportTable Rotation(const Report& report) {
         "Rotation of the slave against the master, degrees (rescaled: as getAlign returns it)",
         {{"", "raw", "rescaled", "allowed"}},
         true};
+    const Limits& tLimits = report.tSetup.tLimits;
     const Quantities aRaw = QuantitiesOf(report.tPair.oRaw), aRescaled = QuantitiesOf(report.tPair.oRescaled);
     for (std::size_t i = 0; i < kAxes.size() && report.tPair.oRaw; ++i)
         tTable.aRows.push_back({kAxes[i].szLabel, WithSecond(aRaw[i], report.oSecondAngles, i),
                                 Shown(aRescaled[i]) + (IsBeyond(report, i) ? kBeyond : ""),
-                                AllowedRange(report.tSetup.tLimits.dRescaled)});
+                                AllowedRange(tLimits.dRescaled) + (tLimits.HoldsForRaw() ? " raw" : "")});
     return tTable;
 }
 
@@ -58,7 +60,9 @@ ReportTable SideBySide(const std::string& strHeading, const Quantities& aMaster,
         if (aMaster[i].oValue || aSlave[i].oValue) {
             tTable.aRows.push_back({LabelWithUnit(aMaster[i]), Marked(aMaster[i]), Marked(aSlave[i])});
             if (bLimits)
-                tTable.aRows.back().push_back(aMaster[i].strLimit);
+                tTable.aRows.back().push_back(aMaster[i].strLimit == aSlave[i].strLimit
+                                                  ? aMaster[i].strLimit
+                                                  : aMaster[i].strLimit + ", " + aSlave[i].strLimit);
         }
     return tTable;
 }

@@ -4,8 +4,9 @@
 
 namespace tools {
 
-// How far what the stages search for lies from where they would miss it, px; less than 0: they do. Nothing
-// where it was not seen.
+// How far what the stages search for lies from where they would miss it, px; less than 0: it is beyond that.
+// A cross that reaches beyond its window may still be measured, by what is left. Nothing where it was not
+// seen.
 struct Margins {
     std::optional<double> oFrameStart; // from where the frame's search starts outward to the frame's line
     std::optional<double> oWindow;     // from the cross's bars to the border of their first search window

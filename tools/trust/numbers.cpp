@@ -3,6 +3,7 @@
 #include "basics/text_table.h"
 #include "reading/words.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <limits>
@@ -93,7 +94,7 @@ Value CrossThreshold(const CameraTrust& trust, std::size_t) {
 // By how much the cross is paler than its search takes for ink. Of a cross whose contrast is not the reason.
 Value CrossPaleness(const CameraTrust& trust, std::size_t nSide) {
     const Value oContrast = CrossContrast(trust, nSide);
-    return oContrast >= (trust.bMeasured ? kLowestContrast : kLowContrast) && trust.oCrossThreshold
+    return oContrast >= LimitFor(*LimitOf("cross_contrast_grey"), trust) && trust.oCrossThreshold
                ? Value(trust.oCross->dDark - *trust.oCrossThreshold)
                : std::nullopt;
 }
@@ -174,7 +175,8 @@ const TrustNumber kNumbers[] = {
      TrustLimit{"rolled_chart", Warned::kAbove, kNoLimit, 0, "roll_shift_px", nullptr,
                 ": the chart is rolled too far, which moves the ends of its frame's long sides by {value} "
                 "px, more than {limit} px. Turn the module or the chart until the cross's bar lies level.",
-                0, nullptr, [](const FrameSearch& t) { return t.nMargin - kMarginBesideRoll; }}},
+                0, nullptr,
+                [](const FrameSearch& t) { return std::max(t.nMargin - kMarginBesideRoll, 1.0); }}},
     {Of::kPicture, "frame_start_margin_px", "start of the frame's search to the frame", "px", 0,
      OfMargins<&Margins::oFrameStart>},
     {Of::kPicture, "window_margin_px", "ends of the cross's bars to its search window", "px", 0,
@@ -235,7 +237,7 @@ double LimitFor(const TrustLimit& tLimit, const CameraTrust& trust) {
     if (tLimit.FollowsFrom != nullptr)
         return tLimit.FollowsFrom(trust.tFrameSearch);
     const auto p = trust.tLimits.find(tLimit.szJsonKey != nullptr ? tLimit.szJsonKey : "");
-    return p != trust.tLimits.end() && dOfTable == UsualLimit(tLimit) ? p->second : dOfTable;
+    return p != trust.tLimits.end() ? p->second : dOfTable;
 }
 
 const char* BoundOf(const TrustLimit& tLimit) {

@@ -106,7 +106,7 @@ void AddAxis(const MeasuredPair& tPair, std::size_t nAxis, std::vector<Warning>&
     const double dRaw = (*tPair.tMeasurement.tPair.oRaw).*tAxis.pAngle;
     const double dDifference = std::fabs(dRaw - tSecond.dValue), dUncertainty = std::sqrt(tSecond.dVariance);
     const double dReach = 2 * dUncertainty + dDifference; // so far off may the angle be
-    const Limits& tLimits = tPair.tLimits;
+    const Limits& tLimits = tPair.tSetup.tLimits;
     if (!(dReach <= tLimits.dMaxDifference))
         a.push_back(WarningOf(kDifference, tAxis, dReach, tLimits.dMaxDifference,
                               ": the two readings differ by " + Fixed(dDifference, 4)));
@@ -130,7 +130,7 @@ std::vector<Warning> WarningsOf(const MeasuredPair& tPair) {
     for (std::size_t i = 0; i < kAxes.size() && IsMeasured(t.tPair) && t.oSecondAngles; ++i)
         AddAxis(tPair, i, a);
     const PictureSize tMaster = tPair.tMaster.Size(), tSlave = tPair.tSlave.Size();
-    if (tMaster != tSlave)
+    if (tMaster != tSlave && !tPair.tSetup.tParameters.bSizesHold)
         a.push_back(
             {.szKind = kSizes.szKey,
              .strText = Filled(

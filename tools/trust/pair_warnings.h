@@ -8,7 +8,7 @@ namespace tools {
 struct MeasuredPair {
     const Measurement& tMeasurement;
     const Picture &tMaster, &tSlave;
-    const Limits& tLimits;
+    const MeasuringSetup& tSetup;
 };
 
 // What speaks against it, the gravest first; of a pair that was not measured what may be the cause.

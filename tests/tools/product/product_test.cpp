@@ -40,13 +40,17 @@ TEST_F(Product, ItsValuesMeasureJudgeAndAreTold) {
     EXPECT_EQ(dMargin - 10,
               MeasureAsJson("master.pgm slave.pgm")["trust"]["master"]["frame_start_margin_px"]);
     EXPECT_TRUE(Holds(Measure("master.pgm slave.pgm", "--product tight.json").strOut,
-                      {"tight.json, not as the phone measures: nFrameOffsetY_Master", "-0.4 to 0.4"}));
+                      {"tight.json, not as the phone measures: nFrameOffsetY_Master", "OUT OF RANGE: Rx 0.4",
+                       "degrees raw", "-0.4 to 0.4 raw"}));
     Write("list.csv", "master,slave\nmaster.pgm,slave.pgm\n");
     EXPECT_TRUE(Holds(Run("batch list.csv --format jsonl --product tight.json 2>&1").strOut,
                       {"tight.json\"", "start of the frame's search to the frame"}));
     ExpectRefused(
         3, {"measure master.pgm slave.pgm --product tight.json --calibration calibration.bin --record r",
             {"r: is not written: tight.json changes the library's parameters (nFrameOffsetY_Master)"}});
+    Run("batch list.csv --out rows.csv");
+    ExpectRefused(3, {"batch list.csv --product tight.json --out rows.csv --resume",
+                      {"its row 1 was measured without --product"}});
     ExpectRefused(
         3, {"batch list.csv --product tight.json --out tight.json --overwrite", {"is the product's file"}});
     Write("small.json", R"({"parameters": {"nWidth": 1000}})");
@@ -83,6 +87,8 @@ TEST_F(Product, UnfitFileIsToldByLineNameAndRange) {
         {R"({"parameters": 5})", {"\"parameters\" is 5; allowed is an object"}},
         {R"({"parameters": {"nWidth": 60000, "nHeight": 60000}})",
          {"60000 x 60000 px are more than 100000000"}},
+        {R"({"parameters": {")" + std::string(900000, 'x') + R"(": 1}})", {"xxx...\" is not known"}},
+        {std::string("{}\0{", 4), {"holds a zero byte"}},
         {"[1]", {"is a list; allowed is an object"}},
         {"{\"parameters\": {\n\"a\\u001b\\n\": 5}}", {"line 2: \"parameters/a??\" is not known"}},
         {"", {"line 1: " + strNotJson}},

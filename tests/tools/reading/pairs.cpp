@@ -87,7 +87,7 @@ StudyPair PairOf(unsigned int nPair, bool bDirt) {
 
 StudyResult ResultOf(const StudyPair& tPair) {
     StudyResult result = {Measure(tPair.tMaster, tPair.tSlave), 0, {}, {}};
-    const ChartMeasures tMeasures = ChartMeasuresOf(DefaultParameters().tBlock);
+    const ChartMeasures tMeasures = ChartMeasuresOf(MeasuringSetup());
     const std::clock_t tStart = std::clock();
     ReadCamera(tPair.tMaster, tMeasures, KnownCorners(result.tFirst.tMaster));
     ReadCamera(tPair.tSlave, tMeasures, KnownCorners(result.tFirst.tSlave));
