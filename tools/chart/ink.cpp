@@ -6,55 +6,40 @@ namespace chart {
 
 namespace {
 
-InkPatch Rectangle(double dHalfX, double dHalfY) {
-    return {std::max(dHalfX, 0.0), std::max(dHalfY, 0.0), 1};
+Rectangle Sized(double dHalfX, double dHalfY) {
+    return {std::max(dHalfX, 0.0), std::max(dHalfY, 0.0)};
 }
 
-InkPatch Common(const InkPatch& a, const InkPatch& b) {
-    return {std::min(a.dHalfX, b.dHalfX), std::min(a.dHalfY, b.dHalfY), 1};
-}
-
-struct Frame {
-    InkPatch tOuter;
-    InkPatch tInner;
-};
-
-Frame FrameOf(const Chart& tChart) {
-    const double dHalfLine = std::max(tChart.dFrameLineWidth, 0.0) / 2;
-    return {Rectangle(tChart.dFrameHalfWidth + dHalfLine, tChart.dFrameHalfHeight + dHalfLine),
-            Rectangle(tChart.dFrameHalfWidth - dHalfLine, tChart.dFrameHalfHeight - dHalfLine)};
-}
-
-void Add(std::vector<InkPatch>& aPatches, InkPatch tPatch, int nWeight) {
-    tPatch.nWeight = nWeight;
-    aPatches.push_back(tPatch);
+Rectangle Common(const Rectangle& a, const Rectangle& b) {
+    return {std::min(a.dHalfX, b.dHalfX), std::min(a.dHalfY, b.dHalfY)};
 }
 
 // The part of a rectangle that the frame's line does not cover already: inside the frame, and beyond it for
 // a rectangle that reaches so far.
-void AddBesideFrame(std::vector<InkPatch>& aPatches, const Frame& tFrame, const InkPatch& tPatch,
-                    int nWeight) {
-    Add(aPatches, Common(tPatch, tFrame.tInner), nWeight);
-    const bool bReachesBeyond = tPatch.dHalfX > tFrame.tOuter.dHalfX || tPatch.dHalfY > tFrame.tOuter.dHalfY;
+void AddBesideFrame(std::vector<InkPatch>& aPatches, const Ink& tInk, const Rectangle& t, int nWeight) {
+    aPatches.push_back({Common(t, tInk.tFrameInner), nWeight});
+    const bool bReachesBeyond = t.dHalfX > tInk.tFrameOuter.dHalfX || t.dHalfY > tInk.tFrameOuter.dHalfY;
     if (!bReachesBeyond)
         return;
-    Add(aPatches, tPatch, nWeight);
-    Add(aPatches, Common(tPatch, tFrame.tOuter), -nWeight);
+    aPatches.push_back({t, nWeight});
+    aPatches.push_back({Common(t, tInk.tFrameOuter), -nWeight});
 }
 
 } // namespace
 
-std::vector<InkPatch> InkPatches(const Chart& tChart) {
-    const Frame tFrame = FrameOf(tChart);
-    const InkPatch tHorizontal = Rectangle(tChart.dHorizontalBarHalfLength, tChart.dHorizontalBarWidth / 2);
-    const InkPatch tVertical = Rectangle(tChart.dVerticalBarWidth / 2, tChart.dVerticalBarHalfLength);
+Ink InkOf(const Chart& tChart) {
+    const double dHalfLine = std::max(tChart.dFrameLineWidth, 0.0) / 2;
+    return {Sized(tChart.dFrameHalfWidth + dHalfLine, tChart.dFrameHalfHeight + dHalfLine),
+            Sized(tChart.dFrameHalfWidth - dHalfLine, tChart.dFrameHalfHeight - dHalfLine),
+            Sized(tChart.dHorizontalBarHalfLength, tChart.dHorizontalBarWidth / 2),
+            Sized(tChart.dVerticalBarWidth / 2, tChart.dVerticalBarHalfLength)};
+}
 
-    std::vector<InkPatch> aPatches;
-    Add(aPatches, tFrame.tOuter, 1);
-    Add(aPatches, tFrame.tInner, -1);
-    AddBesideFrame(aPatches, tFrame, tHorizontal, 1);
-    AddBesideFrame(aPatches, tFrame, tVertical, 1);
-    AddBesideFrame(aPatches, tFrame, Common(tHorizontal, tVertical), -1);
+std::vector<InkPatch> InkPatches(const Ink& tInk) {
+    std::vector<InkPatch> aPatches = {{tInk.tFrameOuter, 1}, {tInk.tFrameInner, -1}};
+    AddBesideFrame(aPatches, tInk, tInk.tHorizontalBar, 1);
+    AddBesideFrame(aPatches, tInk, tInk.tVerticalBar, 1);
+    AddBesideFrame(aPatches, tInk, Common(tInk.tHorizontalBar, tInk.tVerticalBar), -1);
     return aPatches;
 }
 

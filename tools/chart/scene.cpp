@@ -52,7 +52,7 @@ struct Target {
 
 std::vector<Target> Targets(const Chart& tChart, const Sight& tSight) {
     std::vector<Target> aTargets;
-    for (const InkPatch& tPatch : InkPatches(tChart))
+    for (const InkPatch& tPatch : InkPatches(InkOf(tChart)))
         aTargets.push_back({tPatch, Reach(tSight.tX) + tPatch.dHalfX * Reach(tSight.tDepth),
                             Reach(tSight.tY) + tPatch.dHalfY * Reach(tSight.tDepth)});
     return aTargets;
