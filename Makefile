@@ -1,10 +1,10 @@
 # Everything a newcomer types: `make demo` and `make test`. Both install what is missing first (Debian packages).
 
 TOOL_PACKAGES := cmake ninja-build g++ android-liblog-dev libmbedtls-dev libcli11-dev libfmt-dev nlohmann-json3-dev \
-  libpng-dev libturbojpeg0-dev
-PACKAGES := $(TOOL_PACKAGES) libgtest-dev pkg-config default-jdk-headless libjna-java bubblewrap
+  libpng-dev libturbojpeg0-dev libcairo2-dev
+PACKAGES := $(TOOL_PACKAGES) libgtest-dev pkg-config default-jdk-headless libjna-java bubblewrap mupdf-tools
 ARM64_PACKAGES := g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user libgtest-dev:arm64 android-liblog-dev:arm64 \
-  libmbedtls-dev:arm64 libfmt-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64
+  libmbedtls-dev:arm64 libfmt-dev:arm64 libpng-dev:arm64 libturbojpeg0-dev:arm64 libcairo2-dev:arm64
 NEED := ./cmake/install-packages.sh
 JOBS := $(shell nproc)
 # Said each time: a folder keeps what it was once configured with.

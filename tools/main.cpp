@@ -113,7 +113,8 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     CLI::App tApp("Measures pictures of the alignment chart.\n"
                   "The chart, a dark cross inside a dark frame, is photographed by the master and the slave "
                   "camera of a module. The commands measure such a pair or a list of them, read the record "
-                  "that a measurement leaves, and render pairs with known rotation.",
+                  "that a measurement leaves, render pairs with known rotation, and write the chart to "
+                  "print.",
                   "orvex-align");
     tApp.set_version_flag("--version", [] {
         return "orvex-align " + ToolVersion() + "\nlibOrvex_Alignment " + LibraryVersion();
@@ -128,6 +129,7 @@ ExitCode Run(int nArguments, const char* const* aszArguments) {
     AddBatchCommand(tApp, tExit);
     AddRenderCommand(tApp, tExit);
     AddParametersCommand(tApp, tExit);
+    AddChartCommand(tApp, tExit);
     try {
         tApp.parse(Arguments(tApp, nArguments, aszArguments));
     } catch (const CLI::ParseError& t) {

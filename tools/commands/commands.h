@@ -14,5 +14,6 @@ void AddMeasureEachCommand(CLI::App& tApp, ExitCode& tExit);
 void AddBatchCommand(CLI::App& tApp, ExitCode& tExit);
 void AddRenderCommand(CLI::App& tApp, ExitCode& tExit);
 void AddParametersCommand(CLI::App& tApp, ExitCode& tExit);
+void AddChartCommand(CLI::App& tApp, ExitCode& tExit);
 
 } // namespace tools

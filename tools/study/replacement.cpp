@@ -19,7 +19,7 @@ void RefuseToReplace(const std::vector<NewFile>& aFiles) {
     for (const NewFile& t : aFiles)
         if (std::filesystem::is_regular_file(t.strFile, tIgnored) && !Holds(t))
             throw ToolError(t.strFile, "exists already, with other content",
-                            "Replace what differs by --overwrite, or name another folder");
+                            "Replace what differs by --overwrite, or choose another --out");
 }
 
 void RemoveFile(const std::string& strFile) {
