@@ -16,7 +16,8 @@ namespace {
 
 constexpr double kPointsPerMm = 72 / 25.4;
 
-// The bare paper that stays around the frame, in widths of its line: more than the measurement looks at.
+// The bare paper that stays around the frame, in widths of its line: what A3 leaves beside the usual chart.
+// The measurement looks at half as much again.
 constexpr double kBareLines = 2;
 
 // Beyond the crop, mm: where the dimension lines lie, where the two lines of text stand below them, and what
@@ -115,7 +116,8 @@ void Draw(cairo_t* pPage, const chart::Chart& tChart, double dUnitMm, const Page
                          Fixed(tChart.dDistance * dUnitMm, 1), DimensionsOfLines(tChart, dUnitMm)),
              dHalfY + kToText[0], dWidest);
     DrawText(pPage,
-             "Print at 100 % (actual size), measure these lengths with a ruler, crop at the corner marks.",
+             "Print at 100 % (actual size), measure these lengths with a ruler, crop at the corner marks, "
+             "mount it on white.",
              dHalfY + kToText[1], dWidest);
     cairo_rotate(pPage, -std::numbers::pi / 2);
     DrawDimension(pPage, "frame, outer edges", tInk.tFrameOuter.dHalfY * dUnitMm, -dHalfX - kToDimension,

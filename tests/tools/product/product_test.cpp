@@ -102,7 +102,8 @@ TEST_F(Product, UnfitFileIsToldByLineNameAndRange) {
         ExpectRefused(3, {"parameters --product bad.json", aTold});
     }
     Render();
-    for (const char* const szCommand : {"measure master.pgm slave.pgm", "batch list.csv", "render --out x"})
+    for (const char* const szCommand :
+         {"measure master.pgm slave.pgm", "batch list.csv", "render --out x", "chart --out x.svg"})
         ExpectRefused(3,
                       {szCommand + std::string(" --product bad.json"), {"bad.json: line 1: " + strNotJson}},
                       "printf 'master,slave\\nmaster.pgm,slave.pgm\\n' >list.csv");
