@@ -157,12 +157,12 @@ ToolError NotCreated(const std::string& strFile, const char* szUsually) {
 }
 
 std::string ReadStart(const std::string& strFile, std::size_t nBytes, const CheckStart& Check) {
-    constexpr std::size_t kChunk = std::size_t{1} << 20;
+    constexpr std::size_t kChunk = std::size_t{1} << 16; // cleared and then read while in the cache
     const Descriptor tFile = OpenToRead(strFile);
     std::string strBytes;
     struct stat tStat = {};
     if (fstat(tFile.Number(), &tStat) == 0) // a guess: a file may grow, a pipe has no size
-        strBytes.reserve(std::min(static_cast<std::size_t>(tStat.st_size) + 1, nBytes));
+        strBytes.reserve(std::min(static_cast<std::size_t>(tStat.st_size) + kChunk, nBytes));
     while (strBytes.size() < nBytes) {
         const std::size_t nOld = strBytes.size();
         strBytes.resize(std::min(nOld + kChunk, nBytes));

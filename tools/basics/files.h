@@ -12,7 +12,7 @@ namespace tools {
 // The latest failed system call's reason.
 std::string ErrnoText();
 
-// Is given what a file begins with, a megabyte at most, and throws ToolError if the rest is not worth
+// Is given what a file begins with, 64 KiB at most, and throws ToolError if the rest is not worth
 // reading.
 using CheckStart = std::function<void(const std::string& strStart)>;
 
