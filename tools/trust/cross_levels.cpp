@@ -22,12 +22,13 @@ std::optional<CrossLevels> ReadCrossLevels(const Picture& tPicture, const Rectan
     if (tWindow.dLeft > tWindow.dRight || tWindow.dTop > tWindow.dBottom)
         return std::nullopt; // it misses the picture
     const auto nFirst = static_cast<std::size_t>(tWindow.dLeft),
-               nLast = static_cast<std::size_t>(tWindow.dRight);
+               nColumns = static_cast<std::size_t>(tWindow.dRight) - nFirst + 1;
+    const std::span<const unsigned char> aGrey = tPicture.aGrey;
     GreyCounts tCounts;
     std::size_t nAll = 0;
-    for (auto y = static_cast<std::size_t>(tWindow.dTop); y <= static_cast<std::size_t>(tWindow.dBottom); ++y)
-        for (std::size_t x = nFirst; x <= nLast; ++x, ++nAll)
-            tCounts.Add(x, tPicture.aGrey[y * static_cast<std::size_t>(tPicture.nColumns) + x]);
+    for (auto y = static_cast<std::size_t>(tWindow.dTop); y <= static_cast<std::size_t>(tWindow.dBottom);
+         ++y, nAll += nColumns)
+        tCounts.Add(aGrey.subspan(y * static_cast<std::size_t>(tPicture.nColumns) + nFirst, nColumns));
     return CrossLevels{Quantile(tCounts, nAll, 0.01), Quantile(tCounts, nAll, 0.5)};
 }
 

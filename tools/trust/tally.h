@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace tools {
 
@@ -11,7 +12,16 @@ namespace tools {
 template <std::size_t kNumbers>
 class Tally {
 public:
-    void Add(std::size_t nPlace, std::size_t nNumber) { ++m_aan[nPlace % kApart][nNumber]; }
+    // Numbers in the order of the walk.
+    template <typename Number>
+    void Add(std::span<const Number> a) {
+        std::size_t n = 0;
+        for (; n + kApart <= a.size(); n += kApart)
+            for (std::size_t i = 0; i < kApart; ++i)
+                ++m_aan[i][a[n + i]];
+        for (; n < a.size(); ++n)
+            ++m_aan[0][a[n]];
+    }
 
     std::size_t operator[](std::size_t nNumber) const {
         std::size_t n = 0;
