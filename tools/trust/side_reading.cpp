@@ -57,14 +57,17 @@ void TakeProfile(const Picture& picture, Point tMiddle, Point tNormal, Span tAcr
         return Holds(picture, tMiddle.dX + d * tNormal.dX, tMiddle.dY + d * tNormal.dY);
     };
     const bool bWhole = HoldsAt(tAcross.dFirst) && HoldsAt(tAcross.dLast);
-    profile.adGrey.clear();
+    profile.adGrey.resize(static_cast<std::size_t>(tAcross.dLast - tAcross.dFirst) + 1);
+    const auto pFirst = profile.adGrey.begin();
+    auto pNext = pFirst;
     for (double d = tAcross.dFirst; d <= tAcross.dLast; d += 1.0) {
         if (!bWhole && !HoldsAt(d))
             continue;
-        if (profile.adGrey.empty())
+        if (pNext == pFirst)
             profile.dFirst = d;
-        profile.adGrey.push_back(GreyAt(picture, tMiddle.dX + d * tNormal.dX, tMiddle.dY + d * tNormal.dY));
+        *pNext++ = GreyAt(picture, tMiddle.dX + d * tNormal.dX, tMiddle.dY + d * tNormal.dY);
     }
+    profile.adGrey.erase(pNext, profile.adGrey.end());
 }
 
 // Of at least one sample, 0 to 255. Counted by whole levels, of which the middle one's few samples are
@@ -77,6 +80,7 @@ double MedianGrey(std::span<const double> adGrey) {
     for (; nBehind >= anCounts[nLevel]; --nLevel)
         nBehind -= anCounts[nLevel];
     std::vector<double> ad;
+    ad.reserve(anCounts[nLevel]);
     std::ranges::copy_if(adGrey, std::back_inserter(ad),
                          [&](double d) { return static_cast<std::size_t>(d) == nLevel; });
     const auto pMedian = ad.begin() + static_cast<std::ptrdiff_t>(nBehind);
