@@ -14,10 +14,8 @@ constexpr std::size_t kLightBlocks = 8; // of a line, each with a level of its o
 constexpr double kWidthReach = 1.5;     // of the biweight for widths against that for places
 
 std::vector<double> Collected(std::span<const InkAcross> a, double InkAcross::*pMember) {
-    std::vector<double> ad;
-    ad.reserve(a.size());
-    for (const InkAcross& t : a)
-        ad.push_back(t.*pMember);
+    std::vector<double> ad(a.size());
+    std::ranges::transform(a, ad.begin(), pMember);
     return ad;
 }
 

@@ -76,10 +76,10 @@ std::vector<LinePoint> Freed(const LineCentres& t, std::span<const Waves> aWaves
 // The line moves with each wave's amplitude as if the wave were its points.
 void AddVariances(std::vector<LinePoint> aPoints, std::span<const Waves> aWaves, const Waves& adUncertainties,
                   RobustFit& fit) {
+    RobustFit tMoved = fit;
     for (std::size_t n = 0; n < 3; ++n) {
         for (std::size_t i = 0; i < aPoints.size(); ++i)
             aPoints[i].dAcross = adUncertainties[n] * aWaves[i][n];
-        RobustFit tMoved = fit;
         FitOnce(aPoints, tMoved);
         const double dOffset = tMoved.tLine.At(fit.tLine.dMiddle), dSlope = tMoved.tLine.dSlope;
         fit.tLine.dOffsetVariance += dOffset * dOffset;

@@ -6,9 +6,6 @@
 namespace tools {
 namespace {
 
-// In units of the scatter. With it the fit of undisturbed points keeps 95 % of its efficiency.
-constexpr double kBiweightReach = 4.685;
-
 // px. Noise-free pictures of a line along the pixels have no scatter at all.
 constexpr double kLeastScatter = 1e-3;
 
@@ -18,10 +15,9 @@ constexpr int kScatterRounds = 2; // after them the scatter stays, so that the w
 constexpr int kRounds = 8;        // each moves an undisturbed line by a fifth of the one before
 
 std::vector<double> ResidualsOf(std::span<const LinePoint> aPoints, const UncertainLine& tLine) {
-    std::vector<double> ad;
-    ad.reserve(aPoints.size());
-    for (const LinePoint& t : aPoints)
-        ad.push_back(t.dAcross - tLine.At(t.dAlong));
+    std::vector<double> ad(aPoints.size());
+    std::ranges::transform(aPoints, ad.begin(),
+                           [&](const LinePoint& t) { return t.dAcross - tLine.At(t.dAlong); });
     return ad;
 }
 
@@ -60,11 +56,6 @@ double RobustScatter(std::span<const double> ad, double dMiddle) {
     for (std::size_t i = 0; i < ad.size(); i += nStep)
         adDistances.push_back(std::fabs(ad[i] - dMiddle));
     return 1.4826 * Median(std::move(adDistances));
-}
-
-double Biweight(double dScaled) {
-    const double u = dScaled / kBiweightReach, d = 1 - u * u;
-    return d > 0 ? d * d : 0;
 }
 
 UncertainLine RepeatedMedianLine(std::span<const LinePoint> aPoints) {

@@ -38,8 +38,14 @@ double Median(std::vector<double> ad); // of at least one
 // 1.4826 times the median distance from the given middle: the standard deviation where the scatter is normal.
 double RobustScatter(std::span<const double> ad, double dMiddle);
 
-// Tukey's biweight of a residual in units of the scatter: 1 in the middle, 0 from 4.685 on.
-double Biweight(double dScaled);
+// In units of the scatter. With it the fit of undisturbed points keeps 95 % of its efficiency.
+constexpr double kBiweightReach = 4.685;
+
+// Tukey's biweight of a residual in units of the scatter: 1 in the middle, 0 from its reach on.
+inline double Biweight(double dScaled) {
+    const double u = dScaled / kBiweightReach, d = 1 - u * u;
+    return d > 0 ? d * d : 0;
+}
 
 // Siegel's repeated medians: right while less than half of the points are wrong. The points, of which there
 // are at least two, differ along the line. Without variances.
