@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
-#include <iterator>
 #include <numeric>
 
 namespace tools {
@@ -79,12 +78,16 @@ double MedianGrey(std::span<const double> adGrey) {
     std::size_t nLevel = 255, nBehind = (adGrey.size() - 1) / 2; // of those that are as bright or brighter
     for (; nBehind >= anCounts[nLevel]; --nLevel)
         nBehind -= anCounts[nLevel];
-    std::vector<double> ad;
-    ad.reserve(anCounts[nLevel]);
-    std::ranges::copy_if(adGrey, std::back_inserter(ad),
-                         [&](double d) { return static_cast<std::size_t>(d) == nLevel; });
+    // A sample that is not of the level is written too, but overwritten by the next: a branch would be
+    // foreseen badly.
+    std::vector<double> ad(anCounts[nLevel] + 1);
+    auto pEnd = ad.begin();
+    for (const double d : adGrey) {
+        *pEnd = d;
+        pEnd += static_cast<std::size_t>(d) == nLevel;
+    }
     const auto pMedian = ad.begin() + static_cast<std::ptrdiff_t>(nBehind);
-    std::ranges::nth_element(ad, pMedian, std::greater<>());
+    std::ranges::nth_element(ad.begin(), pMedian, pEnd, std::greater<>());
     return *pMedian;
 }
 
