@@ -64,11 +64,13 @@ std::optional<InkAcross> FindInk(const AxisView& tView, int nLine, double dMiddl
         return std::nullopt;
     const LineAcross tLine = tView.Line(nLine);
     int nDarkest = t.nFirst;
-    for (int n = t.nFirst; n <= t.nLast; ++n)
-        if (Smoothed(tLine, n) < Smoothed(tLine, nDarkest))
+    double dDark = Smoothed(tLine, nDarkest);
+    for (int n = t.nFirst + 1; n <= t.nLast; ++n)
+        if (const double d = Smoothed(tLine, n); d < dDark) {
             nDarkest = n;
-    // Most of the samples are paper.
-    const double dDark = Smoothed(tLine, nDarkest), dPaper = Mean(tLine, t);
+            dDark = d;
+        }
+    const double dPaper = Mean(tLine, t); // most of the samples are
     if (dPaper - dDark < kLeastStep)
         return std::nullopt;
     const auto oFirst = EdgeBetween(tLine, {nDarkest, t.nFirst - 1}, (dDark + dPaper) / 2);
