@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         RequireVariance(tOutcome.oReading->tRoll.dVariance);
     }
     const tools::Report report =
-        tools::ReportOf(tMaster, tSlave, tools::Measure(tMaster, tSlave), tools::kMaxDifference);
+        tools::ReportOf(tMaster, tSlave, tools::Measure(tMaster, tSlave), tools::MeasuringSetup());
     const std::string strBrief = tools::BriefTextOf(report);
     Require(std::ranges::count(strBrief, '\n') <= 20, "the short answer has at most 20 lines");
     Require(!tools::JsonTextOf(report).empty() && (!t.OneIn(8) || !tools::HtmlOf(report).empty()),

@@ -121,7 +121,8 @@ std::string BatchSummary::WarningsText() const {
 std::string BatchSummary::MarginsText() const {
     std::vector<Cells> aRows = {{"", "px", "id"}};
     for (const auto& [nColumn, tLeast] : m_tMargins)
-        aRows.push_back({NumberColumns()[nColumn].strLabel, Fixed(tLeast.dValue, 0), tLeast.strId});
+        aRows.push_back(
+            {NumberColumns()[nColumn].strLabel, Fixed(std::get<0>(tLeast), 0), std::get<2>(tLeast)});
     return aRows.size() == 1 ? "" : "\nLeast margins\n" + Table(aRows);
 }
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <map>
+#include <tuple>
 
 namespace tools {
 
@@ -48,12 +49,8 @@ private:
     std::map<std::size_t, std::string> m_tWarned;   // ids of rows measured with warnings, by line in the list
     std::map<std::string, std::size_t> m_tWarnings; // by kind
     std::array<Axis, 3> m_aAxes;
-    struct Least {
-        double dValue;
-        std::size_t nLine;
-        std::string strId;
-        auto operator<=>(const Least&) const = default;
-    };
+    using Least = std::tuple<double, std::size_t, std::string>; // px, line in the list, id
+
     std::map<std::size_t, Least> m_tMargins; // by the place of the margin in a row's numbers
 };
 

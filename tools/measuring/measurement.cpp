@@ -75,7 +75,7 @@ PairResult CallLibrary(const Picture& tMaster, const Picture& tSlave, const Meas
         return pair;
     }
     const auto& [dRx, dRy, dRz] =
-        pair.oRaw.emplace(m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz);
+        pair.oRaw.emplace(Angles{m_tDualCamAlignData.dRx, m_tDualCamAlignData.dRy, m_tDualCamAlignData.dRz});
     pair.oRescaled = {orvex::RescaledAngle(dRx), orvex::RescaledAngle(dRy), orvex::RescaledAngle(dRz)};
     for (const AxisName& t : kAxes)
         if (setup.tLimits.IsBeyond((setup.tLimits.HoldsForRaw() ? *pair.oRaw : *pair.oRescaled).*t.pAngle))
