@@ -48,7 +48,7 @@ public:
     const Product& Read() const { return m_product; }
 
     bool start_object(std::size_t) override {
-        if (m_aPath.size() > 2 && m_aPath.back() != "")
+        if (m_aPath.size() > 2 && !m_aPath.back().empty())
             Refuse("is an object", "");
         m_aPath.emplace_back();
         return true;
