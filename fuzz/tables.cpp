@@ -18,18 +18,19 @@ void ReadList(const MemoryFile& tFile) {
     Require(!tools::ReadBatchList(tFile.Name()).aItems.empty(), "a list has something to measure");
 }
 
-std::string LinesOf(tools::RowFormat tFormat, const std::vector<tools::BatchRow>& aRows) {
-    std::string str = tools::HeadOf(tFormat);
+std::string LinesOf(const tools::RowForm& tForm, const std::vector<tools::BatchRow>& aRows) {
+    std::string str = tools::HeadOf(tForm);
     for (const tools::BatchRow& t : aRows)
-        str += tools::LineOf(tFormat, t);
+        str += tools::LineOf(tForm, t);
     return str;
 }
 
 // What can be read can be summed up, and written and read again as the same.
 void ReadResults(const MemoryFile& tFile, tools::RowFormat tFormat, const std::string& strText) {
-    const tools::StoredRows t = tools::ReadRows(tFormat, tFile.Name(), strText);
+    const tools::RowForm tForm = tools::FormOf(tFormat, {});
+    const tools::StoredRows t = tools::ReadRows(tForm, tFile.Name(), strText);
     Require(t.nBytes <= strText.size(), "whole rows lie in the text");
-    tools::BatchSummary tSummary;
+    tools::BatchSummary tSummary{tools::Limits()};
     tools::BatchItem tItem = {};
     tItem.strMaster = "master.pgm";
     tItem.oTruth = tools::Angles{0.1, -0.2, 0.3};
@@ -38,8 +39,8 @@ void ReadResults(const MemoryFile& tFile, tools::RowFormat tFormat, const std::s
         tSummary.Add(tItem, tRow);
     }
     Require(!tSummary.Text().empty() && !tSummary.RepeatabilityText().empty(), "a summary says something");
-    const std::string strLines = LinesOf(tFormat, t.aRows);
-    Require(LinesOf(tFormat, tools::ReadRows(tFormat, tFile.Name(), strLines).aRows) == strLines,
+    const std::string strLines = LinesOf(tForm, t.aRows);
+    Require(LinesOf(tForm, tools::ReadRows(tForm, tFile.Name(), strLines).aRows) == strLines,
             "results that are written read back the same");
 }
 

@@ -9,8 +9,9 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 class Reader {
 public:
-    explicit Reader(std::string_view strText)
-        : m_strText(strText), m_nAt(strText.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0) {}
+    Reader(std::string_view strText, CsvForm tForm)
+        : m_strText(strText), m_nAt(strText.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0),
+          m_tForm(tForm) {}
 
     bool AtEnd() const { return m_nAt >= m_strText.size(); }
 
@@ -18,7 +19,7 @@ public:
         CsvRecord t = {{}, m_nLine, 0, false, false};
         do
             t.aCells.push_back(Cell(t.bQuoteOpen));
-        while (Skip(','));
+        while (Skip(m_tForm.cSeparator));
         t.bLineEnded = Skip('\n');
         t.nEnd = m_nAt;
         return t;
@@ -41,14 +42,20 @@ private:
 
     std::string Cell(bool& bQuoteOpen) {
         std::string str;
+        if (m_tForm.bTrimmed)
+            Take(m_strText.find_first_not_of(Blanks(), m_nAt));
         if (Skip('"'))
             bQuoteOpen = !TakeQuoted(str);
-        str += Take(m_strText.find_first_of(",\n", m_nAt));
-        const bool bLineEnds = AtEnd() || m_strText[m_nAt] == '\n';
-        if (bLineEnds && !bQuoteOpen && str.ends_with('\r'))
-            str.pop_back();
-        return str;
+        std::string_view strRest =
+            Take(m_strText.find_first_of(std::string{m_tForm.cSeparator, '\n'}, m_nAt));
+        if ((AtEnd() || m_strText[m_nAt] == '\n') && strRest.ends_with('\r'))
+            strRest.remove_suffix(1);
+        if (m_tForm.bTrimmed)
+            strRest = strRest.substr(0, strRest.find_last_not_of(Blanks()) + 1);
+        return str.append(strRest);
     }
+
+    std::string_view Blanks() const { return m_tForm.cSeparator == '\t' ? " " : " \t"; }
 
     // Up to the closing quote; a doubled one stands for itself.
     bool TakeQuoted(std::string& str) {
@@ -64,6 +71,7 @@ private:
 
     std::string_view m_strText;
     std::size_t m_nAt;
+    CsvForm m_tForm;
     std::size_t m_nLine = 1;
 };
 
@@ -78,9 +86,9 @@ std::string Quoted(const std::string& str) {
 
 } // namespace
 
-std::vector<CsvRecord> ParseCsv(std::string_view strText) {
+std::vector<CsvRecord> ParseCsv(std::string_view strText, CsvForm tForm) {
     std::vector<CsvRecord> aRecords;
-    for (Reader tReader(strText); !tReader.AtEnd();) {
+    for (Reader tReader(strText, tForm); !tReader.AtEnd();) {
         CsvRecord t = tReader.Next();
         if (t.aCells != std::vector<std::string>{""} || t.bQuoteOpen)
             aRecords.push_back(std::move(t));

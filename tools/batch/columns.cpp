@@ -80,7 +80,7 @@ std::vector<std::string> Parts(const std::string& str) {
 // Whether each value is one that its column may hold.
 bool Fits(const BatchRow& tRow, const std::vector<Json>& aCells) {
     for (std::size_t i = 0; i < aCells.size(); ++i) {
-        const bool bNumber = i == kExitAt || i > std::size(kTexts);
+        const bool bNumber = i == kExitAt || (i > std::size(kTexts) && i < BatchColumns().size());
         if (!aCells[i].is_null() && (bNumber ? !NumberIn(aCells[i]) : !aCells[i].is_string()))
             return false;
     }
@@ -134,8 +134,8 @@ const std::vector<std::string>& BatchColumns() {
 }
 
 BatchRow RowOfAnswer(const PairNames& tNames, const Json& tAnswer) {
-    BatchRow tRow = {tNames, VerdictCalled(tAnswer.at("verdict").get<std::string>()), {}, {}, {}, {}, {}, {},
-                     {}};
+    BatchRow tRow = {
+        tNames, VerdictCalled(tAnswer.at("verdict").get<std::string>()), {}, {}, {}, {}, {}, {}, {}, {}};
     if (tRow.pVerdict == nullptr)
         throw Json::other_error::create(501, "no verdict", &tAnswer);
     for (const TextColumn& tColumn : kTexts)
@@ -160,13 +160,14 @@ std::vector<Json> CellsOf(const BatchRow& tRow) {
     aCells.push_back(Cell(fmt::to_string(fmt::join(tRow.aWarningKinds, kBetween))));
     for (std::size_t i = 0; i < NumberColumns().size(); ++i)
         aCells.push_back(NumberCell(NumberColumns()[i], tRow.aNumbers[i]));
+    std::ranges::transform(tRow.aFurther, std::back_inserter(aCells), Cell);
     return aCells;
 }
 
 std::optional<BatchRow> RowOfCells(const std::vector<Json>& aCells) {
-    if (aCells.size() != BatchColumns().size())
+    if (aCells.size() < BatchColumns().size())
         return std::nullopt;
-    BatchRow tRow = {{}, VerdictCalled(TextIn(aCells[kVerdictAt])), {}, {}, {}, {}, {}, {}, {}};
+    BatchRow tRow = {{}, VerdictCalled(TextIn(aCells[kVerdictAt])), {}, {}, {}, {}, {}, {}, {}, {}};
     std::size_t nNext = 0;
     for (const TextColumn& tColumn : kTexts) {
         const Json& tCell = aCells[nNext++];
@@ -174,8 +175,10 @@ std::optional<BatchRow> RowOfCells(const std::vector<Json>& aCells) {
             tRow.*tColumn.pText = TextIn(tCell);
     }
     tRow.aWarningKinds = Parts(TextIn(aCells[nNext++]));
-    while (nNext < aCells.size())
+    while (nNext < BatchColumns().size())
         tRow.aNumbers.push_back(NumberIn(aCells[nNext++]));
+    while (nNext < aCells.size())
+        tRow.aFurther.push_back(TextIn(aCells[nNext++]));
     return Fits(tRow, aCells) ? std::optional(std::move(tRow)) : std::nullopt;
 }
 

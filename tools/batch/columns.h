@@ -16,7 +16,7 @@ struct NumberColumn {
 // The raw angles come first.
 const std::vector<NumberColumn>& NumberColumns();
 
-// All columns in their order.
+// The rows' own columns in their order; a list's others follow them.
 const std::vector<std::string>& BatchColumns();
 
 // What measure's object says of this pair. Throws Json::exception if it is no such object.

@@ -17,9 +17,10 @@ public:
     Rows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary)
         : m_tWork(tWork), m_tSink(tSink), m_tSummary(tSummary), m_nNext(tWork.nFirst) {}
 
-    void Add(std::size_t nRow, const BatchRow& tRow) {
+    void Add(std::size_t nRow, BatchRow tRow) {
+        tRow.aFurther = m_tWork.tList.aItems[nRow].aFurther;
         m_tSummary.Add(m_tWork.tList.aItems[nRow], tRow);
-        m_tWaiting[nRow] = LineOf(m_tWork.tFormat, tRow);
+        m_tWaiting[nRow] = LineOf(m_tWork.tForm, tRow);
         for (auto p = m_tWaiting.find(m_nNext); p != m_tWaiting.end(); p = m_tWaiting.find(++m_nNext)) {
             m_tSink.Write(p->second);
             m_tWaiting.erase(p);

@@ -16,7 +16,7 @@ struct BatchWork {
     const BatchList& tList;
     std::size_t nFirst;                // rows before it are there
     std::vector<std::string> aOptions; // for measure, about the pictures
-    RowFormat tFormat;
+    RowForm tForm;
     std::size_t nAtOnce;
     std::chrono::seconds tTimeLimit; // for each pair
     bool bProgress;                  // wanted, if there is a terminal for it

@@ -11,7 +11,7 @@ namespace {
 
 // All numbers without a value.
 BatchRow RowWith(const PairNames& tNames, VerdictKind tVerdict, const std::string& strWords) {
-    BatchRow tRow = {tNames, &DescribeVerdict(tVerdict), {}, {}, {}, strWords, {}, {}, {}};
+    BatchRow tRow = {tNames, &DescribeVerdict(tVerdict), {}, {}, {}, strWords, {}, {}, {}, {}};
     tRow.aNumbers.resize(NumberColumns().size());
     return tRow;
 }
@@ -57,20 +57,17 @@ BatchRow RowOf(const BatchItem& tItem, const WorkerOutcome& tOutcome) {
     }
 }
 
-std::string PlaceInList(const BatchItem& tItem) {
-    return "line " + std::to_string(tItem.nLine) + " of the list: ";
-}
-
 BatchRow FaultyRow(const BatchItem& tItem) {
-    return RowWith(tItem, VerdictKind::kUnfitInput,
-                   PlaceInList(tItem) + tItem.strFault + ". Mend the line and measure the list again.");
+    return RowWith(tItem, VerdictKind::kUnfitInput, tItem.strFault);
 }
 
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem) {
-    return std::ranges::all_of(
-        std::array{&PairNames::strId, &PairNames::strMaster, &PairNames::strSlave,
-                   &PairNames::strCalibration},
-        [&](std::string PairNames::*pName) { return Comparable(tRow.*pName) == Comparable(tItem.*pName); });
+    return std::ranges::all_of(std::array{&PairNames::strId, &PairNames::strMaster, &PairNames::strSlave,
+                                          &PairNames::strCalibration},
+                               [&](std::string PairNames::*pName) {
+                                   return Comparable(tRow.*pName) == Comparable(tItem.*pName);
+                               }) &&
+           std::ranges::equal(tRow.aFurther, tItem.aFurther, {}, Comparable, Comparable);
 }
 
 } // namespace tools

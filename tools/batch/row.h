@@ -15,16 +15,14 @@ struct BatchRow : PairNames {
     std::vector<std::string> aWarningKinds;      // as KeyOf has them
     std::vector<std::optional<double>> aNumbers; // as NumberColumns()
     std::string strProduct = {};                 // whose parameters measured it; empty for the library's own
+    std::vector<std::string> aFurther = {};      // as the list has them
 };
 
 // What the process that measured this pair has to say, whatever became of it.
 BatchRow RowOf(const BatchItem& tItem, const WorkerOutcome& tOutcome);
 
-// What there is to say of a pair whose line in the list is at fault.
+// What there is to say of a pair that the list keeps from being measured.
 BatchRow FaultyRow(const BatchItem& tItem);
-
-// With which such words begin: "line 3 of the list: "
-std::string PlaceInList(const BatchItem& tItem);
 
 // Whether the row is this pair's.
 bool IsRowOf(const BatchRow& tRow, const BatchItem& tItem);

@@ -42,7 +42,7 @@ std::string FailureOf(const BatchRow& tRow) {
 std::string ReasonOf(const BatchItem& tItem, const std::string& strWords) {
     const auto OfFile = [](const std::string& str) { return Harmless(str) + ": "; }; // as messages name it
     for (const auto& [strOwn, szCommon] :
-         {std::pair(PlaceInList(tItem), "list: "), std::pair(OfFile(tItem.strMaster), "master: "),
+         {std::pair(PlaceInList(tItem.nLine), "list: "), std::pair(OfFile(tItem.strMaster), "master: "),
           std::pair(OfFile(tItem.strSlave), "slave: ")})
         if (strWords.starts_with(strOwn))
             return szCommon + strWords.substr(strOwn.size());

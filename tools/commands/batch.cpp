@@ -5,13 +5,13 @@
 #include "basics/harmless_text.h"
 #include "basics/tool_error.h"
 #include "batch/measuring.h"
+#include "batch/patterns.h"
 #include "commands/help.h"
 #include "commands/options.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fmt/format.h>
-#include <thread>
 #include <unistd.h>
 
 namespace tools {
@@ -24,13 +24,16 @@ constexpr std::size_t kDefaultTimeout = 60;
 
 struct Options {
     std::string strList, strOut, strFormat = "csv";
+    std::vector<std::string> aPatterns; // of the masters and of the slaves; empty: the list has the pairs
     RawOptions tRaw;
     DoubtOptions tDoubt;
     ProductOption tProduct;
-    std::size_t nJobs = std::max(1u, std::thread::hardware_concurrency());
-    std::size_t nTimeout = kDefaultTimeout;
+    std::size_t nJobs = 0, nTimeout = kDefaultTimeout;
     bool bResume = false, bOverwrite = false, bRepeatability = false;
 
+    BatchList List() const {
+        return aPatterns.empty() ? ReadBatchList(strList) : ListOfPatterns(aPatterns[0], aPatterns[1]);
+    }
     RowFormat Format() const { return strFormat == "csv" ? RowFormat::kCsv : RowFormat::kJsonLines; }
     OpenMode Mode() const {
         return bResume ? OpenMode::kResume : bOverwrite ? OpenMode::kOverwrite : OpenMode::kNew;
@@ -39,6 +42,8 @@ struct Options {
 
 // The sizes of raw planes are checked before the first pair.
 void CheckOptions(const Options& tOptions) {
+    if (tOptions.strList.empty() && tOptions.aPatterns.empty())
+        throw CLI::ValidationError("LIST.csv", "is required, or --pairs in its place");
     if (tOptions.bResume && tOptions.strOut.empty())
         throw CLI::ValidationError("--resume", "needs --out, the file to go on with");
     tOptions.tRaw.MasterSize();
@@ -50,8 +55,7 @@ bool IsThere(const std::string& strFile) {
     return std::filesystem::exists(strFile, tIgnored);
 }
 
-void RefuseToReplaceInput(const Options& tOptions, const BatchList& tList) {
-    const std::string& strOut = tOptions.strOut;
+void RefuseToReplaceInput(const std::string& strOut, const Options& tOptions, const BatchList& tList) {
     if (IsSameFile(strOut, tList.strFile))
         throw ToolError(strOut, "is the list itself", "Name another file for the results");
     if (IsSameFile(strOut, tOptions.tProduct.File()))
@@ -65,22 +69,22 @@ void RefuseToReplaceInput(const Options& tOptions, const BatchList& tList) {
 
 void CheckList(const Options& tOptions, const BatchList& tList) {
     if (IsThere(tOptions.strOut)) // nothing can be lost otherwise
-        RefuseToReplaceInput(tOptions, tList);
+        RefuseToReplaceInput(tOptions.strOut, tOptions, tList);
     if (tOptions.bRepeatability && !tList.bHasIds)
         throw ToolError(tOptions.strList, "has no column \"id\", by which --repeatability groups the rows",
                         "Add a column id, with the same id for pictures of the same module");
 }
 
 // The rows that an interrupted run left, each of them checked against the list.
-StoredRows EarlierRows(const Options& tOptions, const BatchList& tList) {
+StoredRows EarlierRows(const Options& tOptions, const RowForm& tForm, const BatchList& tList) {
     if (!tOptions.bResume)
         return {{}, 0};
-    StoredRows tRows = ReadRows(tOptions.Format(), tOptions.strOut, ReadFile(tOptions.strOut, kResultsLimit));
+    StoredRows tRows = ReadRows(tForm, tOptions.strOut, ReadFile(tOptions.strOut, kResultsLimit));
     for (std::size_t i = 0; i < tRows.aRows.size(); ++i)
         if (i >= tList.aItems.size() || !IsRowOf(tRows.aRows[i], tList.aItems[i]))
             throw ToolError(
                 tOptions.strOut,
-                fmt::format("belongs to another list: its row {} is not that of {}", i + 1, tOptions.strList),
+                fmt::format("belongs to another list: its row {} is not that of {}", i + 1, tList.strFile),
                 "Name the list and the results that belong together, or a new file; nothing was changed");
     for (std::size_t i = 0; i < tRows.aRows.size(); ++i)
         if (const BatchRow& t = tRows.aRows[i];
@@ -114,27 +118,28 @@ void TellSummary(const Options& tOptions, const BatchSummary& tSummary) {
 ExitCode Run(const Options& tOptions) {
     CheckOptions(tOptions);
     const Limits limits = tOptions.tProduct.Read().tSetup.tLimits;
-    const BatchList tList = ReadBatchList(tOptions.strList);
+    const BatchList tList = tOptions.List();
+    const RowForm tForm = FormOf(tOptions.Format(), tList);
     CheckList(tOptions, tList);
     const bool bNothingToResume = tOptions.bResume && !IsThere(tOptions.strOut);
     ResultSink tSink(tOptions.strOut, tOptions.Mode());
     if (bNothingToResume)
         Tell(Harmless(tOptions.strOut) + ": no such file yet; starting with the first row.");
-    const StoredRows tEarlier = EarlierRows(tOptions, tList);
+    const StoredRows tEarlier = EarlierRows(tOptions, tForm, tList);
     const std::size_t nFirst = tEarlier.aRows.size(), nTotal = tList.aItems.size();
     BatchSummary tSummary(limits);
     for (std::size_t i = 0; i < nFirst; ++i)
         tSummary.Add(tList.aItems[i], tEarlier.aRows[i]);
     tSink.KeepOnly(tEarlier.nBytes);
     if (tEarlier.nBytes == 0)
-        tSink.Write(HeadOf(tOptions.Format()));
+        tSink.Write(HeadOf(tForm));
     std::vector<std::string> aPassedOn = tOptions.tRaw.Arguments();
     std::ranges::move(tOptions.tDoubt.Arguments(), std::back_inserter(aPassedOn));
     std::ranges::move(tOptions.tProduct.Arguments(), std::back_inserter(aPassedOn));
     const bool bProgress = !tOptions.strOut.empty() || isatty(STDOUT_FILENO) == 0;
-    const MeasuredRows tMeasured = MeasureRows({tList, nFirst, aPassedOn, tOptions.Format(), tOptions.nJobs,
-                                                std::chrono::seconds(tOptions.nTimeout), bProgress},
-                                               tSink, tSummary);
+    const MeasuredRows tMeasured = MeasureRows(
+        {tList, nFirst, aPassedOn, tForm, tOptions.nJobs, std::chrono::seconds(tOptions.nTimeout), bProgress},
+        tSink, tSummary);
     if (tMeasured.nSignal != 0) {
         TellStop(tOptions, tMeasured.nWritten, nTotal);
         return StoppedBy(tMeasured.nSignal);
@@ -145,23 +150,34 @@ ExitCode Run(const Options& tOptions) {
 
 constexpr char kDescription[] =
     "measures all pairs of a list, several at once, and writes a row for each\n"
-    "LIST.csv is a table whose first line names the columns, apart by commas and in any order: master "
-    "and slave are the files of a pair, relative to the list's folder, calibration is its calibration "
-    "memory, which is only told in the rows; id names the module (the row's number where there is no such "
-    "column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation of rendered pairs, against "
-    "which the summary then compares. Other columns are ignored.\n"
+    "LIST.csv is a table whose first line names the columns, apart by commas, semicolons or tabs and in any "
+    "order: master and slave are the files of a pair, relative to the list's folder, calibration is its "
+    "calibration memory, which is only told in the rows; id names the module (the row's number where there "
+    "is no such column); true_rx_deg, true_ry_deg and true_rz_deg are the known rotation of rendered pairs, "
+    "against which the summary then compares. Case, blanks, _ and - tell no names apart. Other columns stand "
+    "behind the rows' own, with list_ before a name that those have too.\n"
     "Pairs are measured by processes apart, as many as --jobs, each of which takes many. A pair that cannot "
     "be read or measured, whose line in "
     "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
     "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
-    "an interrupted run keeps what it has and --resume goes on behind it. A summary follows: counts, "
-    "failures by status or reason, warnings by kind and the spread of the raw angles. It goes to standard "
+    "an interrupted run keeps what it has and --resume goes on behind it, also where lines were added to the "
+    "list since. A summary follows: counts, failures by status or "
+    "reason, warnings by kind and the spread of the raw angles. It goes to standard "
     "output with --out, to standard error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
     "measure tells them (verdict also unfit_input, and no_answer for a process that crashed or took too "
     "long); warnings, what speaks against the angles or may be the cause of a failure, apart by \" | \", and "
     "warning_kinds, the camera and kind of each; then every measurement and trust number, with its unit "
     "(deg, px, percent, grey) at the end of its name.";
+
+CLI::Validator OneStar() {
+    const auto Check = [](const std::string& str) {
+        return std::ranges::count(str, '*') == 1
+                   ? std::string()
+                   : "\"" + str + "\" does not have one *; quotes keep it from the shell";
+    };
+    return {Check, "", ""};
+}
 
 // A pair's verdicts are a list's, the gravest of them; some only a list has.
 std::string Exits() {
@@ -183,9 +199,17 @@ std::string Exits() {
 void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     const auto pOptions = std::make_shared<Options>();
     CLI::App& tCommand = *tApp.add_subcommand("batch", kDescription);
-    AddFile(tCommand, "LIST.csv", pOptions->strList, "The list of pairs", "").required();
-    AddCount(tCommand, "--jobs", pOptions->nJobs, "Measurements at once, 1 to 1024", 1, 1024)
-        .default_str(fmt::format("one per core, here {}", pOptions->nJobs));
+    CLI::Option& tList = AddFile(tCommand, "LIST.csv", pOptions->strList, "The list of pairs", "");
+    tCommand
+        .add_option(
+            "--pairs", pOptions->aPatterns,
+            "In place of a list: patterns of the masters' and of the slaves' names, in quotes. In each "
+            "one * stands for the id by which two files are a pair; nothing else is special")
+        ->expected(2)
+        ->check(OneStar())
+        ->type_name("MASTERS SLAVES")
+        ->excludes(&tList);
+    AddJobs(tCommand, pOptions->nJobs, "Measurements at once, 1 to 1024");
     pOptions->tRaw.AddTo(tCommand);
     pOptions->tDoubt.AddTo(tCommand);
     pOptions->tProduct.AddTo(tCommand, "all pairs are measured with its parameters and judged by its limits");
@@ -211,13 +235,14 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand.add_flag(
         "--repeatability", pOptions->bRepeatability,
         "Also a gauge study: the spread of the raw angles within the rows of one id and between ids");
-    tCommand.footer(
-        std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" +
-        ExamplesHelp({"batch LIST.csv --out results.csv", "batch LIST.csv --out results.csv --resume",
-                      "batch gauge.csv --out gauge.jsonl --format jsonl --repeatability",
-                      "batch frames.csv --raw 1728x972 --out results.csv",
-                      "batch LIST.csv --jobs 1 > results.csv"}) +
-        Exits());
+    tCommand.footer(std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" +
+                    ExamplesHelp({"batch LIST.csv --out results.csv",
+                                  "batch --pairs 'week/*_m.png' 'week/*_s.png' --out results.csv",
+                                  "batch LIST.csv --out results.csv --resume",
+                                  "batch gauge.csv --out gauge.jsonl --format jsonl --repeatability",
+                                  "batch frames.csv --raw 1728x972 --out results.csv",
+                                  "batch LIST.csv --jobs 1 > results.csv"}) +
+                    Exits());
     tCommand.callback([pOptions, &tExit] { tExit = Run(*pOptions); });
 }
 

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fmt/format.h>
+#include <thread>
 
 namespace tools {
 namespace {
@@ -78,6 +79,12 @@ CLI::Option& AddCount(CLI::App& tCommand, const char* szName, std::size_t& n, co
                 ->check(Within(static_cast<double>(nLowest), static_cast<double>(nHighest)))
                 ->check(WholeNumber())
                 ->type_name(szType);
+}
+
+CLI::Option& AddJobs(CLI::App& tCommand, std::size_t& nJobs, const char* szHelp) {
+    nJobs = std::max(1u, std::thread::hardware_concurrency());
+    return *AddCount(tCommand, "--jobs", nJobs, szHelp, 1, 1024)
+                .default_str(fmt::format("one per core, here {}", nJobs));
 }
 
 CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile, const char* szFor) {

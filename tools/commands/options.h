@@ -32,6 +32,9 @@ CLI::Option& AddFile(CLI::App& tCommand, const char* szName, std::string& strFil
 CLI::Option& AddCount(CLI::App& tCommand, const char* szName, std::size_t& n, const char* szHelp,
                       std::size_t nLowest, std::size_t nHighest, const char* szType = "N");
 
+// --jobs, one per core if not given.
+CLI::Option& AddJobs(CLI::App& tCommand, std::size_t& nJobs, const char* szHelp);
+
 // The calibration memory; a command that cannot do without it adds required().
 CLI::Option& AddCalibration(CLI::App& tCommand, std::string& strFile, const char* szFor);
 
