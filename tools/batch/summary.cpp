@@ -8,7 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <fmt/format.h>
+#include <set>
 
 namespace tools {
 
@@ -25,9 +26,6 @@ namespace {
 using Cells = std::vector<std::string>;
 
 constexpr int kDecimals = 4;
-
-// More are looked up in the rows.
-constexpr std::size_t kIdsShown = 10;
 
 // "slave camera, centre cross: no horizontal bar", with the status before it.
 std::string FailureOf(const BatchRow& tRow) {
@@ -57,8 +55,29 @@ bool IsMeasured(VerdictKind tVerdict) {
     return tVerdict < VerdictKind::kNotMeasured;
 }
 
-std::string Number(double d) {
-    return std::isnan(d) ? "-" : Fixed(d, kDecimals);
+std::string Number(double d, int nDecimals = kDecimals, const char* szNone = "-") {
+    return std::isnan(d) ? szNone : Fixed(d, nDecimals);
+}
+
+// Each id once, in the list's order.
+std::string IdsLine(const char* szLabel, const std::map<std::size_t, std::string>& tIds) {
+    std::set<std::string> tNew;
+    Cells aIds;
+    for (const auto& [nLine, strId] : tIds)
+        if (tNew.insert(strId).second)
+            aIds.push_back(strId);
+    const std::string strHead = fmt::format("  {:<25}   ", szLabel);
+    return aIds.empty() ? "" : strHead + Wrapped(Listed(aIds), strHead.size()) + "\n";
+}
+
+// Empty where there are enough rows.
+std::string NeedsOf(const GaugeStudy& t) {
+    if (!std::isnan(t.dTotal))
+        return "";
+    return std::isnan(t.dWithin)
+               ? "  within and share need at least two measured rows with one id, between and total "
+                 "besides two ids\n"
+               : "  between and total need measured rows of at least two ids\n";
 }
 
 Cells CellsOf(const char* szLabel, const Spread& t) {
@@ -69,7 +88,7 @@ Cells CellsOf(const char* szLabel, const Spread& t) {
 std::string Reasons(const std::string& strHeading, const std::map<std::string, std::size_t>& tReasons) {
     std::string str;
     for (const auto& [strReason, nCount] : tReasons) {
-        const std::string strHead = "  " + std::to_string(nCount) + " x ";
+        const std::string strHead = fmt::format("  {} x ", nCount);
         str += strHead + Wrapped(strReason, strHead.size()) + "\n";
     }
     return str.empty() ? "" : "\n" + strHeading + "\n" + str;
@@ -77,9 +96,13 @@ std::string Reasons(const std::string& strHeading, const std::map<std::string, s
 
 } // namespace
 
+double BatchSummary::ShareOf(const GaugeStudy& tStudy) const {
+    return 100 * 6 * tStudy.dWithin / (2 * m_limits.Raw());
+}
+
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
     const ExitCode tExit = tRow.pVerdict->tExit;
-    ++m_tCounts[tRow.pVerdict->tKind];
+    m_tIds[tRow.pVerdict->tKind][tItem.nLine] = tItem.strId;
     if (tExit == ExitCode::kNotMeasured)
         ++m_tFailures[FailureOf(tRow)];
     if (tExit == ExitCode::kUnfitFile)
@@ -87,7 +110,7 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
     if (!tRow.aWarningKinds.empty() && IsMeasured(tRow.pVerdict->tKind)) {
         m_tWarned[tItem.nLine] = tItem.strId;
         for (const std::string& strKey : tRow.aWarningKinds)
-            ++m_tWarnings[GeneralText(strKey, m_limits).value_or(strKey)];
+            ++m_tWarnings[strKey];
     }
     for (std::size_t i = 0; i < tRow.aNumbers.size(); ++i)
         if (const std::optional<double> o = tRow.aNumbers[i]; o && IsMargin(NumberColumns()[i].strKey)) {
@@ -105,16 +128,33 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
 }
 
 std::string BatchSummary::WarningsText() const {
-    Cells aIds;
-    for (const auto& [nLine, strId] : m_tWarned)
-        if (std::ranges::find(aIds, strId) == aIds.end() && aIds.size() <= kIdsShown)
-            aIds.push_back(strId);
+    Counts tTexts;
+    for (const auto& [strKey, nCount] : m_tWarnings)
+        tTexts[GeneralText(strKey, m_limits).value_or(strKey)] += nCount;
     return Reasons(std::to_string(m_tWarned.size()) +
                        (m_tWarned.size() == 1 ? " row measured with warnings: its"
                                               : " rows measured with warnings: their") +
-                       " angles may be wrong" +
-                       (aIds.size() > kIdsShown ? "" : " (id " + Harmless(Listed(aIds)) + ")"),
-                   m_tWarnings);
+                       " angles may be wrong",
+                   tTexts);
+}
+
+std::string BatchSummary::CountsText() const {
+    std::map<ExitCode, Ids> tIds;
+    std::size_t nRows = 0;
+    for (const auto& [tVerdict, tOfVerdict] : m_tIds) {
+        tIds[DescribeVerdict(tVerdict).tExit].insert(tOfVerdict.begin(), tOfVerdict.end());
+        nRows += tOfVerdict.size();
+    }
+    std::vector<Cells> aCounts = {{"rows", std::to_string(nRows)}};
+    std::string strIds;
+    for (const VerdictWords& tVerdict : kVerdicts)
+        if (tVerdict.szLabel != nullptr) {
+            aCounts.push_back({tVerdict.szLabel, std::to_string(tIds[tVerdict.tExit].size())});
+            if (tVerdict.tKind != VerdictKind::kWithinRange)
+                strIds += IdsLine(tVerdict.szLabel, tIds[tVerdict.tExit]);
+        }
+    strIds += IdsLine("measured with warnings", m_tWarned);
+    return Table(aCounts) + (strIds.empty() ? "" : "\nIds, in the list's order\n" + strIds);
 }
 
 // What fails first where the next module sits a little differently.
@@ -127,23 +167,13 @@ std::string BatchSummary::MarginsText() const {
 }
 
 std::string BatchSummary::Text() const {
-    std::map<ExitCode, std::size_t> tCounts;
-    std::size_t nRows = 0;
-    for (const auto& [tVerdict, nCount] : m_tCounts) {
-        tCounts[DescribeVerdict(tVerdict).tExit] += nCount;
-        nRows += nCount;
-    }
-    std::vector<Cells> aCounts = {{"rows", std::to_string(nRows)}};
-    for (const VerdictWords& tVerdict : kVerdicts)
-        if (tVerdict.szLabel != nullptr)
-            aCounts.push_back({tVerdict.szLabel, std::to_string(tCounts[tVerdict.tExit])});
     const Cells aHead = {"", "n", "mean", "std. dev.", "minimum", "maximum"};
     std::vector<Cells> aRaw = {aHead}, aDeviations = {aHead};
     for (std::size_t i = 0; i < m_aAxes.size(); ++i) {
         aRaw.push_back(CellsOf(kAxes[i].szLabel, SpreadOf(m_aAxes[i].aRaw)));
         aDeviations.push_back(CellsOf(kAxes[i].szLabel, SpreadOf(m_aAxes[i].aDeviations)));
     }
-    std::string str = "Batch\n" + Table(aCounts) + Reasons("Not measured, by status", m_tFailures) +
+    std::string str = "Batch\n" + CountsText() + Reasons("Not measured, by status", m_tFailures) +
                       Reasons("Unreadable or unfit input, by reason", m_tUnfit) + WarningsText() +
                       "\nRaw angles, degrees (standard deviation with n - 1)\n" + Table(aRaw);
     if (!m_aAxes[0].aDeviations.empty())
@@ -153,17 +183,20 @@ std::string BatchSummary::Text() const {
 
 std::string BatchSummary::RepeatabilityText() const {
     std::vector<Cells> aRows = {{"", "ids", "rows per id", "within", "between", "total", "share"}};
+    std::string strNeeds;
     for (std::size_t i = 0; i < m_aAxes.size(); ++i) {
         const GaugeStudy t = StudyOf(m_aAxes[i].tById);
-        const double dShare = 100 * 6 * t.dWithin / (2 * m_limits.Raw());
-        aRows.push_back({kAxes[i].szLabel, std::to_string(t.nGroups), Fixed(t.dPerGroup, 1),
-                         Number(t.dWithin), Number(t.dBetween), Number(t.dTotal),
-                         std::isnan(dShare) ? "-" : Fixed(dShare, 1) + " %"});
+        const auto Cell = [](double d, int nDecimals = kDecimals) { return Number(d, nDecimals, ""); };
+        const double dShare = ShareOf(t);
+        aRows.push_back({kAxes[i].szLabel, std::to_string(t.nGroups), Cell(t.dPerGroup, 1), Cell(t.dWithin),
+                         Cell(t.dBetween), Cell(t.dTotal),
+                         Cell(dShare, 1) + (std::isnan(dShare) ? "" : " %")});
+        strNeeds = NeedsOf(t);
     }
-    const auto nMeasured = std::accumulate(
-        m_tCounts.begin(), m_tCounts.end(), std::size_t{0},
-        [](std::size_t n, const auto& tCount) { return n + (IsMeasured(tCount.first) ? tCount.second : 0); });
-    return "\nRepeatability of the raw angles, degrees\n" + Table(aRows) + "  " +
+    std::size_t nMeasured = 0;
+    for (const auto& [tVerdict, tIds] : m_tIds)
+        nMeasured += IsMeasured(tVerdict) ? tIds.size() : 0;
+    return "\nRepeatability of the raw angles, degrees\n" + Table(aRows) + strNeeds + "  " +
            std::to_string(m_tWarned.size()) + " of " + std::to_string(nMeasured) +
            " measured rows carry warnings" +
            (m_tWarned.empty() ? "" : "; a wrong angle among them widens the figures above") + "\n" +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "basics/json.h"
 #include "batch/row.h"
 #include "batch/statistics.h"
 
@@ -23,15 +24,18 @@ public:
 
     // The gravest of all rows.
     ExitCode Exit() const {
-        return m_tCounts.empty() ? ExitCode::kDone : DescribeVerdict(m_tCounts.rbegin()->first).tExit;
+        return m_tIds.empty() ? ExitCode::kDone : DescribeVerdict(m_tIds.rbegin()->first).tExit;
     }
 
-    // Counts, failures by status or reason, warnings by kind, spread of the raw angles and of their
-    // deviations from a known truth.
+    // Counts, the ids of all rows that are not within range, failures by status or reason, warnings by kind,
+    // spread of the raw angles and of their deviations from a known truth.
     std::string Text() const;
 
     // The gauge study over rows of the same id.
     std::string RepeatabilityText() const;
+
+    // Both for programs.
+    Json AsJson(bool bRepeatability) const;
 
 private:
     struct Axis {
@@ -39,15 +43,22 @@ private:
         Groups tById;
     };
 
+    using Counts = std::map<std::string, std::size_t>;
+    using Ids = std::map<std::size_t, std::string>; // by line in the list
+
+    std::string CountsText() const;
     std::string WarningsText() const;
     std::string MarginsText() const;
 
+    // Six times the repeatability over the width of the raw angle's allowed range, percent.
+    double ShareOf(const GaugeStudy& tStudy) const;
+
     Limits m_limits;
-    std::map<VerdictKind, std::size_t> m_tCounts;   // the gravest one last
-    std::map<std::string, std::size_t> m_tFailures; // by status, place and words
-    std::map<std::string, std::size_t> m_tUnfit;    // by reason
-    std::map<std::size_t, std::string> m_tWarned;   // ids of rows measured with warnings, by line in the list
-    std::map<std::string, std::size_t> m_tWarnings; // by kind
+    std::map<VerdictKind, Ids> m_tIds; // the gravest one last
+    Counts m_tFailures;                // by status, place and words
+    Counts m_tUnfit;                   // by reason
+    Ids m_tWarned;                     // measured with warnings
+    Counts m_tWarnings;                // by key
     std::array<Axis, 3> m_aAxes;
     using Least = std::tuple<double, std::size_t, std::string>; // px, line in the list, id
 

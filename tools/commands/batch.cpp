@@ -23,7 +23,7 @@ constexpr std::size_t kResultsLimit = std::size_t{1} << 31;
 constexpr std::size_t kDefaultTimeout = 60;
 
 struct Options {
-    std::string strList, strOut, strFormat = "csv";
+    std::string strList, strOut, strSummary, strFormat = "csv";
     std::vector<std::string> aPatterns; // of the masters and of the slaves; empty: the list has the pairs
     RawOptions tRaw;
     DoubtOptions tDoubt;
@@ -68,8 +68,11 @@ void RefuseToReplaceInput(const std::string& strOut, const Options& tOptions, co
 }
 
 void CheckList(const Options& tOptions, const BatchList& tList) {
-    if (IsThere(tOptions.strOut)) // nothing can be lost otherwise
-        RefuseToReplaceInput(tOptions.strOut, tOptions, tList);
+    for (const std::string& strOut : {tOptions.strOut, tOptions.strSummary})
+        if (IsThere(strOut)) // nothing can be lost otherwise
+            RefuseToReplaceInput(strOut, tOptions, tList);
+    if (IsSameFile(tOptions.strOut, tOptions.strSummary))
+        throw ToolError(tOptions.strSummary, "is named for the rows and for the summary", "Name two files");
     if (tOptions.bRepeatability && !tList.bHasIds)
         throw ToolError(tOptions.strList, "has no column \"id\", by which --repeatability groups the rows",
                         "Add a column id, with the same id for pictures of the same module");
@@ -144,6 +147,8 @@ ExitCode Run(const Options& tOptions) {
         TellStop(tOptions, tMeasured.nWritten, nTotal);
         return StoppedBy(tMeasured.nSignal);
     }
+    if (!tOptions.strSummary.empty())
+        WriteFiles({{tOptions.strSummary, TextOf(tSummary.AsJson(tOptions.bRepeatability))}});
     TellSummary(tOptions, tSummary);
     return tOptions.tDoubt.Answer(tSummary.Exit());
 }
@@ -161,7 +166,7 @@ constexpr char kDescription[] =
     "the list is incomplete, or whose process crashes or takes longer than --timeout, is a row that says so, "
     "and the batch goes on. Rows come in the list's order and as soon as all before them are there, so that "
     "an interrupted run keeps what it has and --resume goes on behind it, also where lines were added to the "
-    "list since. A summary follows: counts, failures by status or "
+    "list since. A summary follows: counts, the ids of all that is not within range, failures by status or "
     "reason, warnings by kind and the spread of the raw angles. It goes to standard "
     "output with --out, to standard error without. A progress bar shows on a terminal.\n"
     "The columns: id, master, slave, calibration; exit_code, status, verdict, camera, stage and words as "
@@ -235,6 +240,7 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
     tCommand.add_flag(
         "--repeatability", pOptions->bRepeatability,
         "Also a gauge study: the spread of the raw angles within the rows of one id and between ids");
+    AddFile(tCommand, "--summary", pOptions->strSummary, "Also write the summary as one JSON object");
     tCommand.footer(std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" +
                     ExamplesHelp({"batch LIST.csv --out results.csv",
                                   "batch --pairs 'week/*_m.png' 'week/*_s.png' --out results.csv",

@@ -77,6 +77,76 @@ TEST_F(BatchCommand, StudyComesOutAtItsTruthInTheListsOrder) {
     EXPECT_TRUE(Holds(Run("batch study/LIST.csv").strOut, {"\n" + strFirst})) << "both forms hold the same";
 }
 
+TEST_F(BatchCommand, ListsAsPeopleHaveThemAreReadRightlyOrRefusedWithTheReason) {
+    Write("L", "slave,master\ns,m\n");
+    const std::size_t nOwn = Rows(3, "L").at(0).size();
+    const std::array<std::string, 3> aRead[] = {
+        // List, what the row says, and the pair with the list's other columns.
+        {"ID;Master ;SLAVE\r\nA;m, 1;s\r\n", "m, 1: cannot", R"(["A","m, 1","s"])"},
+        {"\r\nslave\tLot-No\tmaster\t\n\n s 1 \t\t\"\"\"m\"\"\"\t\n", "cannot",
+         R"(["1","\"m\"","s 1","Lot-No",null])"},
+        {"\xEF\xBB\xBFmaster;slave;note; time\nm;\" s \" ;\"a;\nc\";12:00", "cannot",
+         R"(["1","m"," s ","note","a;\nc","time","12:00"])"},
+        {"master,slave,x;y;z;w\nm,s,\xE9\n", "cannot", R"(["1","m","s","x;y;z;w","\ufffd"])"},
+        {"Camera,master,slave,list_camera,,\n7,m,s,8,9,\n", "cannot",
+         R"(["1","m","s","list_list_Camera","7","list_camera","8"])"},
+        {"master,slave,true-RX-deg,VERDICT\nm,s,\"0,5\",x\n",
+         "line 2 of the list: \"0,5\" under \"true_rx_deg\" is not a number",
+         R"(["1","m","s","list_VERDICT","x"])"},
+        {"lot;master;slave\nL\n", "line 2 of the list: it has 1 column, but the first line names 3",
+         R"(["1",null,null,"lot","L"])"},
+        {"I D\tmaster\tslave\n\n\tm\ts\n", "line 3 of the list: the column \"id\" is empty",
+         R"([null,"m","s"])"},
+    };
+    for (const auto& [strList, strWords, strTold] : aRead) {
+        Write("L", strList);
+        const Row tRow = Rows(3, "L").at(0);
+        Row tTold = {tRow["id"], tRow["master"], tRow["slave"]};
+        for (auto p = std::next(tRow.begin(), static_cast<std::ptrdiff_t>(nOwn)); p != tRow.end(); ++p)
+            tTold.insert(tTold.end(), {p.key(), p.value()});
+        EXPECT_EQ(tTold.dump(-1, ' ', true), strTold);
+        EXPECT_TRUE(Holds(tRow["words"], {strWords}));
+    }
+    const std::pair<std::string, std::string> aRefused[] = {
+        {"", "L: is empty"},
+        {"master,slave\n", "no pair to measure"},
+        {"Master;file\na;b\n", "no column \"slave\"; its columns are \"Master\", \"file\""},
+        {"master,SLAVE,id, slave\na,b,c,d\n",
+         "a column twice: its columns 2 and 4 are \"SLAVE\" and \"slave\""},
+        {"master\tslave\tlot no\tLot_No\na\tb\tc\td\n", "columns 3 and 4 are \"lot no\" and \"Lot_No\""},
+        {"master;slave\n\na;\"b\n", "in line 3 a quote is opened that is never closed"},
+        {std::string("\xFF\xFEm\0a\0", 6), "is text in UTF-16.\n  Save it as UTF-8"},
+        {"master,slave\ra,b\r", "no column \"slave\"; its columns are \"master\", \"slave?a\", \"b\""},
+        {std::string("\x7F"
+                     "ELF\0\1\2,",
+                     8),
+         "binary file"},
+    };
+    for (const auto& [strList, strTold] : aRefused) {
+        Write("L", strList);
+        ExpectRefused(3, {"batch L", {strTold}});
+    }
+}
+
+TEST_F(BatchCommand, TwoPatternsMakePairsByWhatTheirStarStandsFor) {
+    for (const char* const szFile : {"b1/0_m", "a/0_m", "a/0_s", "c/0_s", "c/1_m", ".d/0_m"}) {
+        std::filesystem::create_directories((m_tFolder / szFile).parent_path());
+        Write(szFile, "");
+    }
+    const std::array<std::string, 3> aTold[] = {{"a", "a/0_s", "a/0_m: "},
+                                                {"b1", "b1/0_s", "b1/0_m: has no partner"},
+                                                {"c", "c/0_s", "c/0_s: has no partner"}};
+    const std::vector<Row> aRows = Rows(3, "--pairs '*/0_m' '*/0_s'");
+    ASSERT_EQ(aRows.size(), std::size(aTold));
+    for (std::size_t i = 0; i < aRows.size(); ++i) {
+        EXPECT_EQ(aRows[i]["id"], aTold[i][0]);
+        EXPECT_EQ(aRows[i]["slave"], aTold[i][1]);
+        EXPECT_TRUE(Holds(aRows[i]["words"], {aTold[i][2]}));
+    }
+    ExpectRefused(3, {"batch --pairs 'c/*_m' 'c/*_s'", {"makes no pair with c/*_s"}});
+    ExpectRefused(64, {"batch --pairs 'c/*/*' 'c/*'", {"\"c/*/*\" does not have one *"}});
+}
+
 TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
     Render("--rx 0.5", "sub/good");
     Render("--ry -3.2", "sub/far");
@@ -102,8 +172,9 @@ TEST_F(BatchCommand, BadRowIsARowAndTheHighestConcernIsTheExitCode) {
                           strGate + StartBatch("sub/L --out r --format jsonl", 7) +
                               "exec 9>gate.pgm; kill -9 $(cat /proc/$p/task/$p/children); wait $p");
     EXPECT_EQ(t.nExit, 3);
-    EXPECT_TRUE(
-        Holds(t.strOut, {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read"}));
+    EXPECT_TRUE(Holds(t.strOut, {"  2 x list: the column \"slave\" is empty", "  1 x master: cannot be read",
+                                 "\n  out of range                2\n  not measured                3, 8\n"
+                                 "  unreadable or unfit input   4, 5, 6, 7\n"}));
     const std::vector<Row> aRows = RowsOf(Read("r"));
     const std::tuple<int, const char*, const char*> aCases[] = {
         {0, "within_range", ""},
@@ -167,6 +238,7 @@ TEST_F(BatchCommand, SlowPairHoldsFewFinishedRowsBack) {
 
 TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
     Render("--count 4 --noise 2", ".");
+    RunInShell("sed -i 's/,/;/g; 1s/$/;Set/; 2,$s/$/;\"A, \"\"B\"\"\"/' LIST.csv");
     for (const auto& [strFormat, strSignal] : {std::pair<std::string, std::string>("csv", "KILL"),
                                                {"csv", "INT"},
                                                {"jsonl", "KILL"},
@@ -197,6 +269,10 @@ TEST_F(BatchCommand, KilledAndResumedRunHasTheBytesOfAnUndisturbedOne) {
         const Outcome tResumed = Run("batch --resume " + strArguments);
         EXPECT_EQ(Read("r"), strWhole);
         EXPECT_EQ(tResumed.strOut, tWhole.strOut) << "the summary tells of all rows";
+        const std::string strGrown = "batch L --out g --format " + strFormat;
+        EXPECT_EQ(Run(strGrown, "rm -f g; head -3 LIST.csv >L").nExit, 0);
+        EXPECT_EQ(Run(strGrown + " --resume", "cp LIST.csv L").strOut, tWhole.strOut);
+        EXPECT_EQ(Read("g"), strWhole);
     }
 }
 
@@ -214,7 +290,7 @@ TEST_F(BatchCommand, TerminalShowsCountRateAndTimeLeft) {
 TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     Render("--count 1 --range 0");
     Row tRow = Rows(0, "LIST.csv")[0];
-    std::string strRows, strList = "id,master,slave,calibration,true_rx_deg,true_ry_deg,true_rz_deg\n";
+    std::string strRows, strList = "Id,Master,slave,calibration,TRUE Rx deg,trueRy-deg,true_rz_deg\n";
     for (const auto& [szId, nRx] : {std::pair("A", 1), {"B", 5}, {"A", 3}, {"B", 9}}) {
         tRow["id"] = szId;
         tRow["raw_rx_deg"] = nRx;
@@ -227,13 +303,27 @@ TEST_F(BatchCommand, SummaryAndGaugeStudyTellHandReckonedFigures) {
     Write("r", strRows);
     Write("L", strList);
     EXPECT_TRUE(Holds(
-        Run("batch L --resume --out r --format jsonl --repeatability").strOut,
-        {"\n3 rows measured with warnings: their angles may be wrong (id B, A)\n",
+        Run("batch L --resume --out r --format jsonl --repeatability --summary s").strOut,
+        {"\n3 rows measured with warnings: their angles may be wrong\n",
+         "  measured with warnings      B, A\n",
          "  3 x slave camera: large residual, N px RMS from the fitted line, more than 0.3 px. Check",
          "  1 x the pictures differ in size: master N x N px, slave N x N px. The",
          "  3 of 4 measured rows carry warnings;", "  Rx   4   4.5000      3.4157    1.0000    9.0000\n",
          "  Rx   4   3.5000      3.4157    0.0000    8.0000\n",
          "  Rx     2           2.0   2.2361    3.1623   3.8730   268.3 %\n"}));
+    const Json tSummary = Json::parse(Read("s"));
+    EXPECT_EQ(tSummary["verdicts"]["within_range"], Json({{"count", 4}, {"ids", {"A", "B", "A", "B"}}}));
+    EXPECT_EQ(tSummary["verdicts"]["no_answer"]["count"], 0);
+    EXPECT_EQ(tSummary["measured_with_warnings"]["ids"], Json({"B", "A", "B"}));
+    EXPECT_EQ(tSummary["warning_kinds"], Json({{"different_sizes", 1}, {"slave:large_residual", 3}}));
+    EXPECT_EQ(tSummary["raw_deg"]["rx"]["maximum"], 9);
+    EXPECT_EQ(tSummary["raw_minus_truth_deg"]["rx"]["mean"], 3.5);
+    EXPECT_NEAR(tSummary["repeatability_deg"]["rx"]["within"], 2.2361, 1e-4);
+    Write("L", strList.substr(0, strList.find("\nA,", strList.find("\nB")) + 1));
+    Write("r", strRows.substr(0, strRows.find("\n", strRows.find('\n') + 1) + 1));
+    EXPECT_TRUE(Holds(Run("batch L --resume --out r --format jsonl --repeatability --summary s").strOut,
+                      {"  within and share need at least two measured rows with one id, "}));
+    EXPECT_EQ(Json::parse(Read("s"))["repeatability_deg"]["rx"]["within"], nullptr);
 }
 
 TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
@@ -244,20 +334,12 @@ TEST_F(BatchCommand, UnusableListOrOutputIsToldAndNothingIsLost) {
     Write("altered", std::string(strDone).replace(nExitCode, 1, "1e300"));
     Write("older", std::string(strDone).erase(strDone.find(",warnings"), 9));
     const std::array<std::string, 3> aCases[] = {
-        {"", "--out r", "L: is empty"},
-        {strHead, "--out r", "no pair to measure"},
-        {"master;slave;calibration\na;b;c\n", "--out r",
-         "no column \"master\"; its columns are \"master;slave"},
-        {"master,slave,id,slave,calibration\na,b,c,d,e\n", "--out r", "more than one column \"slave\""},
-        {strHead + "a,b,\"c\n", "--out r", "never closed"},
-        {std::string("\x7F"
-                     "ELF\0\1\2,",
-                     8),
-         "--out r", "binary file"},
         {strHead + "a,b,c\n", "--out missing/r",
          "missing/r: cannot be written (No such file or directory).\n  Create its folder"},
         {strHead + "a,b,c\n", "--out /dev/full --overwrite", "No space left"},
         {strHead + "a,b,c\n", "--out L --overwrite", "is the list itself"},
+        {strHead + "a,b,c\n", "--out r --summary L", "is the list itself"},
+        {strHead + "a,b,c\n", "--out r --summary ./r", "is named for the rows and for the summary"},
         {strHead + "a,0001/slave.pgm,c\n", "--out 0001/slave.pgm --overwrite", "is an input that the list"},
         {strHead + "a,b,c\n", "--out done", "exists already"},
         {strHead + "a,b,c\n", "--out done --resume", "belongs to another list"},

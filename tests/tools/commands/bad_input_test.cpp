@@ -110,6 +110,7 @@ TEST_F(BadInput, WrongUsageNamesTheWordAndTheHelp) {
          {"--max-noise: 2.0000 is below --noise, 3.0000"}},
         {"batch x --jobs 0", {"\"0\" is not a number from 1 to 1024"}},
         {"batch x --resume", {"needs --out"}},
+        {"batch", {"LIST.csv: is required, or --pairs"}},
         {"batch ''", {"LIST.csv: the name is empty"}},
         {"batch x --out ''", {"--out: the name is empty"}},
         {"batch x --format xml", {"--format: \"xml\" is not csv or jsonl"}},

@@ -46,7 +46,7 @@ TEST_F(HostileNames, CommandNoTerminalAndForgeNoLine) {
         {"record N/record --calibration N/calibration.bin", strShown},
         {"batch H", strShown},
         {"batch G --format jsonl", "x\\nFORGED\\u009b2J\\u202e"},
-        {"batch L --out N/r", "(id " + strShown + ")"},
+        {"batch L --out N/r", "warnings      " + strShown + "\n"},
         {"batch L --out N/r --overwrite", "1 x master: cannot be read"},
         {"batch L --out N/new --resume", strShown},
         {"measure N/../gate.pgm a --calibration b & until [ -s err ]; do sleep 0.1; done; kill $!; wait $!",
