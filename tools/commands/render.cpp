@@ -86,7 +86,11 @@ ExitCode RenderOne(const Study& tStudy, const ProductOption& tProduct) {
 }
 
 ExitCode RenderMany(const Study& tStudy, const ProductOption& tProduct) {
-    const std::size_t nPairs = tStudy.nCount * tStudy.nRepeats;
+    const StudyRoom tRoom = RoomFor(tStudy);
+    const std::size_t nPairs = tStudy.Pairs();
+    Tell(fmt::format("{} pairs take {}{} of {} that are free", nPairs,
+                     tStudy.tCentre.strFormat == "png" ? "about " : "", RoomText(tRoom.nNeeded),
+                     RoomText(tRoom.nFree)));
     const StudyOutcome tOutcome = WriteStudy(tStudy);
     if (tOutcome.nSignal != 0) {
         Tell(fmt::format("stopped after {} of {} pairs; these are whole, the list is not written.\n"
@@ -147,6 +151,7 @@ void AddStudy(CLI::App& tCommand, Study& tStudy) {
         AddNumber(tCommand, szName, d, 0, kMaxAngle, "DEG", szWhat, " degrees");
         tCommand.get_option(szName)->needs(&tCount);
     };
+    AddJobs(tCommand, tStudy.nJobs, "Pairs rendered at once, 1 to 1024").needs(&tCount);
     AddRange("--range", tStudy.dRange,
              "How far each module's angles are drawn to both sides of --rx, --ry, --rz");
     AddRange("--master-range", tStudy.dMasterRange, "Likewise around --master-rx, --master-ry, --master-rz");
@@ -171,14 +176,16 @@ void AddHighest(CLI::App& tCommand, const std::string& strOf, std::optional<doub
 
 constexpr char kDescription[] =
     "Renders a pair of chart pictures with known rotation, or a study of many.\n"
-    "A pair is four files in the folder --out: master.pgm, slave.pgm, truth.json and calibration.bin. The "
-    "same options give the same bytes on every machine.\n"
+    "A pair is four files in the folder --out: master.pgm, slave.pgm (or .png), truth.json and "
+    "calibration.bin. "
+    "The same options give the same bytes on every machine.\n"
     "With --count it is a study: a folder for each pair, 0001 and so on (0001-0001 with --repeats), with "
     "angles drawn uniformly, and last LIST.csv, ready for batch, with the columns id, master, slave, "
     "calibration and the truth in true_rx_deg, true_ry_deg and true_rz_deg. An earlier list goes before the "
     "first pair changes. Angles, noise and calibration image of each module follow from --seed, likewise the "
-    "pairs' levels of noise and blur with --max-noise and --max-blur, which truth.json tells. A progress bar "
-    "shows on a terminal.";
+    "pairs' levels of noise and blur with --max-noise and --max-blur, which truth.json tells. How much room "
+    "a "
+    "study takes is told first, and refused where there is less. A progress bar shows on a terminal.";
 
 std::string Footer() {
     return ExamplesHelp({"render --out demo --rx 0.8 --ry -0.5 --rz 0.3 --noise 2",
@@ -202,6 +209,12 @@ void AddRenderCommand(CLI::App& tApp, ExitCode& tExit) {
         .required();
     tCommand.add_flag("--overwrite", tStudy.bOverwrite,
                       "Replace files that are there with other content; without it they are refused");
+    tCommand
+        .add_option("--format", tStudy.tCentre.strFormat,
+                    "Format of the pictures: pgm or png, which takes less room")
+        ->check(OneOf({"pgm", "png"}))
+        ->type_name("FORM")
+        ->capture_default_str();
     AddPose(tCommand, tStudy.tCentre);
     CLI::Option& tProduct =
         pOptions->tProduct.AddTo(tCommand, "its chart, cameras and picture sizes are rendered");

@@ -9,10 +9,11 @@ namespace tools {
 
 // Where a rendered pair lies.
 struct PairFiles {
-    explicit PairFiles(const std::filesystem::path& tFolder)
-        : strMaster(tFolder / "master.pgm"), strSlave(tFolder / "slave.pgm"),
-          strTruth(tFolder / "truth.json"), strCalibration(tFolder / "calibration.bin") {}
-    std::string strMaster, strSlave, strTruth, strCalibration;
+    PairFiles(const std::filesystem::path& tFolder, const std::string& strFormat)
+        : strFolder(tFolder), strMaster(tFolder / ("master." + strFormat)),
+          strSlave(tFolder / ("slave." + strFormat)), strTruth(tFolder / "truth.json"),
+          strCalibration(tFolder / "calibration.bin") {}
+    std::string strFolder, strMaster, strSlave, strTruth, strCalibration;
 };
 
 // The pair's truth and calibration. The truth tells all that the pictures are rendered with.

@@ -5,6 +5,8 @@
 #include "chart/pair.h"
 #include "pictures/picture_size.h"
 
+#include <string>
+
 namespace tools {
 
 // The renderer's range for each camera and axis, degrees.
@@ -24,6 +26,7 @@ struct PairOptions {
     double dVignetting = 0; // share
     double dGain = 1;       // factor
     std::uint64_t nSeed = 1;
+    std::string strFormat = "pgm"; // of the pictures, or "png"
 };
 
 // Another size, with the same field of view.

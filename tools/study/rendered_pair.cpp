@@ -9,7 +9,9 @@
 namespace tools {
 namespace {
 
-std::string PgmOf(const chart::Shot& t) {
+std::string Encoded(const std::string& strFile, const std::string& strFormat, const chart::Shot& t) {
+    if (strFormat == "png")
+        return EncodePng({strFile, t.nWidth, t.nHeight, t.aGrey});
     return EncodePgm(t.nWidth, t.nHeight, {reinterpret_cast<const char*>(t.aGrey.data()), t.aGrey.size()});
 }
 
@@ -18,14 +20,15 @@ std::string PgmOf(const chart::Shot& t) {
 std::vector<NewFile> RenderedFiles(const PairOptions& tOptions, const PairFiles& tFiles,
                                    std::uint64_t nCalibrationSeed) {
     const chart::Pair tPair = chart::RenderPair(SetupOf(tOptions));
-    std::vector<NewFile> aFiles = {{tFiles.strMaster, PgmOf(tPair.tMaster)},
-                                   {tFiles.strSlave, PgmOf(tPair.tSlave)}};
+    std::vector<NewFile> aFiles = {
+        {tFiles.strMaster, Encoded(tFiles.strMaster, tOptions.strFormat, tPair.tMaster)},
+        {tFiles.strSlave, Encoded(tFiles.strSlave, tOptions.strFormat, tPair.tSlave)}};
     std::ranges::move(NotesOf(tOptions, tFiles, nCalibrationSeed), std::back_inserter(aFiles));
     return aFiles;
 }
 
 PairFiles WritePair(const std::string& strFolder, const PairOptions& tOptions, bool bOverwrite) {
-    PairFiles tFiles(strFolder);
+    PairFiles tFiles(strFolder, tOptions.strFormat);
     const std::vector<NewFile> aFiles = RenderedFiles(tOptions, tFiles, tOptions.nSeed);
     if (!bOverwrite)
         RefuseToReplace(aFiles);

@@ -17,10 +17,24 @@ struct Study {
     double dDecentring = 0;                    // px to both sides, of each camera along both axes
     std::optional<double> oMaxNoise, oMaxBlur; // of both cameras: grey levels, px; none: all have the lowest
     bool bOverwrite = false;                   // replace files that are there with other content
+    std::size_t nJobs = 1;                     // pairs rendered at once
+
+    std::size_t Pairs() const { return nCount * nRepeats; }
 };
 
+struct StudyRoom {
+    std::uintmax_t nNeeded; // bytes of the whole study; about so many where the pictures are compressed
+    std::uintmax_t nFree;   // where it is to lie
+};
+
+// "67.2 MB"
+std::string RoomText(std::uintmax_t nBytes);
+
+// Throws ToolError where there is less than what is not there yet needs.
+StudyRoom RoomFor(const Study& tStudy);
+
 struct StudyOutcome {
-    std::string strList; // file, ready for batch
+    std::string strList; // file, ready for batch once there
     int nSignal;         // that stopped it, or 0
     std::size_t nPairs;  // there
 };

@@ -6,7 +6,7 @@ namespace {
 // Renders into s and interrupts that at the third pair: it looks at what is there, and a pipe makes it wait.
 std::string InterruptedAtThird(const std::string& strOptions) {
     return std::string("mkdir -p s/0003; rm -f s/0003/master.pgm; mkfifo s/0003/master.pgm; '") +
-           ORVEX_ALIGN_PROGRAM + "' render --out s --count 6 " + strOptions +
+           ORVEX_ALIGN_PROGRAM + "' render --jobs 1 --out s --count 6 " + strOptions +
            " & exec 9>s/0003/master.pgm; kill -INT $!; rm s/0003/master.pgm; exec 9>&-; wait $!; echo code "
            "$?";
 }
@@ -14,6 +14,19 @@ std::string InterruptedAtThird(const std::string& strOptions) {
 } // namespace
 
 using RenderCommand = Program;
+
+TEST_F(RenderCommand, BothFormatsHoldTheSamePixels) {
+    Render("--noise 3", "pgm");
+    const Outcome t = Run("render --out png --noise 3 --format png; cmp pgm/truth.json png/truth.json");
+    EXPECT_EQ(t.nExit, 0) << t.strErr;
+    const auto Measured = [this](const std::string& str) {
+        return Json::parse(
+            Run("measure " + str + "/master." + str + " " + str + "/slave." + str + " --json").strOut);
+    };
+    const Json tPgm = Measured("pgm"), tPng = Measured("png");
+    EXPECT_EQ(tPng["raw_deg"], tPgm["raw_deg"]);
+    EXPECT_EQ(tPng["trust"], tPgm["trust"]);
+}
 
 TEST_F(RenderCommand, TruthTellsEveryOptionOfThePair) {
     Render("--rx 0.1 --ry 0.2 --rz 0.4 --master-rx 1 --master-ry 2 --master-rz 3 --size 800x600 "
@@ -48,7 +61,7 @@ TEST_F(RenderCommand, StudyDrawsTheSameNoiseAndBlurOnEveryMachine) {
 }
 
 TEST_F(RenderCommand, InterruptedStudyKeepsWholePairsAndEndsLikeAnUndisturbedOne) {
-    Render("--count 6 --noise 2", "whole");
+    Render("--count 6 --noise 2 --jobs 3", "whole");
     const Outcome tStopped = RunInShell(InterruptedAtThird("--noise 2"));
     EXPECT_EQ(tStopped.strOut, "code 130\n");
     EXPECT_TRUE(Holds(tStopped.strErr, {"after 3 of 6 pairs"}));
@@ -88,7 +101,7 @@ TEST_F(RenderCommand, PrintedCommandsRunAsTheyStand) {
     std::filesystem::create_symlink(ORVEX_ALIGN_PROGRAM, m_tFolder / "it's align");
     const std::pair<std::string, std::string> aCases[] = {
         {"a pair\" --rx 0.8", "Against the truth"},
-        {"a study\" --count 2 --repeats 2 --range 0.5", "Repeatability of the raw angles"}};
+        {"a study\" --count 2 --repeats 2 --range 0.5 --format png", "Repeatability of the raw angles"}};
     for (const auto& [strOptions, strTold] : aCases) {
         const std::string strOut = RunInShell(strCalled + strOptions).strOut;
         const std::size_t nCommand = strOut.find(strShown);
@@ -104,6 +117,9 @@ TEST_F(RenderCommand, FailureLeavesTheFolderAsItWas) {
     const std::string strMaster = Read("pair/master.pgm");
     std::filesystem::create_directories(m_tFolder / "taken/slave.pgm");
     ExpectRefused(3, {"render --out taken", {"taken/slave.pgm: cannot be written (a folder of this name"}});
+    ExpectRefused(3, {"render --out much/room --count 100000 --repeats 1000",
+                      {"much/room: has ", ", but 100000000 pairs take 33", " GB"}});
+    EXPECT_FALSE(std::filesystem::exists(m_tFolder / "much"));
     ExpectRefused(3, {"render --out pair/truth.json", {"pair/truth.json: cannot be created as a folder"}});
     const char szFullDisk[] = "trap '' XFSZ; ulimit -f 100";
     ExpectRefused(3, {"render --out pair --rx 1 --overwrite", {"pair/master.pgm: cannot be written"}},
