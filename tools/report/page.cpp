@@ -1,55 +1,24 @@
 #include "report/outputs.h"
 
 #include "basics/text_table.h"
-#include "measuring/versions.h"
 #include "report/html_text.h"
+#include "report/page_elements.h"
 #include "report/page_parts.h"
 #include "report/reading_shapes.h"
 #include "report/shapes.h"
 #include "report/tables.h"
 
 #include <algorithm>
-#include <chrono>
-#include <fmt/chrono.h>
 #include <fmt/format.h>
 
 namespace tools {
 namespace {
-
-std::string Element(const std::string& strTag, const std::string& strText) {
-    return fmt::format("<{}>{}</{}>", strTag, Escaped(strText), strTag.substr(0, strTag.find(' ')));
-}
-
-std::string Section(const std::string& strHeading, const std::string& strBody) {
-    return fmt::format("<section>{}{}</section>\n", Element("h2", strHeading), strBody);
-}
 
 std::string HtmlOf(const std::vector<Fact>& aFacts) {
     std::string str = "<dl>";
     for (const Fact& t : aFacts)
         str += Element("dt", t.szLabel) + Element("dd", t.strText);
     return str + "</dl>";
-}
-
-std::string Row(const std::vector<std::string>& aCells, const char* szTag) {
-    std::string str = "<tr>" + Element("th", aCells.front());
-    for (std::size_t i = 1; i < aCells.size(); ++i)
-        str += Element(aCells[i].ends_with(kBeyond) ? "td class=\"beyond\"" : szTag, aCells[i]);
-    return str + "</tr>\n";
-}
-
-std::string HtmlOf(const ReportTable& table) {
-    std::string str = "<table><thead>" + Row(table.aRows.front(), "th") + "</thead><tbody>\n";
-    for (std::size_t i = 1; i < table.aRows.size(); ++i)
-        str += Row(table.aRows[i], "td");
-    return Section(table.strHeading, str + "</tbody></table>");
-}
-
-std::string HtmlOf(const ReportList& list) {
-    std::string str = "<ul>";
-    for (const std::string& strLine : list.aLines)
-        str += Element("li", strLine);
-    return Section(list.szHeading, str + "</ul>");
 }
 
 std::string Legend() {
@@ -82,13 +51,6 @@ std::string Angles(const ReportTable& tRotation) {
     return str;
 }
 
-std::string Reasons(const Report& report) {
-    std::string str;
-    for (const std::string& strText : TextsOf(report.aWarnings, true))
-        str += Element("li", strText);
-    return str.empty() ? "" : "<ul>" + str + "</ul>";
-}
-
 // How far the measurement came in this picture.
 std::string StateOf(const CameraReport& tCamera, const Report& report) {
     const StatusWords& tStatus = report.tVerdict.tStatus;
@@ -117,9 +79,10 @@ std::string Banner(const Report& report) {
     std::string str = Element("h1", report.tVerdict.strHeadline);
     for (const ReportTable& tTable : TablesOf(report))
         if (tTable.bBrief && IsMeasured(report.tPair))
-            return str + "<p>" + Angles(tTable) + "</p>" + Reasons(report);
+            return str + "<p>" + Angles(tTable) + "</p>" + ListItems(TextsOf(report.aWarnings, true));
     const std::string strAdvice = AdviceOf(report);
-    return str + (strAdvice.empty() ? "" : Element("p", strAdvice)) + Reasons(report);
+    return str + (strAdvice.empty() ? "" : Element("p", strAdvice)) +
+           ListItems(TextsOf(report.aWarnings, true));
 }
 
 std::string Figure(const CameraReport& camera, const Report& report) {
@@ -140,26 +103,14 @@ std::string Numbers(const Report& report) {
     return Section("Result", HtmlOf(FactsOf(report))) + strTables + strLists;
 }
 
-// The policy lets a browser load nothing from anywhere.
-std::string Head(const Report& report) {
-    return std::string("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-                       "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
-                       "img-src data:; style-src 'unsafe-inline'; script-src 'unsafe-inline'\">\n"
-                       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n") +
-           Element("title", report.tVerdict.strHeadline) + "\n<style>" + kReportStyle + "</style>\n</head>\n";
-}
-
 } // namespace
 
 std::string HtmlOf(const Report& report) {
-    return fmt::format("{}<body>\n<header class=\"{}\">{}</header>\n<main>\n{}<div class=\"pictures\">\n"
-                       "{}{}</div>\n<div class=\"numbers\">\n{}</div>\n</main>\n"
-                       "<footer>{:%Y-%m-%d %H:%M:%S} UTC, orvex-align {}, libOrvex_Alignment {}</footer>\n"
-                       "<script>{}</script>\n</body>\n</html>\n",
-                       Head(report), report.tVerdict.tVerdict.szLook, Banner(report), Legend(),
-                       Figure(report.tMaster, report), Figure(report.tSlave, report), Numbers(report),
-                       fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())),
-                       ToolVersion(), Escaped(LibraryVersion()), kReportScript);
+    const std::string strMain =
+        fmt::format("{}<div class=\"pictures\">\n{}{}</div>\n<div class=\"numbers\">\n{}</div>\n", Legend(),
+                    Figure(report.tMaster, report), Figure(report.tSlave, report), Numbers(report));
+    return HtmlOf(PageParts{report.tVerdict.strHeadline, report.tVerdict.tVerdict.szLook, Banner(report),
+                            strMain, kPictureStyle, kPictureScript});
 }
 
 } // namespace tools

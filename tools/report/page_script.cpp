@@ -2,7 +2,7 @@
 
 namespace tools {
 
-const char kReportScript[] = R"js(
+const char kPictureScript[] = R"js(
 'use strict';
 // What stands under the pointer: "x 812, y 430: grey 57".
 function readerOf(image, w, h) {
