@@ -14,12 +14,11 @@ constexpr std::size_t kAheadPerJob = 8;
 
 class Rows {
 public:
-    Rows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary)
-        : m_tWork(tWork), m_tSink(tSink), m_tSummary(tSummary), m_nNext(tWork.nFirst) {}
+    Rows(const BatchWork& tWork, ResultSink& tSink) : m_tWork(tWork), m_tSink(tSink), m_nNext(tWork.nFirst) {}
 
     void Add(std::size_t nRow, BatchRow tRow) {
         tRow.aFurther = m_tWork.tList.aItems[nRow].aFurther;
-        m_tSummary.Add(m_tWork.tList.aItems[nRow], tRow);
+        m_tWork.Take(nRow, tRow);
         m_tWaiting[nRow] = LineOf(m_tWork.tForm, tRow);
         for (auto p = m_tWaiting.find(m_nNext); p != m_tWaiting.end(); p = m_tWaiting.find(++m_nNext)) {
             m_tSink.Write(p->second);
@@ -32,22 +31,22 @@ public:
 private:
     const BatchWork& m_tWork;
     ResultSink& m_tSink;
-    BatchSummary& m_tSummary;
     std::size_t m_nNext;
     std::map<std::size_t, std::string> m_tWaiting;
 };
 
-std::unique_ptr<Worker> StartWorker(const BatchWork& tWork) {
+} // namespace
+
+std::unique_ptr<Worker> StartWorker(const BatchWork& tWork, const std::vector<std::string>& aFurther) {
     std::vector<std::string> a = {kMeasureEach};
     a.insert(a.end(), tWork.aOptions.begin(), tWork.aOptions.end());
+    a.insert(a.end(), aFurther.begin(), aFurther.end());
     return std::make_unique<Worker>(a, tWork.tList.strFolder);
 }
 
-} // namespace
-
-MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink, BatchSummary& tSummary) {
+MeasuredRows MeasureRows(const BatchWork& tWork, ResultSink& tSink) {
     const std::vector<BatchItem>& aItems = tWork.tList.aItems;
-    Rows tRows(tWork, tSink, tSummary);
+    Rows tRows(tWork, tSink);
     std::vector<std::size_t> anFit;
     for (std::size_t i = tWork.nFirst; i < aItems.size(); ++i)
         if (aItems[i].strFault.empty())

@@ -3,8 +3,8 @@
 #include "basics/harmless_text.h"
 #include "basics/text_table.h"
 #include "batch/columns.h"
+#include "batch/reasons.h"
 #include "measuring/verdict.h"
-#include "trust/warnings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,26 +26,6 @@ namespace {
 using Cells = std::vector<std::string>;
 
 constexpr int kDecimals = 4;
-
-// "slave camera, centre cross: no horizontal bar", with the status before it.
-std::string FailureOf(const BatchRow& tRow) {
-    const auto With = [](const std::string& str, const char* szBehind) {
-        return str.empty() ? "" : str + szBehind;
-    };
-    return With(tRow.strStatus, " ") + With(tRow.strCamera, " camera, ") + With(tRow.strStage, ": ") +
-           tRow.strWords;
-}
-
-// Without the row's own names, so that one reason is one text: the column stands for the file.
-std::string ReasonOf(const BatchItem& tItem, const std::string& strWords) {
-    const auto OfFile = [](const std::string& str) { return Harmless(str) + ": "; }; // as messages name it
-    for (const auto& [strOwn, szCommon] :
-         {std::pair(PlaceInList(tItem.nLine), "list: "), std::pair(OfFile(tItem.strMaster), "master: "),
-          std::pair(OfFile(tItem.strSlave), "slave: ")})
-        if (strWords.starts_with(strOwn))
-            return szCommon + strWords.substr(strOwn.size());
-    return strWords;
-}
 
 bool IsMargin(std::string_view strKey) {
     return strKey.ends_with("_margin_px") || strKey.ends_with("border_distance_px");
@@ -103,15 +83,14 @@ double BatchSummary::ShareOf(const GaugeStudy& tStudy) const {
 void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
     const ExitCode tExit = tRow.pVerdict->tExit;
     m_tIds[tRow.pVerdict->tKind][tItem.nLine] = tItem.strId;
-    if (tExit == ExitCode::kNotMeasured)
-        ++m_tFailures[FailureOf(tRow)];
-    if (tExit == ExitCode::kUnfitFile)
-        ++m_tUnfit[ReasonOf(tItem, tRow.strWords)];
-    if (!tRow.aWarningKinds.empty() && IsMeasured(tRow.pVerdict->tKind)) {
+    const std::vector<std::string> aReasons = ReasonsOf(tItem, tRow);
+    Counts& tCounts = tExit == ExitCode::kNotMeasured ? m_tFailures
+                      : tExit == ExitCode::kUnfitFile ? m_tUnfit
+                                                      : m_tWarnings;
+    for (const std::string& strReason : aReasons)
+        ++tCounts[strReason];
+    if (&tCounts == &m_tWarnings && !aReasons.empty())
         m_tWarned[tItem.nLine] = tItem.strId;
-        for (const std::string& strKey : tRow.aWarningKinds)
-            ++m_tWarnings[strKey];
-    }
     for (std::size_t i = 0; i < tRow.aNumbers.size(); ++i)
         if (const std::optional<double> o = tRow.aNumbers[i]; o && IsMargin(NumberColumns()[i].strKey)) {
             const Least tLeast = {*o, tItem.nLine, tItem.strId}; // rows come in any order

@@ -6,6 +6,8 @@
 #include "basics/tool_error.h"
 #include "batch/measuring.h"
 #include "batch/patterns.h"
+#include "batch/summary.h"
+#include "batch_report/shown_pairs.h"
 #include "commands/help.h"
 #include "commands/options.h"
 
@@ -23,7 +25,7 @@ constexpr std::size_t kResultsLimit = std::size_t{1} << 31;
 constexpr std::size_t kDefaultTimeout = 60;
 
 struct Options {
-    std::string strList, strOut, strSummary, strFormat = "csv";
+    std::string strList, strOut, strSummary, strReport, strReports, strBy, strFormat = "csv";
     std::vector<std::string> aPatterns; // of the masters and of the slaves; empty: the list has the pairs
     RawOptions tRaw;
     DoubtOptions tDoubt;
@@ -68,11 +70,16 @@ void RefuseToReplaceInput(const std::string& strOut, const Options& tOptions, co
 }
 
 void CheckList(const Options& tOptions, const BatchList& tList) {
-    for (const std::string& strOut : {tOptions.strOut, tOptions.strSummary})
-        if (IsThere(strOut)) // nothing can be lost otherwise
-            RefuseToReplaceInput(strOut, tOptions, tList);
-    if (IsSameFile(tOptions.strOut, tOptions.strSummary))
-        throw ToolError(tOptions.strSummary, "is named for the rows and for the summary", "Name two files");
+    const std::array aOutputs = {
+        std::pair(tOptions.strOut, "rows"), {tOptions.strSummary, "summary"}, {tOptions.strReport, "report"}};
+    for (const auto& [strFile, szWhat] : aOutputs) {
+        if (IsThere(strFile)) // nothing can be lost otherwise
+            RefuseToReplaceInput(strFile, tOptions, tList);
+        for (const auto& [strOther, szOther] : aOutputs)
+            if (szOther != szWhat && IsSameFile(strFile, strOther))
+                throw ToolError(strFile, fmt::format("is named for the {} and for the {}", szWhat, szOther),
+                                "Name two files");
+    }
     if (tOptions.bRepeatability && !tList.bHasIds)
         throw ToolError(tOptions.strList, "has no column \"id\", by which --repeatability groups the rows",
                         "Add a column id, with the same id for pictures of the same module");
@@ -118,12 +125,29 @@ void TellSummary(const Options& tOptions, const BatchSummary& tSummary) {
         Print(str);
 }
 
+// The signal that stopped it, or 0.
+int WriteReport(const Options& tOptions, Limits limits, const BatchWork& tWork, const ReportRows& tRows,
+                Grouping tGroups) {
+    tOptions.tDoubt.ApplyTo(limits);
+    BatchReport report = {tRows,
+                          std::move(tGroups),
+                          CourseOf(tWork.tList),
+                          std::move(limits),
+                          {},
+                          LinkTo(tOptions.strReports, tOptions.strReport)};
+    const int nSignal = ShowPairs(tWork, tRows, tOptions.strReports, report.tShown);
+    if (nSignal == 0)
+        WriteFiles({{tOptions.strReport, HtmlOf(report)}});
+    return nSignal;
+}
+
 ExitCode Run(const Options& tOptions) {
     CheckOptions(tOptions);
     const Limits limits = tOptions.tProduct.Read().tSetup.tLimits;
     const BatchList tList = tOptions.List();
     const RowForm tForm = FormOf(tOptions.Format(), tList);
     CheckList(tOptions, tList);
+    const Grouping tGroups = GroupingBy(tOptions.strBy, tList);
     const bool bNothingToResume = tOptions.bResume && !IsThere(tOptions.strOut);
     ResultSink tSink(tOptions.strOut, tOptions.Mode());
     if (bNothingToResume)
@@ -131,8 +155,16 @@ ExitCode Run(const Options& tOptions) {
     const StoredRows tEarlier = EarlierRows(tOptions, tForm, tList);
     const std::size_t nFirst = tEarlier.aRows.size(), nTotal = tList.aItems.size();
     BatchSummary tSummary(limits);
+    std::optional<ReportRows> oReportRows;
+    if (!tOptions.strReport.empty())
+        oReportRows.emplace(tList);
+    const auto Take = [&](std::size_t nRow, const BatchRow& tRow) {
+        tSummary.Add(tList.aItems[nRow], tRow);
+        if (oReportRows)
+            oReportRows->Add(nRow, tRow);
+    };
     for (std::size_t i = 0; i < nFirst; ++i)
-        tSummary.Add(tList.aItems[i], tEarlier.aRows[i]);
+        Take(i, tEarlier.aRows[i]);
     tSink.KeepOnly(tEarlier.nBytes);
     if (tEarlier.nBytes == 0)
         tSink.Write(HeadOf(tForm));
@@ -140,9 +172,10 @@ ExitCode Run(const Options& tOptions) {
     std::ranges::move(tOptions.tDoubt.Arguments(), std::back_inserter(aPassedOn));
     std::ranges::move(tOptions.tProduct.Arguments(), std::back_inserter(aPassedOn));
     const bool bProgress = !tOptions.strOut.empty() || isatty(STDOUT_FILENO) == 0;
-    const MeasuredRows tMeasured = MeasureRows(
-        {tList, nFirst, aPassedOn, tForm, tOptions.nJobs, std::chrono::seconds(tOptions.nTimeout), bProgress},
-        tSink, tSummary);
+    const BatchWork tWork = {
+        tList,     nFirst, aPassedOn, tForm, tOptions.nJobs, std::chrono::seconds(tOptions.nTimeout),
+        bProgress, Take};
+    const MeasuredRows tMeasured = MeasureRows(tWork, tSink);
     if (tMeasured.nSignal != 0) {
         TellStop(tOptions, tMeasured.nWritten, nTotal);
         return StoppedBy(tMeasured.nSignal);
@@ -150,6 +183,9 @@ ExitCode Run(const Options& tOptions) {
     if (!tOptions.strSummary.empty())
         WriteFiles({{tOptions.strSummary, TextOf(tSummary.AsJson(tOptions.bRepeatability))}});
     TellSummary(tOptions, tSummary);
+    if (oReportRows)
+        if (const int nSignal = WriteReport(tOptions, limits, tWork, *oReportRows, tGroups); nSignal != 0)
+            return StoppedBy(nSignal);
     return tOptions.tDoubt.Answer(tSummary.Exit());
 }
 
@@ -241,10 +277,26 @@ void AddBatchCommand(CLI::App& tApp, ExitCode& tExit) {
         "--repeatability", pOptions->bRepeatability,
         "Also a gauge study: the spread of the raw angles within the rows of one id and between ids");
     AddFile(tCommand, "--summary", pOptions->strSummary, "Also write the summary as one JSON object");
+    auto* const pReport =
+        &AddFile(tCommand, "--report", pOptions->strReport,
+                 "Also write one HTML page: counts, the angles along the list or its column "
+                 "time, their distribution, and all rows in a table that sorts and filters");
+    tCommand
+        .add_option("--by", pOptions->strBy,
+                    "Column of the list by which the page colours and counts the rows")
+        ->type_name("COLUMN")
+        ->needs(pReport);
+    AddFile(
+        tCommand, "--reports", pOptions->strReports,
+        "Folder for a page of each failing or doubtful pair, as measure --report writes it, for the page to "
+        "link to; about 3 MB each",
+        "DIR")
+        .needs(pReport);
     tCommand.footer(std::string("REPEATABILITY\n") + kGaugeFormulae + "\n" +
                     ExamplesHelp({"batch LIST.csv --out results.csv",
                                   "batch --pairs 'week/*_m.png' 'week/*_s.png' --out results.csv",
                                   "batch LIST.csv --out results.csv --resume",
+                                  "batch LIST.csv --out results.csv --report week.html --by station",
                                   "batch gauge.csv --out gauge.jsonl --format jsonl --repeatability",
                                   "batch frames.csv --raw 1728x972 --out results.csv",
                                   "batch LIST.csv --jobs 1 > results.csv"}) +

@@ -9,6 +9,8 @@
 #include "commands/options.h"
 #include "measuring/calibration.h"
 #include "pictures/formats.h"
+#include "pictures/thumbnail.h"
+#include "report/html_text.h"
 #include "report/outputs.h"
 #include "trust/numbers.h"
 
@@ -26,7 +28,7 @@ struct Options {
     RawOptions tRaw;
     DoubtOptions tDoubt;
     ProductOption tProduct;
-    bool bJson = false, bVerbose = false;
+    bool bJson = false, bVerbose = false, bShow = false;
 
     MeasuringSetup Setup() const {
         MeasuringSetup setup = tProduct.Read().tSetup;
@@ -133,7 +135,10 @@ ExitCode Show(const Options& options) {
 
 std::string AnswerFor(const Options& options, const MeasuringSetup& setup) {
     try {
-        return JsonTextOf(Run(options, setup));
+        const Report report = Run(options, setup);
+        return options.bShow
+                   ? DataUrl("image/png", ThumbnailOf(report.tMaster.tPicture, report.tSlave.tPicture))
+                   : JsonTextOf(report);
     } catch (const ToolError& tError) {
         return JsonTextOf(tError);
     }
@@ -145,7 +150,7 @@ void AnswerAll(Options options) {
     mallopt(M_TRIM_THRESHOLD, INT_MAX);
     const MeasuringSetup setup = options.Setup();
     const auto Next = [](std::string& str) { return bool(std::getline(std::cin, str, '\0')); };
-    while (Next(options.strMaster) && Next(options.strSlave))
+    while (Next(options.strMaster) && Next(options.strSlave) && (!options.bShow || Next(options.strReport)))
         Print(AnswerFor(options, setup) + '\0');
 }
 
@@ -223,6 +228,7 @@ void AddMeasureEachCommand(CLI::App& tApp, ExitCode& tExit) {
     pOptions->tRaw.AddTo(tCommand);
     pOptions->tDoubt.AddTo(tCommand);
     pOptions->tProduct.AddTo(tCommand, "as measure has it");
+    tCommand.add_flag("--show", pOptions->bShow);
     tCommand.callback([pOptions, &tExit] {
         AnswerAll(*pOptions);
         tExit = ExitCode::kDone;
