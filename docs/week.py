@@ -30,14 +30,14 @@ def render(program, folder, pairs, seed, ry=0.0):
     return found
 
 
-def smear(path, target):
+def smear(path, target, strength):
     """Copies a picture of 1728 x 972 pixels with a soft grey spot at the frame's right side."""
     with open(path, 'rb') as file:
         data = bytearray(file.read())
     first = len(data) - 1728 * 972
     for y in range(400, 600):
         for x in range(1380, 1540):
-            share = 0.85 * math.exp(-((x - 1460) ** 2 / 900 + (y - 500) ** 2 / 2500))
+            share = strength * math.exp(-((x - 1460) ** 2 / 900 + (y - 500) ** 2 / 2500))
             place = first + y * 1728 + x
             data[place] = round(data[place] * (1 - share) + 130 * share)
     with open(target, 'wb') as file:
@@ -45,11 +45,11 @@ def smear(path, target):
 
 
 def main(program, out):
-    draw = random.Random(7)
+    dirt, draw = random.Random(3), random.Random(7)
     pools = {'A': [render(program, f'{out}/A', 40, 1)] * DAYS, 'C': [render(program, f'{out}/C', 40, 2)] * DAYS,
              'B': [render(program, f'{out}/B{day}', 15, 10 + day, round(0.12 * day, 2)) for day in range(DAYS)]}
     for folder, _, _ in pools['C'][0]:
-        smear(f'{out}/{folder}/slave.pgm', f'{out}/{folder}/smeared.pgm')
+        smear(f'{out}/{folder}/slave.pgm', f'{out}/{folder}/smeared.pgm', dirt.uniform(0.24, 0.34))
     times = sorted(draw.randrange(DAYS) * 86400 + draw.randrange(16 * 3600) for _ in range(ROWS))
     with open(f'{out}/LIST.csv', 'w', encoding='utf-8', newline='') as file:
         table = csv.writer(file)

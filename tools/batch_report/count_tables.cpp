@@ -36,16 +36,16 @@ private:
     std::vector<std::size_t> m_anOfGroup;
 };
 
-Cells Head(const BatchReport& report, const std::string& strFirst) {
-    Cells a = {strFirst, "rows"};
+Cells Head(const BatchReport& report) {
+    Cells a = {"", "rows"};
     for (const std::string& str : report.tGroups.aNames)
         if (report.tGroups.aNames.size() > 1)
-            a.push_back(str);
+            a.push_back(report.tGroups.strColumn + " " + str);
     return a;
 }
 
 ReportTable ByVerdict(const BatchReport& report) {
-    ReportTable table = {"By verdict", {Head(report, report.tGroups.strColumn)}};
+    ReportTable table = {"By verdict", {Head(report)}};
     const std::size_t nGroups = report.tGroups.aNames.size();
     std::vector<Counts> aCounts(kVerdicts.size(), Counts(nGroups));
     Counts tAll(nGroups);
@@ -61,7 +61,7 @@ ReportTable ByVerdict(const BatchReport& report) {
 }
 
 ReportTable ByReason(const BatchReport& report) {
-    ReportTable table = {"By reason", {Head(report, report.tGroups.strColumn)}};
+    ReportTable table = {"By reason", {Head(report)}};
     std::map<std::string, Counts> tCounts;
     for (std::size_t i = 0; i < report.tRows.All().size(); ++i)
         for (const std::string* const p : report.tRows.All()[i].aReasons)

@@ -5,6 +5,7 @@
 #include "batch/worker_pool.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fmt/format.h>
 
@@ -51,10 +52,11 @@ int ShowPairs(const BatchWork& tWork, const ReportRows& tRows, const std::string
 }
 
 std::string LinkTo(const std::string& strFolder, const std::string& strPage) {
-    const std::filesystem::path tFolder = std::filesystem::absolute(strFolder),
-                                tBase = std::filesystem::absolute(strPage).parent_path();
-    std::string str = "."; // so that no name begins as a scheme does
-    for (const char c : "/" + tFolder.lexically_relative(tBase).string())
+    if (strFolder.empty())
+        return "";
+    const std::filesystem::path tBase = std::filesystem::absolute(strPage).parent_path();
+    std::string str = "./"; // so that no name begins as a scheme does
+    for (const char c : std::filesystem::absolute(strFolder).lexically_relative(tBase).string())
         str += std::isalnum(static_cast<unsigned char>(c)) != 0 ||
                        std::string_view("/-_.~").find(c) != std::string::npos
                    ? std::string(1, c)

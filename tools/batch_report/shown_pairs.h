@@ -12,7 +12,7 @@ namespace tools {
 int ShowPairs(const BatchWork& tWork, const ReportRows& tRows, const std::string& strFolder,
               std::map<std::size_t, ShownPair>& tShown);
 
-// A file or folder as a link on a page that lies in strPage.
+// A folder as a link on the page strPage; empty for none.
 std::string LinkTo(const std::string& strFolder, const std::string& strPage);
 
 } // namespace tools
