@@ -23,8 +23,8 @@ struct BatchWork {
     std::size_t nAtOnce;
     std::chrono::seconds tTimeLimit; // for each pair
     bool bProgress;                  // wanted, if there is a terminal for it
-    std::function<void(std::size_t, const BatchRow&)>
-        Take; // each row with its place in the list, as they end
+    // Each row with its place in the list, in the order in which they end.
+    std::function<void(std::size_t, const BatchRow&)> Take;
 };
 
 std::unique_ptr<Worker> StartWorker(const BatchWork& tWork, const std::vector<std::string>& aFurther = {});

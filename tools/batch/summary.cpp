@@ -109,7 +109,7 @@ void BatchSummary::Add(const BatchItem& tItem, const BatchRow& tRow) {
 std::string BatchSummary::WarningsText() const {
     Counts tTexts;
     for (const auto& [strKey, nCount] : m_tWarnings)
-        tTexts[GeneralText(strKey, m_limits).value_or(strKey)] += nCount;
+        tTexts[WordsOf(strKey, m_limits)] += nCount;
     return Reasons(std::to_string(m_tWarned.size()) +
                        (m_tWarned.size() == 1 ? " row measured with warnings: its"
                                               : " rows measured with warnings: their") +

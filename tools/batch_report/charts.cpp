@@ -172,10 +172,11 @@ std::string RunCharts(const BatchReport& report) {
     for (std::size_t i = 0; i < kAxes.size(); ++i)
         str += RunChart(report,
                         fmt::format("{}, raw, degrees, along {}", kAxes[i].szLabel, report.tCourse.strWords),
-                        ValuesOf(report, &ReportRow::adRaw, i), report.dLimit, kBeyondLimit * report.dLimit) +
+                        ValuesOf(report, &ReportRow::adRaw, i), report.limits.Raw(),
+                        kBeyondLimit * report.limits.Raw()) +
                RunChart(report, fmt::format("{}: less its second reading, degrees", kAxes[i].szLabel),
-                        ValuesOf(report, &ReportRow::adDifferences, i), report.dMaxDifference,
-                        kBeyondDifference * report.dMaxDifference);
+                        ValuesOf(report, &ReportRow::adDifferences, i), report.limits.dMaxDifference,
+                        kBeyondDifference * report.limits.dMaxDifference);
     return "<div class=\"charts run\">" + str + "</div>\n";
 }
 
@@ -185,7 +186,8 @@ std::string Histograms(const BatchReport& report) {
     std::string str;
     for (std::size_t i = 0; i < kAxes.size(); ++i) {
         str += Histogram(report, fmt::format("{}, raw, degrees: rows", kAxes[i].szLabel),
-                         ValuesOf(report, &ReportRow::adRaw, i), report.dLimit, kBeyondLimit * report.dLimit);
+                         ValuesOf(report, &ReportRow::adRaw, i), report.limits.Raw(),
+                         kBeyondLimit * report.limits.Raw());
         const Values adDeviations = DeviationsOf(report, i);
         if (bTruth)
             str +=

@@ -67,7 +67,7 @@ ReportTable ByReason(const BatchReport& report) {
         for (const std::string* const p : report.tRows.All()[i].aReasons)
             tCounts.try_emplace(*p, report.tGroups.aNames.size()).first->second.Add(report.tGroups.anOf[i]);
     for (const auto& [strReason, t] : tCounts) {
-        const std::string strWords = WordsOf(strReason);
+        const std::string strWords = WordsOf(strReason, report.limits);
         table.aRows.push_back(t.Row(strWords == strReason ? strReason : strReason + ": " + strWords));
     }
     return table;

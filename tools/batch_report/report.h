@@ -16,8 +16,7 @@ struct BatchReport {
     const ReportRows& tRows;
     Grouping tGroups;
     Course tCourse;
-    double dLimit;                           // of a raw angle, degrees
-    double dMaxDifference;                   // of both readings, degrees
+    Limits limits;
     std::map<std::size_t, ShownPair> tShown; // by the row's place
     std::string strReports;                  // folder of the pairs' own pages, as a link on this one
 };

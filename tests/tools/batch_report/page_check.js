@@ -21,7 +21,7 @@ addEventListener('load', () => {
     for (const e of of('mark'))
       chart.marks[e.classList[1]] = (chart.marks[e.classList[1]] || 0) + e.getAttribute('d').split('M').length - 1;
     for (const e of of('bars')) // areas under the steps
-      chart.groups[e.classList[1]] = e.getTotalLength();
+      chart.groups[e.classList[1]] = [...e.getAttribute('d').matchAll(/V(\d+)/g)].reduce((sum, v) => sum + 1000 - v[1], 0);
   }
   for (const card of document.querySelectorAll('.card')) {
     const image = card.querySelector('img');
@@ -48,7 +48,7 @@ addEventListener('load', () => {
   seen.shown = cells().length;
   document.getElementById('more').click();
   seen.more = cells().length;
-  seen.filtered = {column: filter('station=b'), words: filter('DOUBTFUL m0012'), none: filter('no such row')};
+  seen.filtered = {column: filter('station=b'), words: filter('DOUBTFUL m009'), none: filter('no such row')};
   const out = document.createElement('script');
   out.type = 'application/json';
   out.id = 'seen';

@@ -31,6 +31,7 @@ TEST_F(HostileNames, CommandNoTerminalAndForgeNoLine) {
     Render("--rx=-2.0 --ry=1.7 --rz=-2.45 --master-rx=-1.1 --noise 2"); // measured with warnings
     Write("G", strGood);
     Write("L", strGood + ",,,1,c,s,\"" + strId + "\"\n\"" + strId + "\",,,2,c,s,m\n");
+    Write("W", strHead + ",station\n,,,1,calibration.bin,slave.pgm,master.pgm,\"" + strId + "\"\n");
     Write("H", "\"" + strId + "\"\n");
     Write("S", strHead + "\n,,,3,c,s,gate.pgm\n");
     const std::string strMeasure = "measure N/master.pgm N/slave.pgm --calibration N/calibration.bin ";
@@ -48,6 +49,7 @@ TEST_F(HostileNames, CommandNoTerminalAndForgeNoLine) {
         {"batch G --format jsonl", "x\\nFORGED\\u009b2J\\u202e"},
         {"batch L --out N/r", "warnings      " + strShown + "\n"},
         {"batch L --out N/r --overwrite", "1 x master: cannot be read"},
+        {"batch W --out N/w --report N/week.html --reports N/pages --by station", ""},
         {"batch L --out N/new --resume", strShown},
         {"measure N/../gate.pgm a --calibration b & until [ -s err ]; do sleep 0.1; done; kill $!; wait $!",
          "from " + strShown},
@@ -60,7 +62,10 @@ TEST_F(HostileNames, CommandNoTerminalAndForgeNoLine) {
         ExpectHarmless(t.strOut + "\n" + t.strErr);
         EXPECT_TRUE(Holds(t.strOut + t.strErr, {strTold})) << strArguments;
     }
-    ExpectHarmless(Read(strFolder + "/report.html"));
+    for (const char* const szPage : {"/report.html", "/week.html", "/pages/row-00001.html"})
+        ExpectHarmless(Read(strFolder + szPage));
+    EXPECT_TRUE(
+        Holds(Read(strFolder + "/week.html"), {"href=\"./pages/row-00001.html\"", "station " + strShown}));
     EXPECT_TRUE(Holds(Read(strFolder + "/r"), {strId})) << "results hold the name itself";
     ExpectHarmless(
         std::regex_replace(ShownOnTerminal("batch G --accept-doubtful >&2", ":"), std::regex("\r\n"), "\n"));
