@@ -18,15 +18,16 @@ AXES = ('rx', 'ry', 'rz')
 
 def render(program, folder, pairs, seed, ry=0.0):
     """Renders pairs and returns each one's folder and poses."""
-    subprocess.run([program, 'render', '--out', folder, '--count', str(pairs), '--range', '0.35', '--master-range', '0.25',
-                    '--noise', '2', '--seed', str(seed), '--ry', str(ry)], stderr=subprocess.DEVNULL,
-                   stdout=subprocess.DEVNULL, check=True)
+    subprocess.run([program, 'render', '--out', folder, '--count', str(pairs), '--range', '0.35', '--ry', str(ry),
+                    '--master-range', '0.25', '--noise', '2', '--seed', str(seed)], stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL, check=True)
     found = []
     for name in sorted(os.listdir(folder)):
         if os.path.isdir(os.path.join(folder, name)):
             with open(os.path.join(folder, name, 'truth.json'), encoding='utf-8') as file:
                 truth = json.load(file)
-            found.append((f'{os.path.basename(folder)}/{name}', truth['master']['pose_deg'], truth['slave']['pose_deg']))
+            poses = [truth[camera]['pose_deg'] for camera in ('master', 'slave')]
+            found.append((f'{os.path.basename(folder)}/{name}', *poses))
     return found
 
 

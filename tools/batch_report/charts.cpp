@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <ranges>
 
 namespace tools {
 namespace {
@@ -148,7 +149,8 @@ std::string VerdictChart(const BatchReport& report) {
     std::string strLegend;
     for (std::size_t i = 0; i < aNames.size(); ++i)
         chart.tY.aTicks.push_back({static_cast<double>(aNames.size() - i) - 0.5, aNames[i]});
-    for (const VerdictWords& tVerdict : kVerdicts) {
+    for (const VerdictWords& tVerdict :
+         std::views::reverse(kVerdicts)) { // doubtful ones, which are lower, in front
         if (tVerdict.tKind == VerdictKind::kWithinRange)
             continue;
         const std::size_t nBefore = chart.strShapes.size();
