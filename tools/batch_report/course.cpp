@@ -1,5 +1,7 @@
 #include "batch_report/course.h"
 
+#include "batch/list_head.h"
+
 #include <algorithm>
 #include <cmath>
 #include <ctime>

@@ -3,6 +3,7 @@
 #include "basics/text_table.h"
 #include "basics/tool_error.h"
 #include "batch/columns.h"
+#include "batch/list_head.h"
 #include "batch/reasons.h"
 
 #include <algorithm>

@@ -70,8 +70,8 @@ void RefuseToReplaceInput(const std::string& strOut, const Options& tOptions, co
 }
 
 void CheckList(const Options& tOptions, const BatchList& tList) {
-    const std::array aOutputs = {
-        std::pair(tOptions.strOut, "rows"), {tOptions.strSummary, "summary"}, {tOptions.strReport, "report"}};
+    const std::array<std::pair<std::string, const char*>, 3> aOutputs = {
+        {{tOptions.strOut, "rows"}, {tOptions.strSummary, "summary"}, {tOptions.strReport, "report"}}};
     for (const auto& [strFile, szWhat] : aOutputs) {
         if (IsThere(strFile)) // nothing can be lost otherwise
             RefuseToReplaceInput(strFile, tOptions, tList);
