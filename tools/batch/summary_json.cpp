@@ -47,8 +47,8 @@ Json BatchSummary::AsJson(bool bRepeatability) const {
     tJson["raw_minus_truth_deg"] = tDeviations;
     tJson["least_margins"] = Json::object();
     for (const auto& [nColumn, tLeast] : m_tMargins)
-        tJson["least_margins"][NumberColumns()[nColumn].strName] = {{"px", tLeast.dValue},
-                                                                    {"id", tLeast.strId}};
+        tJson["least_margins"][NumberColumns()[nColumn].strName] = {{"px", std::get<0>(tLeast)},
+                                                                    {"id", std::get<2>(tLeast)}};
     if (bRepeatability)
         tJson["repeatability_deg"] = tStudies;
     return tJson;
