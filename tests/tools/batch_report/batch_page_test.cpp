@@ -27,12 +27,12 @@ Week MadeUp(Json tRow, int nRows) {
         const std::string strStation = i % 3 == 0   ? strHostile
                                        : i % 3 == 1 ? "b"
                                                     : "c",
-                          strId = "M" + std::to_string(10000 + i).substr(1);
+                          strId = std::string("M") + std::to_string(10000 + i).substr(1);
         const double dRy = 0.3 * std::sin(i * 2.4) + (strStation == "b" ? 1.2 * i / nRows : 0.0);
         const bool bFailed = i == nRows - 1, bDoubtful = !bFailed && strStation == "c" && i >= nRows / 2;
         tRow["id"] = strId;
         tRow["station"] = strStation;
-        tRow["time"] = "2026-11-" + std::to_string(16 + i * 7 / nRows) + " 08:00";
+        tRow["time"] = std::string("2026-11-") + std::to_string(16 + i * 7 / nRows) + " 08:00";
         tRow["raw_ry_deg"] = bFailed ? Json() : Json(dRy);
         tRow["second_reading_ry_deg"] = bFailed ? Json() : Json(dRy - (bDoubtful ? 0.06 : 0.001));
         tRow["verdict"] = bFailed ? "not_measured" : bDoubtful ? "doubtful" : "within_range";
@@ -95,15 +95,15 @@ TEST_F(BatchReportInBrowser, ShapesAndTableAreTheRowsNumbers) {
             const std::vector<double>& adRy = tWeek.tRy.at(aStations[i]);
             dLowest = std::min(dLowest, std::ranges::min(adRy));
             dHighest = std::max(dHighest, std::ranges::max(adRy));
-            const Json& tDots = tRy["groups"]["g" + std::to_string(i)];
+            const Json& tDots = tRy["groups"][std::string("g") + std::to_string(i)];
             EXPECT_EQ(tDots["count"], adRy.size());
             EXPECT_EQ(tDots["lost"], "");
             EXPECT_NEAR(tDots["mean"], MeanOf(adRy), 0.002);
             EXPECT_NEAR(tDots["line"], MeanOf(adRy), 0.006) << "a unit of the chart";
             EXPECT_TRUE(Holds(tDots["told"], {"mean " + Shown(MeanOf(adRy))}));
-            EXPECT_NEAR(double(tBars["g" + std::to_string(i)]) / double(tBars["g0"]),
+            EXPECT_NEAR(double(tBars[std::string("g") + std::to_string(i)]) / double(tBars["g0"]),
                         double(adRy.size()) / double(tWeek.tRy.at(strHostile).size()), 0.01);
-            EXPECT_EQ(tDifference["groups"]["g" + std::to_string(i)]["count"], adRy.size());
+            EXPECT_EQ(tDifference["groups"][std::string("g") + std::to_string(i)]["count"], adRy.size());
             EXPECT_EQ(tSeen["legend"][i], "station " + (i == 0 ? strShown : aStations[i]));
         }
         EXPECT_NEAR(tDifference["groups"]["g1"]["mean"], 0.001, 2e-4);
