@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
-#include <ranges>
 
 namespace tools {
 namespace {
@@ -149,8 +148,9 @@ std::string VerdictChart(const BatchReport& report) {
     std::string strLegend;
     for (std::size_t i = 0; i < aNames.size(); ++i)
         chart.tY.aTicks.push_back({static_cast<double>(aNames.size() - i) - 0.5, aNames[i]});
-    for (const VerdictWords& tVerdict :
-         std::views::reverse(kVerdicts)) { // doubtful ones, which are lower, in front
+    for (auto p = kVerdicts.rbegin(); p != kVerdicts.rend();
+         ++p) { // doubtful ones, which are lower, in front
+        const VerdictWords& tVerdict = *p;
         if (tVerdict.tKind == VerdictKind::kWithinRange)
             continue;
         const std::size_t nBefore = chart.strShapes.size();

@@ -34,7 +34,9 @@ protected:
             Render("--rx 0.6 --ry -0.5 --rz 1.4 --master-rz -0.7 --noise 2");
     }
 
-    Json SeenIn(const std::string& strSize) const { return InBrowser::SeenIn(strSize, "report/self_check.js"); }
+    Json SeenIn(const std::string& strSize) const {
+        return InBrowser::SeenIn(strSize, "report/self_check.js");
+    }
 };
 
 namespace {
