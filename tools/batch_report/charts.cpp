@@ -15,6 +15,7 @@ namespace {
 constexpr int kTicks = 6, kStretches = 28;
 constexpr std::size_t kBins = 80, kLeastOfStretch = 3;
 constexpr double kBeyondLimit = 1.15, kBeyondDifference = 2; // of a limit: where its chart ends
+constexpr double kLeastDifference = 0.001;                   // degrees, for a limit of 0
 
 using Values = std::vector<double>;
 
@@ -148,9 +149,8 @@ std::string VerdictChart(const BatchReport& report) {
     std::string strLegend;
     for (std::size_t i = 0; i < aNames.size(); ++i)
         chart.tY.aTicks.push_back({static_cast<double>(aNames.size() - i) - 0.5, aNames[i]});
-    for (auto p = kVerdicts.rbegin(); p != kVerdicts.rend();
-         ++p) { // doubtful ones, which are lower, in front
-        const VerdictWords& tVerdict = *p;
+    for (std::size_t n = kVerdicts.size(); n-- > 0;) { // doubtful ones, which are lower, in front
+        const VerdictWords& tVerdict = kVerdicts[n];
         if (tVerdict.tKind == VerdictKind::kWithinRange)
             continue;
         const std::size_t nBefore = chart.strShapes.size();
@@ -178,7 +178,7 @@ std::string RunCharts(const BatchReport& report) {
                         kBeyondLimit * report.limits.Raw()) +
                RunChart(report, fmt::format("{}: less its second reading, degrees", kAxes[i].szLabel),
                         ValuesOf(report, &ReportRow::adDifferences, i), report.limits.dMaxDifference,
-                        kBeyondDifference * report.limits.dMaxDifference);
+                        kBeyondDifference * std::max(report.limits.dMaxDifference, kLeastDifference));
     return "<div class=\"charts run\">" + str + "</div>\n";
 }
 

@@ -6,6 +6,7 @@
 #include "report/page_elements.h"
 
 #include <cmath>
+#include <fmt/format.h>
 
 namespace tools {
 namespace {
@@ -68,19 +69,20 @@ ReportTable ByReason(const BatchReport& report) {
             tCounts.try_emplace(*p, report.tGroups.aNames.size()).first->second.Add(report.tGroups.anOf[i]);
     for (const auto& [strReason, t] : tCounts) {
         const std::string strWords = WordsOf(strReason, report.limits);
-        table.aRows.push_back(t.Row(strWords == strReason ? strReason : strReason + ": " + strWords));
+        table.aRows.push_back(
+            t.Row(strWords == strReason ? strReason : fmt::format("{}: {}", strReason, strWords)));
     }
     return table;
 }
 
-// In the groups' order, all rows last.
+// In the groups' order; of all rows where there are none.
 ReportTable Spreads(const BatchReport& report) {
     const std::size_t nGroups = report.tGroups.aNames.size();
     ReportTable table = {"Raw angles, degrees: mean, and standard deviation with n - 1",
                          {{report.tGroups.strColumn}}};
     std::vector<Cells> aRows;
     for (const std::string& str : report.tGroups.aNames)
-        aRows.push_back({str.empty() ? "all" : str});
+        aRows.push_back({report.tGroups.strColumn.empty() ? "all" : str});
     for (std::size_t nAxis = 0; nAxis < kAxes.size(); ++nAxis) {
         table.aRows[0].insert(table.aRows[0].end(), {std::string(kAxes[nAxis].szLabel) + " mean", "dev."});
         std::vector<std::vector<double>> aadValues(nGroups);

@@ -24,7 +24,11 @@ std::optional<double> SecondsOf(const std::string& str) {
         p = strptime(p + 1, "%H:%M", &t);
     if (p != nullptr && *p == ':')
         p = strptime(p + 1, "%S", &t);
-    return p != nullptr ? std::optional(static_cast<double>(timegm(&t))) : std::nullopt;
+    if (p == nullptr || (*p != '\0' && *p != '.' && *p != 'Z' && *p != '+' && *p != '-'))
+        return std::nullopt; // as AM or PM behind it
+    const int nDay = t.tm_mday;
+    const std::time_t tSeconds = timegm(&t);
+    return t.tm_mday == nDay ? std::optional(static_cast<double>(tSeconds)) : std::nullopt;
 }
 
 Course InListsOrder(std::size_t nRows, const std::string& strWhy) {

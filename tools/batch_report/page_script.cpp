@@ -48,7 +48,8 @@ function show() {
 const searched = new Map();
 function choose() {
   const wanted = filter.value.toLowerCase().split(/\s+/).filter(Boolean).map(word => {
-    const [name, value] = word.split('=', 2);
+    const at = word.indexOf('=');
+    const [name, value] = at < 0 ? [word] : [word.slice(0, at), word.slice(at + 1)];
     const column = names.findIndex(each => each.toLowerCase().replaceAll(' ', '_') === name);
     if (value !== undefined && column >= 0)
       return row => text(row, column).toLowerCase().replaceAll(' ', '_') === value;

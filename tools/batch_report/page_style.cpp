@@ -57,7 +57,7 @@ thead button { padding: 0 4px; }
 [type=search] { font: inherit; padding: 3px 8px; width: min(100%, 340px); color: var(--ink);
   background: var(--page); border: 1px solid var(--line); border-radius: 4px; }
 output { color: var(--soft); }
-@media print { .cards { max-height: none; } button, [type=search] { display: none; } }
+@media print { .cards { max-height: none; } button, [type=search] { display: none; } th button { display: inline; } }
 )css";
 
 } // namespace tools

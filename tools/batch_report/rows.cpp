@@ -40,7 +40,9 @@ void ReportRows::Add(std::size_t nRow, const BatchRow& tRow) {
         t.adDifferences[i] = t.adRaw[i] - tRow.aNumbers[kSecond + i].value_or(kNone);
     }
     for (const std::string& strReason : ReasonsOf(m_tList.aItems[nRow], tRow))
-        t.aReasons.push_back(&*m_aReasons.insert(strReason).first);
+        if (const std::string* const p = &*m_aReasons.insert(strReason).first;
+            std::ranges::find(t.aReasons, p) == t.aReasons.end()) // of three angles it is one
+            t.aReasons.push_back(p);
 }
 
 std::vector<std::size_t> ReportRows::GravestFirst() const {
@@ -67,8 +69,9 @@ Grouping GroupingBy(const std::string& strColumn, const BatchList& tList) {
     const std::size_t nRows = tList.aItems.size();
     if (strColumn.empty())
         return {"", {""}, std::vector<std::size_t>(nRows)};
-    const auto p = std::ranges::find_if(tList.aFurtherNames,
-                                        [&](const std::string& str) { return IsSameColumn(str, strColumn); });
+    const auto p = std::ranges::find_if(tList.aFurtherNames, [&](const std::string& str) {
+        return IsSameColumn(str, strColumn) || IsSameColumn(str, "list_" + strColumn); // as the rows have it
+    });
     if (p == tList.aFurtherNames.end())
         throw ToolError(tList.strFile, "has no column \"" + strColumn + "\" to colour the rows by",
                         tList.aFurtherNames.empty()
@@ -88,11 +91,12 @@ Grouping GroupingBy(const std::string& strColumn, const BatchList& tList) {
     std::ranges::sort(t.aNames);
     const std::map<std::string, std::size_t> tPlaces = Numbered(t.aNames);
     if (t.aNames.size() < tCounts.size())
-        t.aNames.emplace_back("others");
+        t.aNames.emplace_back("(others)");
     for (const BatchItem& tItem : tList.aItems) {
         const auto pPlace = tPlaces.find(tItem.aFurther[nColumn]);
         t.anOf.push_back(pPlace == tPlaces.end() ? t.aNames.size() - 1 : pPlace->second);
     }
+    std::ranges::replace(t.aNames, "", "(none)");
     return t;
 }
 
