@@ -98,7 +98,7 @@ StudyOutcome WriteStudy(const Study& tStudy) {
     const NewFile tList = ListOf(tStudy);
     if (!tStudy.bOverwrite)
         RefuseOtherStudy(tStudy, tList);
-    const StudyOutcome tOutcome = Writing(tStudy, tList.strFile).Run();
+    StudyOutcome tOutcome = Writing(tStudy, tList.strFile).Run();
     if (tOutcome.nSignal == 0)
         WriteFiles({tList});
     return tOutcome;
