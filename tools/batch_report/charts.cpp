@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -108,10 +109,11 @@ std::string Histogram(const BatchReport& report, const std::string& strHeading, 
     std::vector<std::vector<std::size_t>> aGroups;
     std::size_t nMost = 1;
     for (const Rows& tRows : ByGroup(report, adValues)) {
-        std::vector<std::size_t>& an = aGroups.emplace_back(kBins);
+        std::vector<std::size_t> an(kBins);
         for (const double d : tRows.adValues)
             ++an[static_cast<std::size_t>(chart.tX.At(d)) * kBins / (kUnits + 1)];
         nMost = std::max(nMost, std::ranges::max(an));
+        aGroups.push_back(std::move(an));
     }
     chart.tY = ScaleOf(0, static_cast<double>(nMost), 3);
     for (std::size_t i = 0; i < aGroups.size(); ++i)

@@ -241,7 +241,7 @@ double LimitFor(const TrustLimit& tLimit, const CameraTrust& trust) {
 }
 
 const char* BoundOf(const TrustLimit& tLimit) {
-    constexpr std::array<const char*, 3> kWords = {"at most", "at least", "more than"};
+    constexpr const char* kWords[] = {"at most", "at least", "more than"};
     return kWords[static_cast<std::size_t>(tLimit.tWarned)];
 }
 
