@@ -21,7 +21,7 @@ struct Week {
     std::size_t nDoubtful = 0;
 };
 
-Week MadeUp(Json tRow, int nRows) {
+Week MadeUp(nlohmann::ordered_json tRow, int nRows) { // a row's order is kept
     Week t;
     for (int i = 0; i < nRows; ++i) {
         const std::string strStation = i % 3 == 0   ? strHostile
@@ -72,7 +72,7 @@ TEST_F(BatchReportInBrowser, ShapesAndTableAreTheRowsNumbers) {
     Render("--count 1");
     Write("one.csv", "id,station,time,master,slave\n1,a,b,0001/master.pgm,0001/slave.pgm\n");
     ASSERT_EQ(Run("batch one.csv --out one --format jsonl").nExit, 0);
-    const Week tWeek = MadeUp(Json::parse(Read("one")), kRows);
+    const Week tWeek = MadeUp(nlohmann::ordered_json::parse(Read("one")), kRows);
     Write("L", tWeek.strList);
     Write("r", tWeek.strRows);
     const std::string strCommand =

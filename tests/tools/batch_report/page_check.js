@@ -52,6 +52,6 @@ addEventListener('load', () => {
   const out = document.createElement('script');
   out.type = 'application/json';
   out.id = 'seen';
-  out.textContent = JSON.stringify(seen);
+  out.textContent = JSON.stringify(seen).replaceAll('<', '\\u003c'); // a name may end a script
   document.body.append(out);
 });
